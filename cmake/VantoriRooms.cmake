@@ -1,0 +1,10 @@
+# A room is an include directory that shows only the folders a target may see,
+# so that a forbidden #include does not compile.
+function(vantori_room name)
+  set(room "${CMAKE_BINARY_DIR}/rooms/${name}")
+  file(MAKE_DIRECTORY "${room}")
+  foreach(folder IN LISTS ARGN)
+    file(CREATE_LINK "${CMAKE_SOURCE_DIR}/${folder}" "${room}/${folder}" SYMBOLIC)
+  endforeach()
+  set(${name}_room "${room}" PARENT_SCOPE)
+endfunction()
