@@ -1,0 +1,148 @@
+// Handles and messages.
+//
+// A handle (UIView, VNTSlider, ...) is a value the size of a pointer that names an object and does
+// not own it; Strong and Copied own (ownership.hpp). Handles derive from one another as the classes
+// do, and their operations are one-line messages. A message to an empty handle yields zero.
+// sendMessage and sendSuper hold the only casts of a message send in the project.
+#pragma once
+
+#include <atomic>
+#include <concepts>
+#include <type_traits>
+
+#include "platform/fixed_string.hpp"
+#include "platform/geometry.hpp"
+#include "platform/runtime.hpp"
+
+namespace platform {
+
+// The selector of that name, registered on first use.
+template <FixedString name>
+SEL selector() {
+    static std::atomic<SEL> cached{nullptr};
+    SEL found = cached.load(std::memory_order_relaxed);
+    if (!found) {
+        found = sel_registerName(name.data());
+        cached.store(found, std::memory_order_relaxed);
+    }
+    return found;
+}
+
+class Object;
+
+template <class T>
+concept Handle = std::derived_from<T, Object>;
+
+// What travels in a message for a C++ type: an object pointer for a handle, else the value itself.
+template <class T>
+struct Wire {
+    using Type = T;
+};
+template <Handle T>
+struct Wire<T> {
+    using Type = id;
+};
+template <class T>
+using WireOf = typename Wire<std::remove_cvref_t<T>>::Type;
+
+template <class R, class... A>
+R sendMessage(id receiver, SEL selector, A... arguments) {
+    if (!receiver) return R();
+#if defined(__APPLE__)
+    return reinterpret_cast<R (*)(id, SEL, A...)>(objc_msgSend)(receiver, selector, arguments...);
+#else
+    return reinterpret_cast<R (*)(id, SEL, A...)>(objc_msg_lookup(receiver, selector))(
+        receiver, selector, arguments...);
+#endif
+}
+
+// Runs the implementation that superclass has for the selector, on receiver.
+template <class R, class... A>
+R sendSuper(id receiver, Class superclass, SEL selector, A... arguments) {
+    if (!receiver) return R();
+    objc_super target{receiver, superclass};
+#if defined(__APPLE__)
+    return reinterpret_cast<R (*)(objc_super*, SEL, A...)>(objc_msgSendSuper)(&target, selector,
+                                                                              arguments...);
+#else
+    return reinterpret_cast<R (*)(id, SEL, A...)>(objc_msg_lookup_super(&target, selector))(
+        receiver, selector, arguments...);
+#endif
+}
+
+class Object {
+  public:
+    static constexpr FixedString name{"NSObject"};
+
+    constexpr Object() = default;
+    constexpr explicit Object(id object) : object_(object) {}
+
+    constexpr id get() const { return object_; }
+    constexpr explicit operator bool() const { return object_ != nullptr; }
+    friend constexpr bool operator==(const Object& a, const Object& b) {
+        return a.object_ == b.object_;
+    }
+
+    // Sends the message; the argument types decide how they travel, so name numbers by their
+    // platform type (double for CGFloat, long for NSInteger, float for float).
+    template <FixedString message, class R = void, class... A>
+    R send(A... arguments) const {
+        if constexpr (std::is_void_v<R>) {
+            sendMessage<void>(object_, selector<message>(), wire(arguments)...);
+        } else {
+            return R(sendMessage<WireOf<R>>(object_, selector<message>(), wire(arguments)...));
+        }
+    }
+
+    bool isKindOfClass(Class cls) const {
+        if (!object_) return false;
+        for (Class c = object_getClass(object_); c; c = class_getSuperclass(c)) {
+            if (c == cls) return cls != nullptr;
+        }
+        return false;
+    }
+    bool respondsTo(SEL message) const {
+        return object_ && class_getInstanceMethod(object_getClass(object_), message);
+    }
+
+    template <class T>
+    static auto wire(const T& value) {
+        if constexpr (Handle<T>) {
+            return value.get();
+        } else {
+            return value;
+        }
+    }
+
+  private:
+    id object_ = nullptr;
+};
+
+// The same object under another type; nothing is checked.
+template <Handle T>
+constexpr T as(const Object& object) {
+    return T(object.get());
+}
+
+// The class that a handle type names; nil while it does not exist (looked up again each time until
+// it does, since frameworks load late).
+template <Handle T>
+Class classOf() {
+    static std::atomic<Class> cached{nullptr};
+    Class found = cached.load(std::memory_order_relaxed);
+    if (!found) {
+        found = objc_getClass(T::name.data());
+        cached.store(found, std::memory_order_relaxed);
+    }
+    return found;
+}
+
+inline id classObject(Class cls) { return reinterpret_cast<id>(cls); }
+
+// A message to a class; zero when the class does not exist.
+template <Handle T, FixedString message, class R = void, class... A>
+R sendClass(A... arguments) {
+    return Object(classObject(classOf<T>())).template send<message, R>(arguments...);
+}
+
+}  // namespace platform
