@@ -85,7 +85,7 @@ struct SBWallpaperEffectView : UIView {
     void setColorTintView(UIView view) const { send<"setColorTintView:">(view); }
 };
 
-struct _UIBackdropView : UIView {
+struct UIBackdropView : UIView {
     static constexpr FixedString name{"_UIBackdropView"};
     using UIView::UIView;
     void setBlurRadius(double points) const { send<"setBlurRadius:">(points); }

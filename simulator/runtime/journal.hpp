@@ -1,0 +1,60 @@
+// The journal of the system's operations: how often each ran on a stand-in class, and with what
+// arguments it ran last. Stand-ins are defined with Journal as their trace, so that every method is
+// recorded by the one wrapper around it. Memory stays bounded: one entry for each pair of class and
+// selector.
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <variant>
+#include <vector>
+
+#include "platform/ownership.hpp"
+
+namespace simulator {
+
+// An argument as it was passed; objects are kept alive while they are the latest.
+using Argument = std::variant<bool, long, double, CGPoint, CGSize, CGRect, CGAffineTransform,
+                              platform::Strong<platform::Object>, Class, SEL, const void*>;
+
+class Journal {
+  public:
+    // The trace of platform::define.
+    template <class... A>
+    static void record(Class definer, id self, SEL command, const A&... arguments) {
+        note(definer, self, sel_getName(command), {box(arguments)...});
+    }
+
+    // How often the class ran its own implementation of the selector since the last clear: counted
+    // for the class that defines it, and for every class whose objects it ran on.
+    static long count(std::string_view className, std::string_view selector);
+    // The arguments of the latest such run.
+    static std::optional<std::vector<Argument>> last(std::string_view className,
+                                                     std::string_view selector);
+    static void clear();
+
+  private:
+    static void note(Class definer, id self, const char* selector, std::vector<Argument> arguments);
+
+    template <class T>
+    static Argument box(const T& value) {
+        if constexpr (std::is_same_v<T, bool>) {
+            return value;
+        } else if constexpr (std::is_floating_point_v<T>) {
+            return static_cast<double>(value);
+        } else if constexpr (std::is_integral_v<T> || std::is_enum_v<T>) {
+            return static_cast<long>(value);
+        } else if constexpr (std::is_same_v<T, id>) {
+            return platform::retained(platform::Object(value));
+        } else if constexpr (std::is_constructible_v<Argument, T>) {
+            return value;
+        } else {
+            return static_cast<const void*>(nullptr);
+        }
+    }
+};
+
+}  // namespace simulator
