@@ -20,7 +20,7 @@ namespace {
 
 using State = SBToolBarState;
 
-constexpr double hiddenCornerRadius = 30;
+constexpr double toolbarCornerRadius = 30;
 
 // The single instance, apart from that of the superclass.
 Strong<VNTSBToolBarController> instance;
@@ -100,7 +100,7 @@ void createModulesPage(VNTSBToolBarController self, State& state) {
 void viewDidLoad(VNTSBToolBarController self) {
     super<VNTSBToolBarController, "viewDidLoad">(self);
     State& state = stateOf<State>(self);
-    self.view().layer().setCornerRadius(hiddenCornerRadius);
+    self.view().layer().setCornerRadius(toolbarCornerRadius);
     self.view().setClipsToBounds(true);
     createBackdrop(state);
     createBlur(self, state);
@@ -122,9 +122,8 @@ void traitCollectionDidChange(VNTSBToolBarController self, Object previous) {
 void makeKeyWindow(VNTSBToolBarController self) {
     State& state = stateOf<State>(self);
     if (state.hostWindow) return;
-    VNTSBHostWindow window;
     state.hostWindow = create<VNTSBHostWindow, "initWithFrame:">(UIScreen::mainScreen().bounds());
-    window = state.hostWindow;
+    VNTSBHostWindow window = state.hostWindow;
     window.setWindowLevel(toolbarWindowLevel);
     window.layer().setMasksToBounds(true);
     window.makeKeyAndVisible();

@@ -22,7 +22,7 @@ struct VNTToolBarController : UIViewController {
     }
 
     bool isEnabled() const { return send<"isEnabled", bool>(); }
-    void setIsEnabled(bool enabled) const { send<"setIsEnabled:">(enabled); }
+    void setIsEnabled(bool isOpen) const { send<"setIsEnabled:">(isOpen); }
     bool canToggleReachability() const { return send<"canToggleReachability", bool>(); }
     void setCanToggleReachability(bool can) const { send<"setCanToggleReachability:">(can); }
     // In points.
