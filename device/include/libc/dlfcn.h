@@ -5,14 +5,14 @@
 #define RTLD_LOCAL 0x4
 #define RTLD_GLOBAL 0x8
 #define RTLD_NOLOAD 0x10
-#define RTLD_DEFAULT ((void *)-2)
+#define RTLD_DEFAULT ((void*)-2)
 #ifdef __cplusplus
 extern "C" {
 #endif
-void *dlopen(const char *path, int mode);
-void *dlsym(void *handle, const char *name);
-int dlclose(void *handle);
-char *dlerror(void);
+void* dlopen(const char* path, int mode);
+void* dlsym(void* handle, const char* name);
+int dlclose(void* handle);
+char* dlerror(void);
 #ifdef __cplusplus
 }
 #endif

@@ -3,7 +3,7 @@
 #ifdef __cplusplus
 extern "C" {
 #endif
-int *__error(void);
+int* __error(void);
 #ifdef __cplusplus
 }
 #endif

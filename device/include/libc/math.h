@@ -23,9 +23,12 @@ typedef float float_t;
 typedef double double_t;
 
 #define VANTORI_MATH(name) \
-    double name(double); float name##f(float); long double name##l(long double)
-#define VANTORI_MATH2(name) \
-    double name(double, double); float name##f(float, float); \
+    double name(double);   \
+    float name##f(float);  \
+    long double name##l(long double)
+#define VANTORI_MATH2(name)      \
+    double name(double, double); \
+    float name##f(float, float); \
     long double name##l(long double, long double)
 VANTORI_MATH(fabs);
 VANTORI_MATH(floor);
@@ -76,8 +79,8 @@ VANTORI_MATH2(remainder);
 double fma(double, double, double);
 float fmaf(float, float, float);
 long double fmal(long double, long double, long double);
-double modf(double value, double *whole);
-double frexp(double value, int *exponent);
+double modf(double value, double* whole);
+double frexp(double value, int* exponent);
 double ldexp(double value, int exponent);
 double scalbn(double value, int exponent);
 long lround(double value);

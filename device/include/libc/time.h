@@ -10,7 +10,7 @@ struct timespec {
 #ifdef __cplusplus
 extern "C" {
 #endif
-time_t time(time_t *result);
+time_t time(time_t* result);
 #ifdef __cplusplus
 }
 #endif

@@ -10,7 +10,7 @@ struct utsname {
     char version[256];
     char machine[256];
 };
-int uname(struct utsname *name);
+int uname(struct utsname* name);
 #ifdef __cplusplus
 }
 #endif
