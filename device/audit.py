@@ -197,8 +197,9 @@ def main():
 
     used = set(dylib.undefined)
     for stub in stubs:
-        for symbol in sorted(stub.symbols - used):
-            print(f"warning: {symbol} of {stub.install_name} is not used")
+        unused = sorted(stub.symbols - used)
+        if unused:
+            print(f"warning: of {stub.install_name} not used: {' '.join(unused)}")
     errors = list(check(dylib, stubs, {str(here.parent), *arguments.forbid}))
     for error in errors:
         print(f"error: {error}")
