@@ -20,4 +20,3 @@ set(device_headers "${CMAKE_CURRENT_LIST_DIR}/include")
 string(JOIN " " CMAKE_CXX_FLAGS_INIT
   -nostdinc++ -nostdlibinc
   "-isystem ${device_headers}/libcxx" "-isystem ${libcxx_headers}" "-isystem ${device_headers}/libc")
-set(CMAKE_CXX_FLAGS_RELEASE_INIT "-Os -DNDEBUG")
