@@ -190,7 +190,7 @@ class Reader {
             if (!cursor_.atEnd()) cursor_.expected("the end of the line");
             return std::move(statement_);
         } catch (const SyntaxError& error) {
-            return Misfit{error, static_cast<std::size_t>(error.where().column), certain_};
+            return Misfit{error, certain_, cursor_, missingWord_};
         }
     }
 
@@ -210,8 +210,10 @@ class Reader {
 
     void readLiteral(std::string_view literal) {
         const bool sign = !isIdentifierStart(literal.front());
-        if (!(sign ? cursor_.take(literal) : cursor_.takeWord(literal)))
-            cursor_.expected("'" + std::string(literal) + "'");
+        if (!(sign ? cursor_.take(literal) : cursor_.takeWord(literal))) {
+            missingWord_ = "'" + std::string(literal) + "'";
+            cursor_.expected(missingWord_);
+        }
         // `expect posted …` is meant as that, unless something was named `posted`.
         ++literals_;
         if (literals_ > 1 && !names_.contains(std::string(literal))) certain_ = true;
@@ -225,6 +227,10 @@ class Reader {
         return word;
     }
 
+    [[noreturn]] static void fail(Cursor before, const std::string& wanted) {
+        before.expected(wanted);
+    }
+
     void readSlot(const Slot& slot) {
         statement_.arguments[std::string(slot.name)].push_back(readArgument(slot));
     }
@@ -234,8 +240,12 @@ class Reader {
         cursor_.skipBlanks();
         const Cursor before = cursor_;
         switch (slot.shape) {
-            case Shape::word:
-                return cursor_.word(wanted);
+            case Shape::word: {
+                std::string word = cursor_.word(wanted);
+                // A value may be named `posted`, and `expect posted == 3` be about it.
+                if (before.peek() != '"' && comparisonWritten(word)) fail(before, wanted);
+                return word;
+            }
             case Shape::oneOf:
                 return readWordOf(slot.words, oneOf(slot.words));
             case Shape::version: {
@@ -288,6 +298,7 @@ class Reader {
     Statement statement_;
     int literals_ = 0;
     bool certain_ = false;
+    std::string missingWord_;
     bool inTail_ = false;
 };
 

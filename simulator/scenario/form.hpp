@@ -47,8 +47,10 @@ struct Statement {
 // How far a line was understood as one form, and what stopped it.
 struct Misfit {
     SyntaxError error;
-    std::size_t offset = 0;
     bool certain = false;  // the line cannot have been meant as any other form
+    Cursor where;          // only of use while the line's text is there
+    // The word of the form that is not there, when that is what stopped it.
+    std::string missingWord = {};
 };
 
 // Reads a whole line as a statement of that form; its text and number are left to the caller.

@@ -41,9 +41,37 @@ std::string normalised(std::string_view text) {
     return result;
 }
 
+// What a line of no form is blamed for: what stopped the form that got furthest. Where several
+// forms only lack a word at that place, all these words are named.
+class Blame {
+  public:
+    void add(const Misfit& misfit) {
+        const int column = misfit.error.where().column;
+        const int furthest = nearest_ ? nearest_->error.where().column : 0;
+        if (column < furthest) return;
+        if (column > furthest) words_.clear();
+        if (misfit.missingWord.empty() || !nearest_ || column > furthest) nearest_ = misfit;
+        if (!misfit.missingWord.empty()) words_.push_back(misfit.missingWord);
+    }
+
+    bool empty() const { return !nearest_; }
+
+    [[noreturn]] void raise() const {
+        if (nearest_->missingWord.empty()) throw nearest_->error;
+        std::string wanted = words_.front();
+        for (std::size_t index = 1; index < words_.size(); ++index)
+            wanted += (index + 1 == words_.size() ? " or " : ", ") + words_[index];
+        Cursor(nearest_->where).expected(wanted);
+    }
+
+  private:
+    std::optional<Misfit> nearest_;
+    std::vector<std::string> words_;
+};
+
 Statement readByAnyForm(const Cursor& cursor, const std::set<std::string>& names) {
     const std::string keyword = keywordOf(cursor);
-    std::optional<Misfit> nearest;
+    Blame blame;
     for (const StatementGroup& group : statementGroups()) {
         for (const Form& form : group.forms) {
             if (form.keyword() != keyword) continue;
@@ -51,11 +79,11 @@ Statement readByAnyForm(const Cursor& cursor, const std::set<std::string>& names
             if (auto* statement = std::get_if<Statement>(&outcome)) return std::move(*statement);
             const auto& misfit = std::get<Misfit>(outcome);
             if (misfit.certain) throw misfit.error;
-            if (!nearest || misfit.offset > nearest->offset) nearest = misfit;
+            blame.add(misfit);
         }
     }
-    if (nearest) throw nearest->error;
-    cursor.fail("there is no statement '" + keyword + "'");
+    if (blame.empty()) cursor.fail("there is no statement '" + keyword + "'");
+    blame.raise();
 }
 
 }  // namespace
