@@ -150,6 +150,26 @@ TEST(ScenarioParsing, KeepsLineNumbersAndText) {
     EXPECT_EQ(statements[1].text, "wait 1");
 }
 
+TEST(ScenarioParsing, ReadsAWholeScenario) {
+    const auto statements = parse(R"(device iPhone10,3
+system 13.3
+setting layoutDirection 1
+boot
+open com.example.notes
+let toolbar = [VNTSBToolBarController sharedInstance]
+grabber began 60 10 0
+grabber updated 60 100 0
+grabber ended 60 100 0
+wait 1
+expect [toolbar isEnabled] == YES
+expect [[toolbar view] frame].y == H - 115
+expect [presentation [toolbar view] frame].y ~ H - 60
+expect last SBUIController handleHomeButtonSinglePressUp with
+shot "open.png"
+)");
+    EXPECT_EQ(statements.size(), 15U);
+}
+
 TEST(ScenarioParsing, AnEmptyFileHasNoStatements) {
     EXPECT_TRUE(parse("").empty());
     EXPECT_TRUE(parse("\n\n# nothing\n").empty());
