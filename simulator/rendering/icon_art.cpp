@@ -40,17 +40,16 @@ Pen& vertical(Pen& pen, double from, double to, Colour top, Colour bottom) {
 }
 
 void phone(Pen& pen) {
-    cairo_translate(pen.context(), 30, 30);
-    cairo_rotate(pen.context(), -turn * 0.125);
-    // A handset: two thick ends joined by a bent grip.
-    pen.colour(white);
-    pen.arc(0, -13, 21, 38, 142).stroke(7.4);
+    // A handset seen as a smile, then turned: a bent grip between two pads that point inwards.
+    cairo_translate(pen.context(), 32.4, 27.6);
+    cairo_rotate(pen.context(), turn * 0.125);
+    pen.colour(white).arc(0, -13, 25.4, 42, 138).stroke(8.6);
     for (const double side : {-1.0, 1.0}) {
-        pen.move(side * 20.8, -3.6).curve(side * 21.6, 0.6, side * 20, 4.4, side * 17.4, 5.6);
-        pen.line(side * 10.4, 8.8)
-            .curve(side * 8.6, 5, side * 9.4, 1, side * 12.4, -1.8)
-            .close()
-            .fill();
+        cairo_save(pen.context());
+        cairo_translate(pen.context(), 0, -13);
+        cairo_rotate(pen.context(), side * turn * 0.137);
+        pen.box(-5.6, 16.4, 11.2, 13.3, 3.6).fill();
+        cairo_restore(pen.context());
     }
 }
 
