@@ -99,10 +99,10 @@ Layout makeLayout(const LayoutRequest& request) {
             static_cast<int>(std::min(request.width, widthLimit) * PANGO_SCALE + 0.5));
     }
     if (request.lines == 1) pango_layout_set_single_paragraph_mode(layout.get(), TRUE);
-    if (request.ellipsis || request.lines > 0) {
-        pango_layout_set_ellipsize(layout.get(),
-                                   limited ? PANGO_ELLIPSIZE_END : PANGO_ELLIPSIZE_NONE);
-    }
+    // With an ellipsis and no height pango keeps one line only, so text of any height goes without.
+    const bool ends = request.lines > 0 || (request.ellipsis && request.height > 0);
+    pango_layout_set_ellipsize(layout.get(),
+                               limited && ends ? PANGO_ELLIPSIZE_END : PANGO_ELLIPSIZE_NONE);
     if (request.lines > 0) {
         pango_layout_set_height(layout.get(), -request.lines);
     } else if (request.height > 0) {
