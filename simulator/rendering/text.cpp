@@ -28,7 +28,7 @@ struct Release {
     void operator()(gpointer object) const { g_object_unref(object); }
 };
 using Layout = std::unique_ptr<PangoLayout, Release>;
-using FontMap = std::unique_ptr<PangoContext, Release>;
+using TextContext = std::unique_ptr<PangoContext, Release>;
 
 struct LayoutRequest {
     const std::string& text;
@@ -42,7 +42,7 @@ struct LayoutRequest {
 };
 
 PangoContext* textContext() {
-    thread_local const FontMap context = [] {
+    thread_local const TextContext context = [] {
         PangoContext* fresh = pango_font_map_create_context(pango_cairo_font_map_get_default());
         cairo_font_options_t* options = cairo_font_options_create();
         cairo_font_options_set_hint_style(options, CAIRO_HINT_STYLE_NONE);
@@ -52,7 +52,7 @@ PangoContext* textContext() {
         cairo_font_options_destroy(options);
         pango_cairo_context_set_resolution(fresh, 72);  // one point is one unit
         pango_context_set_round_glyph_positions(fresh, FALSE);
-        return FontMap(fresh);
+        return TextContext(fresh);
     }();
     return context.get();
 }
