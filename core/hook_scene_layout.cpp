@@ -1,6 +1,6 @@
 #include "core/hook_scene_layout.hpp"
 
-#include "core/scene_spring.hpp"
+#include "core/pull_scene.hpp"
 #include "core/variables.hpp"
 #include "platform/definition.hpp"
 #include "platform/log.hpp"

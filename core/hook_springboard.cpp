@@ -3,7 +3,7 @@
 #include "core/device_profile.hpp"
 #include "core/gesture_zones.hpp"
 #include "core/notifications.hpp"
-#include "core/scene_spring.hpp"
+#include "core/pull_scene.hpp"
 #include "core/variables.hpp"
 #include "toolbar/sb_toolbar_controller.hpp"
 

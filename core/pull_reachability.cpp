@@ -1,6 +1,6 @@
 #include "core/pull_reachability.hpp"
 
-#include "core/scene_spring.hpp"
+#include "core/pull_scene.hpp"
 #include "core/variables.hpp"
 #include "toolbar/sb_toolbar_controller.hpp"
 

@@ -4,7 +4,7 @@
 
 #include "core/gesture_zones.hpp"
 #include "core/notifications.hpp"
-#include "core/scene_spring.hpp"
+#include "core/pull_scene.hpp"
 #include "core/variables.hpp"
 #include "toolbar/sb_toolbar_controller.hpp"
 

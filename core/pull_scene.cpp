@@ -1,4 +1,4 @@
-#include "core/scene_spring.hpp"
+#include "core/pull_scene.hpp"
 
 #include "toolbar/spring.hpp"
 
