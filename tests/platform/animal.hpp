@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "platform/definition.hpp"
+#include "platform/foundation.hpp"
 
 namespace platform::tests {
 
