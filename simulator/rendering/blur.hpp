@@ -1,0 +1,43 @@
+// Smears what has been drawn so far. The work is done on a copy of up to one eighth of the size: at
+// full size a blur of a phone's screen would take longer than ten frames.
+#pragma once
+
+#include <vector>
+
+#include "simulator/rendering/scene.hpp"
+#include "simulator/rendering/surface.hpp"
+
+namespace simulator::rendering {
+
+struct PixelBox {
+    int x = 0;
+    int y = 0;
+    int width = 0;
+    int height = 0;
+};
+
+// A layer of pixels that lies at an offset of the canvas: the canvas itself first, then the open
+// groups over it.
+struct PixelLayer {
+    cairo_surface_t* surface;
+    int x = 0;
+    int y = 0;
+};
+
+// A small opaque picture; scaled up by `factor` it covers the canvas from `x`, `y` on.
+struct Smear {
+    Surface surface;
+    int factor = 1;
+    int x = 0;
+    int y = 0;
+};
+
+// Shrinks the layers inside `box` (canvas pixels), blurs with a standard deviation of `sigma` pixels,
+// saturates and tints. Nothing is read beyond the first layer's edges: they are continued outwards.
+Smear smearOf(const std::vector<PixelLayer>& layers, PixelBox box, double sigma, Colour tint,
+              double saturation);
+
+// Three box passes, close to a Gaussian of `sigma` pixels, in place.
+void blurInPlace(const Surface& surface, double sigma);
+
+}  // namespace simulator::rendering
