@@ -1,0 +1,312 @@
+// Patterns, slots, and reading a line by them.
+#include "simulator/scenario/form.hpp"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "simulator/scenario/expression_parser.hpp"
+
+namespace simulator::scenario {
+namespace {
+
+enum class Shape {
+    word,
+    oneOf,
+    version,
+    text,
+    number,
+    duration,
+    count,
+    json,
+    value,
+    term,
+    name,
+    sign
+};
+
+struct Slot {
+    std::string_view name;
+    Shape shape;
+    std::string_view wanted;
+    std::string_view words = {};  // of oneOf, parted by `|`
+};
+
+constexpr std::array<Slot, 40> slots{{
+    {"IDENT", Shape::word, "a machine identifier"},
+    {"KEY", Shape::word, "a key"},
+    {"PATH", Shape::word, "a path"},
+    {"CLASS", Shape::word, "a class"},
+    {"SELECTOR", Shape::word, "a selector"},
+    {"BUNDLE", Shape::word, "a bundle identifier"},
+    {"NAME", Shape::word, "a name"},
+    {"FILE", Shape::word, "the name of a picture"},
+    {"ROUTE", Shape::oneOf, "Speaker or HeadphonesBT", "Speaker|HeadphonesBT"},
+    {"TOGGLE", Shape::oneOf, "the name of a system setting",
+     "orientationlock|ringermute|lowpower|donotdisturb|flashlight|nightshift|truetone"},
+    {"X.Y", Shape::version, "a version such as 13.3"},
+    {"TEXT", Shape::text, "a text"},
+    {"TITLE", Shape::text, "a title"},
+    {"ARTIST", Shape::text, "an artist"},
+    {"ALBUM", Shape::text, "an album"},
+    {"ARTWORKID", Shape::text, "an artwork's identifier"},
+    {"W", Shape::number, "a width"},
+    {"H", Shape::number, "a height"},
+    {"SCALE", Shape::number, "a scale"},
+    {"X", Shape::number, "a number for x"},
+    {"Y", Shape::number, "a number for y"},
+    {"X1", Shape::number, "a number for the first x"},
+    {"Y1", Shape::number, "a number for the first y"},
+    {"X2", Shape::number, "a number for the second x"},
+    {"Y2", Shape::number, "a number for the second y"},
+    {"EDGE", Shape::number, "a distance along the edge"},
+    {"D", Shape::number, "a distance from the edge"},
+    {"V", Shape::number, "a number"},
+    {"S", Shape::duration, "a number of seconds"},
+    {"N", Shape::count, "a whole number"},
+    {"FRAMES", Shape::count, "a number of frames"},
+    {"STYLE", Shape::count, "a style: 0, 1 or 2"},
+    {"JSON", Shape::json, "a JSON value"},
+    {"EXPR", Shape::value, "an expression"},
+    {"VIEW", Shape::value, "a view"},
+    {"VALUE", Shape::term, "a value"},
+    {"ICONS", Shape::count, "a number of icons"},
+    {"VARIABLE", Shape::name, "a name made of letters, digits and underscores"},
+    {"OP", Shape::sign, "a comparison: == != < <= > >= or ~"},
+    {"LEVEL", Shape::number, "a level from 0 to 1"},
+}};
+
+struct Element {
+    std::string_view text;  // a literal, a choice, or a slot's name
+    const Slot* slot = nullptr;
+    bool optional = false;
+    bool repeated = false;
+
+    bool isChoice() const { return slot == nullptr && text.find('|') != std::string_view::npos; }
+};
+
+std::vector<std::string_view> split(std::string_view text, char separator) {
+    std::vector<std::string_view> parts;
+    for (;;) {
+        const std::size_t end = text.find(separator);
+        parts.push_back(text.substr(0, end));
+        if (end == std::string_view::npos) return parts;
+        text.remove_prefix(end + 1);
+    }
+}
+
+std::vector<Element> elementsOf(std::string_view pattern) {
+    std::vector<Element> elements;
+    bool optional = false;
+    for (std::string_view part : split(pattern, ' ')) {
+        Element element;
+        if (part.starts_with('[')) {
+            optional = true;
+            part.remove_prefix(1);
+        }
+        if (part.ends_with(']')) part.remove_suffix(1);
+        if (part.ends_with("...")) {
+            element.repeated = true;
+            part.remove_suffix(3);
+        }
+        element.text = part;
+        element.optional = optional;
+        const auto* slot = std::find_if(slots.begin(), slots.end(),
+                                        [part](const Slot& each) { return each.name == part; });
+        if (slot != slots.end()) element.slot = slot;
+        elements.push_back(element);
+    }
+    return elements;
+}
+
+std::string oneOf(std::string_view words) {
+    std::string text;
+    const auto parts = split(words, '|');
+    for (std::size_t index = 0; index < parts.size(); ++index) {
+        if (index > 0) text += index + 1 == parts.size() ? " or " : ", ";
+        text += parts[index];
+    }
+    return text;
+}
+
+void checkVersion(const Cursor& before, const std::string& text, const std::string& wanted) {
+    bool digitExpected = true;
+    for (const char character : text) {
+        if (!isDigit(character) && (character != '.' || digitExpected))
+            before.fail("expected " + wanted + ", got '" + text + "'");
+        digitExpected = character == '.';
+    }
+    if (digitExpected) before.fail("expected " + wanted + ", got '" + text + "'");
+}
+
+// A number that stands in the line itself can be checked before anything runs.
+void checkLiteral(const Cursor& before, Shape shape, const Expression& expression) {
+    const auto* literal = std::get_if<NumberLiteral>(&expression.node);
+    if (literal == nullptr || shape == Shape::number) return;
+    const long double value = literal->number.value;
+    if (value < 0) before.fail(expression.text + " is less than 0");
+    if (shape == Shape::count && std::trunc(value) != value)
+        before.fail(expression.text + " is no whole number");
+}
+
+// JSON as far as a property list can hold it: no null, and no deeper than anyone writes.
+nlohmann::json readJson(Cursor& cursor, const std::string& wanted) {
+    using nlohmann::json;
+    constexpr int deepest = 200;
+    if (cursor.atEnd()) cursor.expected(wanted);
+    const Cursor before = cursor;
+    const auto check = [&before](int depth, json::parse_event_t event, json& parsed) {
+        if (depth > deepest) before.fail("the JSON is nested too deeply");
+        if (event == json::parse_event_t::value && parsed.is_null())
+            before.fail("a property list cannot hold null");
+        return true;
+    };
+    const std::string_view text = cursor.rest();
+    try {
+        return json::parse(text, check);
+    } catch (const json::parse_error& error) {
+        const std::size_t byte = error.byte == 0 ? 0 : error.byte - 1;
+        throw SyntaxError(before.positionAt(before.offset() + byte), "the JSON is malformed");
+    } catch (const json::exception&) {
+        before.fail("the JSON holds a number out of range");
+    }
+}
+
+class Reader {
+  public:
+    Reader(const Form& form, Cursor cursor, const std::set<std::string>& names)
+        : form_(form), cursor_(cursor), names_(names), expressions_(cursor_, names) {
+        statement_.form = &form;
+    }
+
+    std::variant<Statement, Misfit> read() {
+        try {
+            for (const Element& element : elementsOf(form_.pattern)) {
+                // A tail is there as a whole or not at all.
+                if (element.optional && !inTail_ && cursor_.atEnd()) break;
+                inTail_ = element.optional;
+                readElement(element);
+            }
+            if (!cursor_.atEnd()) cursor_.expected("the end of the line");
+            return std::move(statement_);
+        } catch (const SyntaxError& error) {
+            return Misfit{error, certain_, cursor_, missingWord_};
+        }
+    }
+
+  private:
+    void readElement(const Element& element) {
+        if (element.repeated) {
+            statement_.arguments[std::string(element.text)];
+            while (!cursor_.atEnd()) readSlot(*element.slot);
+        } else if (element.slot != nullptr) {
+            readSlot(*element.slot);
+        } else if (element.isChoice()) {
+            statement_.choice = readWordOf(element.text, oneOf(element.text));
+        } else {
+            readLiteral(element.text);
+        }
+    }
+
+    void readLiteral(std::string_view literal) {
+        const bool sign = !isIdentifierStart(literal.front());
+        if (!(sign ? cursor_.take(literal) : cursor_.takeWord(literal))) {
+            missingWord_ = "'" + std::string(literal) + "'";
+            cursor_.expected(missingWord_);
+        }
+        // `expect posted …` is meant as that, unless something was named `posted`.
+        ++literals_;
+        if (literals_ > 1 && !names_.contains(std::string(literal))) certain_ = true;
+    }
+
+    std::string readWordOf(std::string_view words, const std::string& wanted) {
+        Cursor before = cursor_;
+        std::string word = cursor_.word(wanted);
+        const auto parts = split(words, '|');
+        if (std::find(parts.begin(), parts.end(), word) == parts.end()) before.expected(wanted);
+        return word;
+    }
+
+    [[noreturn]] static void fail(Cursor before, const std::string& wanted) {
+        before.expected(wanted);
+    }
+
+    void readSlot(const Slot& slot) {
+        statement_.arguments[std::string(slot.name)].push_back(readArgument(slot));
+    }
+
+    Argument readArgument(const Slot& slot) {
+        const std::string wanted(slot.wanted);
+        cursor_.skipBlanks();
+        const Cursor before = cursor_;
+        switch (slot.shape) {
+            case Shape::word: {
+                std::string word = cursor_.word(wanted);
+                // A value may be named `posted`, and `expect posted == 3` be about it.
+                if (before.peek() != '"' && comparisonWritten(word)) fail(before, wanted);
+                return word;
+            }
+            case Shape::oneOf:
+                return readWordOf(slot.words, oneOf(slot.words));
+            case Shape::version: {
+                std::string version = cursor_.word(wanted);
+                checkVersion(before, version, wanted);
+                return version;
+            }
+            case Shape::text:
+                return cursor_.string(wanted);
+            case Shape::number:
+            case Shape::duration:
+            case Shape::count: {
+                ExpressionPointer number = expressions_.numericTerm(wanted);
+                checkLiteral(before, slot.shape, *number);
+                return number;
+            }
+            case Shape::json:
+                return readJson(cursor_, wanted);
+            case Shape::value:
+                return expressions_.expression();
+            case Shape::term:
+                return expressions_.term();
+            case Shape::name:
+                return readName(wanted);
+            case Shape::sign:
+                break;
+        }
+        return readComparison(wanted);
+    }
+
+    std::string readName(const std::string& wanted) {
+        Cursor before = cursor_;
+        std::string name = cursor_.identifier();
+        if (name.empty()) before.expected(wanted);
+        if (isReservedName(name)) before.fail(name + " already means something else");
+        return name;
+    }
+
+    Comparison readComparison(const std::string& wanted) {
+        // The longer signs first, of which the shorter ones are beginnings.
+        for (const std::string_view sign : {"==", "!=", "<=", ">=", "<", ">", "~"})
+            if (cursor_.take(sign)) return *comparisonWritten(sign);
+        cursor_.expected(wanted);
+    }
+
+    const Form& form_;
+    Cursor cursor_;
+    const std::set<std::string>& names_;
+    ExpressionParser expressions_;
+    Statement statement_;
+    int literals_ = 0;
+    bool certain_ = false;
+    std::string missingWord_;
+    bool inTail_ = false;
+};
+
+}  // namespace
+
+std::variant<Statement, Misfit> readAs(const Form& form, Cursor cursor,
+                                       const std::set<std::string>& names) {
+    return Reader(form, cursor, names).read();
+}
+
+}  // namespace simulator::scenario

@@ -1,0 +1,121 @@
+// Values, expectations, and pictures of the phone.
+#include <array>
+
+#include "simulator/scenario/line.hpp"
+#include "simulator/scenario/statements.hpp"
+
+namespace simulator::scenario {
+namespace {
+
+constexpr auto always = Phase::always;
+constexpr auto booted = Phase::booted;
+
+// A literal says already in the source what it is worth.
+bool speaksForItself(const Expression& expression) {
+    return std::holds_alternative<NumberLiteral>(expression.node) ||
+           std::holds_alternative<StringLiteral>(expression.node);
+}
+
+void expectValue(Line& line) {
+    const Value left = line.value("EXPR");
+    std::string got = printed(left);
+    if (!line.given("OP")) return line.expect(isTrue(left), got);
+    const Value right = line.value("EXPR", 1);
+    const Expression& source = line.expression("EXPR", 1);
+    if (!speaksForItself(source) && source.text != printed(right))
+        got += " where " + source.text + " is " + printed(right);
+    line.expect(holds(left, line.comparison("OP"), right), got);
+}
+
+void expectLastCall(Line& line) {
+    const auto call = line.phone().lastCall(line.word("CLASS"), line.word("SELECTOR"));
+    if (!call) return line.expect(false, "no such call");
+    const std::vector<Value> wanted = line.values("VALUE");
+    bool same = wanted.size() == call->size();
+    std::string got;
+    for (std::size_t index = 0; index < call->size(); ++index) {
+        if (same && !equal((*call)[index], wanted[index])) same = false;
+        got += (index == 0 ? "" : " ") + printed((*call)[index]);
+    }
+    line.expect(same, got.empty() ? "no arguments" : got);
+}
+
+void expectHooked(Line& line, bool wanted) {
+    const bool hooked = line.phone().hooked(line.word("CLASS"), line.word("SELECTOR"));
+    line.expect(hooked == wanted, hooked ? "hooked" : "unhooked");
+}
+
+void expectHaptics(Line& line) {
+    const int style = line.count("STYLE");
+    if (style > 2) throw EvaluationError("an impact is 0 light, 1 medium or 2 heavy");
+    line.expectCount(line.phone().haptics(style), "N");
+}
+
+void expectCrashed(Line& line) {
+    std::optional<std::string> reason = line.phone().crashed();
+    if (!reason && line.raised() != nullptr) reason = *line.raised();
+    line.expect(reason.has_value() == line.chose("yes"), reason.value_or("no"));
+}
+
+void printTree(Line& line) {
+    objc_object* root = line.given("VIEW") ? line.object("VIEW") : nullptr;
+    if (line.given("VIEW") && root == nullptr) throw EvaluationError("there is no view");
+    std::string text = line.phone().tree(root);
+    while (text.ends_with('\n')) text.pop_back();
+    line.print(text);
+}
+
+void film(Line& line) {
+    const int frames = line.count("FRAMES");
+    if (frames < 1) throw EvaluationError("a film has at least one frame");
+    line.phone().film({line.picture("FILE"), frames, line.seconds("S")});
+}
+
+constexpr std::array<Form, 20> forms{{
+    {"print EXPR", always, "the value on a line of its own",
+     [](Line& line) { line.print(printed(line.value("EXPR"))); }},
+    {"do EXPR", always, "evaluates, drops the value", [](Line& line) { line.value("EXPR"); }},
+    {"let VARIABLE = EXPR", always, "names a value",
+     [](Line& line) { line.name(line.word("VARIABLE"), line.value("EXPR")); }},
+    {"expect posted NAME N", always, "how often the notification was posted",
+     [](Line& line) { line.expectCount(line.phone().postedCount(line.word("NAME")), "N"); }},
+    {"expect darwin-posted NAME N", always, "how often the Darwin notification was posted",
+     [](Line& line) { line.expectCount(line.phone().darwinPostedCount(line.word("NAME")), "N"); }},
+    {"expect called CLASS SELECTOR N", always, "how often the system operation was run",
+     [](Line& line) {
+         const int calls = line.phone().calledCount(line.word("CLASS"), line.word("SELECTOR"));
+         line.expectCount(calls, "N");
+     }},
+    {"expect last CLASS SELECTOR with VALUE...", always, "the arguments of its latest run",
+     expectLastCall},
+    {"expect hooked CLASS SELECTOR", always, "the method was hooked",
+     [](Line& line) { expectHooked(line, true); }},
+    {"expect unhooked CLASS SELECTOR", always, "the method was not hooked",
+     [](Line& line) { expectHooked(line, false); }},
+    {"expect hooks N", always, "how many methods were hooked",
+     [](Line& line) { line.expectCount(line.phone().hookCount(), "N"); }},
+    {"expect haptics STYLE N", always, "impacts given: 0 light, 1 medium, 2 heavy", expectHaptics},
+    {"expect logged TEXT N", always, "lines of the system log that contain TEXT",
+     [](Line& line) { line.expectCount(line.phone().loggedCount(line.word("TEXT")), "N"); }},
+    {"expect launched BUNDLE N", always, "application launches asked for",
+     [](Line& line) { line.expectCount(line.phone().launchedCount(line.word("BUNDLE")), "N"); }},
+    {"expect launched-suspended BUNDLE N", always, "launches in the background asked for",
+     [](Line& line) {
+         line.expectCount(line.phone().launchedSuspendedCount(line.word("BUNDLE")), "N");
+     }},
+    {"expect crashed no|yes", always, "nothing was raised and no unknown message was sent",
+     expectCrashed},
+    {"expect EXPR [OP EXPR]", always, "holds when EXPR is YES or not nil, or by OP", expectValue},
+    {"clear", always, "forgets all that was counted so far",
+     [](Line& line) { line.phone().clear(); }},
+    {"tree [VIEW]", booted, "prints the view tree", printTree},
+    {"shot FILE", booted, "a picture of the screen as it is now",
+     [](Line& line) { line.phone().shot(line.picture("FILE")); }},
+    {"film FILE FRAMES over S", booted, "lets S seconds pass, FRAMES pictures side by side", film},
+}};
+
+}  // namespace
+
+std::span<const Form> lookingStatements() { return forms; }
+
+}  // namespace simulator::scenario

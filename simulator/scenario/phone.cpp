@@ -1,0 +1,27 @@
+// What a phone without the part in question answers: a refusal that names the part.
+#include "simulator/scenario/phone.hpp"
+
+namespace simulator {
+namespace {
+
+[[noreturn]] void absent(const char* part) {
+    throw PhoneError(std::string("not on this phone yet: ") + part);
+}
+
+}  // namespace
+
+void Phone::connectivityFails(int) { absent("the connectivity module"); }
+void Phone::connectivityButton(double, double) { absent("the connectivity module"); }
+void Phone::sceneAfter(const std::string&, int) { absent("the process manager"); }
+void Phone::recents(const std::vector<std::string>&) { absent("the recent applications"); }
+void Phone::flashlightAvailable(bool) { absent("the flashlight"); }
+void Phone::volume(double) { absent("the media volume"); }
+void Phone::ringer(double) { absent("the ringer volume"); }
+void Phone::brightness(double) { absent("the brightness"); }
+void Phone::route(const std::string&) { absent("the audio route"); }
+void Phone::play(const Song&) { absent("the player"); }
+void Phone::playing(bool) { absent("the player"); }
+void Phone::nothingPlaying() { absent("the player"); }
+void Phone::toggle(const std::string& name, bool) { absent(("the setting " + name).c_str()); }
+
+}  // namespace simulator

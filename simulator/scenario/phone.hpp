@@ -1,0 +1,141 @@
+// The one face through which scenarios, the console, the window and the demonstration reach the
+// phone. Nothing else of the simulator is known to them.
+//
+// Distances are points of the current interface orientation, times seconds of the phone's own
+// clock. Whatever the phone cannot do it refuses with a PhoneError, and stays as it was.
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <nlohmann/json.hpp>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "simulator/scenario/value.hpp"
+
+namespace simulator {
+
+class PhoneError : public std::runtime_error {
+  public:
+    using std::runtime_error::runtime_error;
+};
+
+struct ScreenBounds {
+    double width = 0;
+    double height = 0;
+};
+
+// The stages of a gesture as SpringBoard reports them.
+enum class PullPhase { began, updated, ended, cancelled };
+
+// The numbers of the interface orientations are the platform's.
+enum class Orientation { portrait = 1, upsideDown = 2, landscapeRight = 3, landscapeLeft = 4 };
+
+struct Song {
+    std::string title;
+    std::string artist;
+    std::string album;
+    std::string artworkId;
+    std::string bundle;  // the application that plays it
+};
+
+// A whole pull by a finger from the bottom edge.
+struct EdgePull {
+    double edge = 0;      // along the bottom edge
+    double distance = 0;  // how far up
+    double seconds = 0;
+    std::optional<double> flick;  // the velocity of the release; at rest without one
+};
+
+struct Film {
+    std::filesystem::path file;
+    int frames = 1;
+    double seconds = 0;
+};
+
+class Phone {
+  public:
+    virtual ~Phone() = default;
+
+    // Setting up, before boot().
+    virtual void device(const std::string& identifier) = 0;
+    virtual void screen(double width, double height, double scale) = 0;
+    virtual void system(const std::string& version) = 0;
+    virtual void homeButton(bool present) = 0;
+    virtual void missingClass(const std::string& name) = 0;
+    virtual void missingBundle(const std::string& path) = 0;
+    virtual void dock(int icons) = 0;
+    virtual void connectivityFails(int creations);
+    virtual void sceneAfter(const std::string& bundle, int creation);
+    virtual void withoutExtension() = 0;
+    virtual void boot() = 0;
+
+    // Before or after boot(). A setting without a value is taken out.
+    virtual void setting(const std::string& key, const std::optional<nlohmann::json>& value) = 0;
+    virtual void plist(const std::string& path, const nlohmann::json& contents) = 0;
+    virtual void file(const std::string& path, const std::string& bytes) = 0;
+    virtual void remove(const std::string& path) = 0;
+    virtual void connectivityButton(double width, double height);
+    virtual void recents(const std::vector<std::string>& bundles);
+    virtual void flashlightAvailable(bool available);
+
+    // Driving.
+    virtual void wait(double seconds) = 0;
+    virtual void open(const std::string& bundle) = 0;
+    virtual void home() = 0;
+    virtual void lock() = 0;
+    virtual void unlock() = 0;
+    virtual void rotate(Orientation orientation) = 0;
+    virtual void appearance(bool dark) = 0;
+    virtual void touchDown(double x, double y) = 0;
+    virtual void touchMove(double x, double y, double seconds) = 0;
+    virtual void touchUp() = 0;
+    virtual void touchCancel() = 0;
+    virtual void grabber(PullPhase phase, double edge, double distance, double velocity) = 0;
+    virtual void controlCenterGrabber(PullPhase phase, double edge, double distance,
+                                      double velocity) = 0;
+    virtual void statusBar(PullPhase phase, double x, double y, double velocity) = 0;
+    virtual void pull(const EdgePull& pull) = 0;
+    virtual void volume(double level);
+    virtual void ringer(double level);
+    virtual void brightness(double level);
+    virtual void route(const std::string& name);
+    virtual void play(const Song& song);
+    virtual void playing(bool yes);
+    virtual void nothingPlaying();
+    virtual void toggle(const std::string& name, bool on);
+    virtual void interrupt(objc_object* view) = 0;
+    virtual void post(const std::string& notification) = 0;
+    virtual void postDarwin(const std::string& notification) = 0;
+
+    // Looking. Counts run since boot() or the last clear().
+    virtual ScreenBounds screenBounds() = 0;
+    virtual objc_object* presentation(objc_object* view) = 0;
+    virtual int postedCount(const std::string& notification) = 0;
+    virtual int darwinPostedCount(const std::string& notification) = 0;
+    virtual int calledCount(const std::string& className, const std::string& selector) = 0;
+    virtual std::optional<std::vector<scenario::Value>> lastCall(const std::string& className,
+                                                                 const std::string& selector) = 0;
+    virtual bool hooked(const std::string& className, const std::string& selector) = 0;
+    virtual int hookCount() = 0;
+    virtual int haptics(int style) = 0;  // 0 light, 1 medium, 2 heavy
+    virtual int loggedCount(const std::string& text) = 0;
+    virtual int launchedCount(const std::string& bundle) = 0;
+    virtual int launchedSuspendedCount(const std::string& bundle) = 0;
+    virtual std::optional<std::string> crashed() = 0;  // why it did first
+    virtual void clear() = 0;
+    virtual std::string tree(objc_object* root) = 0;  // of the whole screen for a null root
+    virtual void shot(const std::filesystem::path& file) = 0;
+    virtual void film(const Film& film) = 0;
+};
+
+struct PhoneOptions {
+    // Where the phone's file system is kept; when empty, a temporary folder that goes with it.
+    std::filesystem::path root;
+};
+
+std::unique_ptr<Phone> makePhone(const PhoneOptions& options);
+
+}  // namespace simulator

@@ -1,0 +1,173 @@
+// Carrying statements out, and what their handlers can ask of a line.
+#include "simulator/scenario/session.hpp"
+
+#include <cmath>
+#include <limits>
+#include <utility>
+
+#include "simulator/scenario/line.hpp"
+#include "simulator/scenario/objective_c.hpp"
+#include "simulator/scenario/raised.hpp"
+
+namespace simulator::scenario {
+
+Session::Session(Phone& phone, std::string file, std::filesystem::path pictures,
+                 std::ostream& output)
+    : phone_(phone),
+      file_(std::move(file)),
+      pictures_(std::move(pictures)),
+      output_(output),
+      evaluate_(phone, names_) {
+    watchExceptions();
+}
+
+void Session::run(const Statement& statement) {
+    const AutoreleasePool pool;
+    try {
+        carryOut(statement);
+    } catch (const std::exception& error) {
+        fail(statement, error.what());
+    } catch (...) {
+        const std::string text = takeRaised();
+        if (raised_.empty()) raised_ = text;
+        fail(statement, "raised " + text);
+    }
+}
+
+void Session::carryOut(const Statement& statement) {
+    if (statement.form->phase == Phase::booted && !booted_)
+        throw EvaluationError("the phone has not booted");
+    Line line(*this, statement);
+    statement.form->run(line);
+    if (statement.form->keyword() == "boot") booted_ = true;
+}
+
+void Session::fail(const Statement& statement, const std::string& why) {
+    ++failed_;
+    constexpr std::string_view expect = "expect ";
+    const std::string where = file_ + ":" + std::to_string(statement.line) + ": ";
+    if (statement.text.starts_with(expect))
+        say(where + "expected " + statement.text.substr(expect.size()) + ", but " + why);
+    else
+        say(where + statement.text + ": " + why);
+}
+
+void Session::say(const std::string& text) {
+    // Flushed line by line, so that nothing is lost when the phone ends the process.
+    output_ << text << std::endl;
+}
+
+void Session::sayCounts() {
+    say(std::to_string(held_) + " held, " + std::to_string(failed_) + " failed");
+}
+
+Phone& Line::phone() { return session_.phone_; }
+
+const std::vector<Argument>& Line::all(std::string_view slot) const {
+    static const std::vector<Argument> none;
+    const auto found = statement_.arguments.find(slot);
+    return found == statement_.arguments.end() ? none : found->second;
+}
+
+bool Line::given(std::string_view slot) const { return !all(slot).empty(); }
+
+const std::string& Line::word(std::string_view slot) const {
+    return std::get<std::string>(all(slot).at(0));
+}
+
+std::vector<std::string> Line::words(std::string_view slot) const {
+    std::vector<std::string> result;
+    for (const Argument& argument : all(slot)) result.push_back(std::get<std::string>(argument));
+    return result;
+}
+
+const nlohmann::json& Line::json(std::string_view slot) const {
+    return std::get<nlohmann::json>(all(slot).at(0));
+}
+
+Comparison Line::comparison(std::string_view slot) const {
+    return std::get<Comparison>(all(slot).at(0));
+}
+
+const Expression& Line::expression(std::string_view slot, std::size_t index) const {
+    return *std::get<ExpressionPointer>(all(slot).at(index));
+}
+
+Value Line::value(std::string_view slot, std::size_t index) {
+    return session_.evaluate_(expression(slot, index));
+}
+
+std::vector<Value> Line::values(std::string_view slot) {
+    std::vector<Value> result;
+    for (std::size_t index = 0; index < all(slot).size(); ++index)
+        result.push_back(value(slot, index));
+    return result;
+}
+
+objc_object* Line::object(std::string_view slot) {
+    const Value worth = value(slot);
+    const auto result = asObject(worth);
+    if (!result) throw EvaluationError(printed(worth) + " is no object");
+    return *result;
+}
+
+double Line::number(std::string_view slot) {
+    const Value worth = value(slot);
+    const auto result = asNumber(worth);
+    if (!result) throw EvaluationError(printed(worth) + " is no number");
+    return static_cast<double>(result->value);
+}
+
+double Line::seconds(std::string_view slot) {
+    const double result = number(slot);
+    if (!(result >= 0 && std::isfinite(result)))
+        throw EvaluationError(expression(slot).text + " is no time to let pass");
+    return result;
+}
+
+int Line::count(std::string_view slot) {
+    const double result = number(slot);
+    if (!(result >= 0 && result <= std::numeric_limits<int>::max()) || std::trunc(result) != result)
+        throw EvaluationError(expression(slot).text + " is no whole number from 0 on");
+    return static_cast<int>(result);
+}
+
+PullPhase Line::pullPhase() const {
+    if (chose("began")) return PullPhase::began;
+    if (chose("ended")) return PullPhase::ended;
+    if (chose("cancelled")) return PullPhase::cancelled;
+    return PullPhase::updated;
+}
+
+std::filesystem::path Line::picture(std::string_view slot) {
+    std::filesystem::path file = session_.pictures_ / word(slot);
+    if (file.has_parent_path()) std::filesystem::create_directories(file.parent_path());
+    return file;
+}
+
+void Line::print(const std::string& text) { session_.say(text); }
+
+void Line::name(const std::string& variable, const Value& value) {
+    session_.names_.set(variable, value);
+}
+
+void Line::expect(bool held, const std::string& got) {
+    if (held) {
+        ++session_.held_;
+        return;
+    }
+    ++session_.failed_;
+    constexpr std::size_t keyword = std::string_view("expect ").size();
+    session_.say(session_.file_ + ":" + std::to_string(statement_.line) + ": expected " +
+                 statement_.text.substr(keyword) + ", got " + got);
+}
+
+void Line::expectCount(int got, std::string_view slot) {
+    expect(equal(integerValue(got), value(slot)), std::to_string(got));
+}
+
+const std::string* Line::raised() const {
+    return session_.raised_.empty() ? nullptr : &session_.raised_;
+}
+
+}  // namespace simulator::scenario

@@ -1,0 +1,18 @@
+// A class written with the runtime's own functions, with a method for every type encoding.
+#pragma once
+
+namespace simulator::scenario {
+
+// Registers the class `ScenarioSpecimen` and, on it:
+//   +shared                  one instance; +make a new one, autoreleased
+//   -flag -setFlag:          `C`; likewise -setBool:, short, int, …: `take<Letter>:` gives back
+//                            what it was given, by encoding
+//   -frame -setFrame:        a rectangle in an instance variable `frame`
+//   -raise                   raises an NSException
+//   and the instance variables `_hidden` (an int, 7) and `plain` (a double, 2.5)
+void registerSpecimen();
+
+// The instances that have not been deallocated, other than the shared one.
+int livingSpecimens();
+
+}  // namespace simulator::scenario
