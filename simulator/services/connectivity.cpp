@@ -3,6 +3,7 @@
 #include "simulator/foundation/bundles.hpp"
 #include "simulator/runtime/stand_in.hpp"
 #include "simulator/springboard/configuration.hpp"
+#include "simulator/springboard/parts.hpp"
 #include "simulator/uikit/classes.hpp"
 
 namespace simulator {
@@ -97,8 +98,8 @@ Strong<CCUIRoundButton> makeRoundButton(const Look& look) {
     state.on = look.on;
     state.glyph = create<UIImageView, "initWithImage:">(glyph(look.symbol));
     state.selectedGlyph = create<UIView, "initWithFrame:">(rect(0, 0, 0, 0));
-    button.addSubview(state.glyph);
-    button.addSubview(state.selectedGlyph);
+    addPart(button, state.glyph);
+    addPart(button, state.selectedGlyph);
     paint(button, look);
     return button;
 }
@@ -122,7 +123,7 @@ void loadView(CCUILabeledRoundButtonViewController self) {
         auto button = makeRoundButton(*look);
         button.send<"addTarget:action:forControlEvents:">(self, selector<"buttonTapped:">(),
                                                           64UL);  // touch up inside
-        view.addSubview(button);
+        addPart(view, button);
         stateOf<LabeledButtonState>(view).button = std::move(button);
     }
     self.send<"setView:">(view);

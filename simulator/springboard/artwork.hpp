@@ -17,7 +17,6 @@ void dressAsApplication(UIView view, const std::string& identifier);
 void dressAsWallpaper(UIView view);
 void dressAsStatusBar(UIView view, bool white);
 void dressAsLockScreen(UIView view);
-void dressAsHomeIndicator(UIView view, bool white);
 
 // Whether the top of the screen in front is dark.
 bool wantsWhiteStatusBar(const std::string& frontIdentifier);

@@ -4,6 +4,7 @@
 
 #include <span>
 #include <string>
+#include <vector>
 
 #include "platform/geometry.hpp"
 
@@ -18,6 +19,7 @@ struct Configuration {
     int dockIcons = 4;
     int connectivityFailures = 0;  // creations of the airplane controller that still yield nil
     CGSize connectivityButton{60, 60};
+    std::vector<std::string> recents;  // newest first
 };
 
 Configuration& configuration();

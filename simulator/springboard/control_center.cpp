@@ -1,6 +1,7 @@
 #include "simulator/springboard/control_center.hpp"
 
 #include <algorithm>
+#include "simulator/springboard/parts.hpp"
 
 #include "simulator/springboard/orientation.hpp"
 #include "simulator/springboard/windows.hpp"
@@ -30,7 +31,7 @@ void addTile(UIView panel, CGRect frame) {
     auto tile = create<UIView, "initWithFrame:">(frame);
     tile.setBackgroundColor(UIColor::rgba(0, 0, 0, 0.35));
     tile.send<"_setContinuousCornerRadius:">(18.0);
-    panel.addSubview(tile);
+    addPart(panel, tile);
 }
 
 void addTiles(UIView panel) {
@@ -58,9 +59,9 @@ void buildPanel() {
     Object blur = UIBlurEffect::withStyle(UIBlurEffect::dark);
     auto ground = create<UIVisualEffectView, "initWithEffect:">(blur);
     ground.setFrame(panel.bounds());
-    panel.addSubview(ground);
+    addPart(panel, ground);
     addTiles(panel);
-    window.addSubview(panel);
+    addPart(window, panel);
     state().panel = std::move(panel);
 }
 
@@ -202,7 +203,7 @@ SBSystemPanGestureRecognizer statusBarPan() {
     if (!center.statusBarPan) {
         center.statusBarView =
             create<UIView, "initWithFrame:">(rect(0, 0, screen().portrait.width, 44));
-        windows().statusBar.addSubview(center.statusBarView);
+        addPart(windows().statusBar, center.statusBarView);
         center.statusBarPan = makeSystemPan(center.statusBarView);
     }
     return center.statusBarPan;

@@ -1,6 +1,7 @@
 #include "simulator/springboard/home_screen.hpp"
 
 #include <algorithm>
+#include "simulator/springboard/parts.hpp"
 
 #include "simulator/springboard/artwork.hpp"
 #include "simulator/springboard/configuration.hpp"
@@ -75,7 +76,7 @@ Strong<SBDockView> makeDock() {
         create<UIVisualEffectView, "initWithEffect:">(UIBlurEffect::withStyle(UIBlurEffect::light));
     if (blur) {
         blur.setClipsToBounds(true);
-        dock.addSubview(blur);
+        addPart(dock, blur);
         parts.ground = Strong<UIView>(std::move(blur));
     }
     parts.list = create<SBRootFolderDockIconListView, "initWithFrame:">(rect(0, 0, 0, dockHeight));
@@ -83,7 +84,7 @@ Strong<SBDockView> makeDock() {
         int columns = std::max(configuration().dockIcons, 4);
         fillIconList(parts.list, identifiers(0, dockCount()),
                      {columns, (dockHeight - iconLength) / 2, 0, false});
-        dock.addSubview(parts.list);
+        addPart(dock, parts.list);
     }
     return dock;
 }
@@ -100,19 +101,19 @@ void makeHomeScreen() {
     if (!view()) return;
     HomeScreenState& parts = state();
     parts.page = create<SBRootIconListView, "initWithFrame:">(view().bounds());
-    if (parts.page) view().addSubview(parts.page);
+    if (parts.page) addPart(view(), parts.page);
     parts.dots = create<UIPageControl>();
     if (parts.dots) {
         parts.dots.setNumberOfPages(2);
-        view().addSubview(parts.dots);
+        addPart(view(), parts.dots);
     }
     parts.dock = makeDock();
-    if (parts.dock) view().addSubview(parts.dock);
+    if (parts.dock) addPart(view(), parts.dock);
     layHomeScreen();
 }
 
 void moveHomeScreenToWindow() {
-    if (view()) windows().home.addSubview(view());
+    if (view()) addPart(windows().home, view());
 }
 
 void layHomeScreen() {

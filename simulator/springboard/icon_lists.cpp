@@ -1,6 +1,7 @@
 #include "simulator/springboard/icon_lists.hpp"
 
 #include "simulator/springboard/icons.hpp"
+#include "simulator/springboard/parts.hpp"
 
 namespace simulator {
 
@@ -61,7 +62,7 @@ void fillIconList(SBIconListView list, const std::vector<std::string>& identifie
         if (!icon) continue;
         auto view = makeIconView(icon, grid.labelled);
         if (!view) continue;
-        list.addSubview(view);
+        addPart(list, view);
         state.icons.push_back(retained(SBIcon(icon.get())));
         state.views.push_back(std::move(view));
     }

@@ -1,6 +1,7 @@
 #include "simulator/springboard/icons.hpp"
 
 #include <map>
+#include "simulator/springboard/parts.hpp"
 
 #include "simulator/springboard/applications.hpp"
 #include "simulator/springboard/artwork.hpp"
@@ -62,7 +63,7 @@ void addLabel(SBIconView view, SBIcon icon) {
     label.send<"setTextAlignment:">(1L);  // centred
     label.send<"setTextColor:">(UIColor::white());
     label.send<"setFont:">(sendClass<UIFont, "systemFontOfSize:", UIFont>(11.5));
-    view.addSubview(label);
+    addPart(view, label);
 }
 
 }  // namespace
@@ -91,11 +92,11 @@ Strong<SBIconView> makeIconView(SBIcon icon, bool labelled) {
     stateOf<IconViewState>(view).icon = retained(icon);
     auto image = create<UIImageView, "initWithImage:">(iconImage(identifierOf(icon), iconLength));
     image.setFrame(rect(0, 0, iconLength, iconLength));
-    view.addSubview(image);
+    addPart(view, image);
     if (labelled) addLabel(view, icon);
     auto tap =
         create<UITapGestureRecognizer, "initWithTarget:action:">(view, selector<"_tapped:">());
-    view.addGestureRecognizer(tap);
+    if (tap) view.addGestureRecognizer(tap);
     return view;
 }
 

@@ -2,6 +2,7 @@
 
 #include "simulator/springboard/classes.hpp"
 #include "simulator/springboard/configuration.hpp"
+#include "simulator/springboard/parts.hpp"
 
 namespace simulator {
 
@@ -41,7 +42,7 @@ SBWallpaperEffectView initWithVariant(SBWallpaperEffectView raw, long variant) {
     state.blur =
         create<UIVisualEffectView, "initWithEffect:">(UIBlurEffect::withStyle(UIBlurEffect::light));
     fill(self, state.blur);
-    self.addSubview(state.blur);
+    addPart(self, state.blur);
     return self;
 }
 

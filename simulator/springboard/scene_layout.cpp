@@ -1,6 +1,7 @@
 #include "simulator/springboard/scene_layout.hpp"
 
 #include <algorithm>
+#include "simulator/springboard/parts.hpp"
 
 #include "simulator/springboard/applications.hpp"
 #include "simulator/springboard/artwork.hpp"
@@ -8,6 +9,8 @@
 #include "simulator/springboard/home_screen.hpp"
 #include "simulator/springboard/orientation.hpp"
 #include "simulator/springboard/windows.hpp"
+#include "simulator/uikit/animation/animation.hpp"
+#include "simulator/uikit/view/view.hpp"
 
 namespace simulator {
 
@@ -41,7 +44,7 @@ void viewDidLoad(SBMainDisplaySceneLayoutViewController self) {
     UIView view = self.view();
     auto container = create<UIView, "initWithFrame:">(view.bounds());
     container.send<"setAutoresizingMask:">(flexibleSize);
-    view.addSubview(container);
+    addPart(view, container);
     stateOf<LayoutState>(self).container = std::move(container);
 }
 
@@ -101,7 +104,7 @@ void showScene(const std::string& identifier) {
     state.scene = makeScene(identifier);
     if (!state.scene) return;
     windows().scenes.setHidden(false);
-    container.addSubview(state.scene);
+    addPart(container, state.scene);
     placeAtIcon(state.scene, identifier);
     Strong<SBApplicationSceneView> scene = state.scene;
     animate(openingDuration, block([scene] { placeInFull(scene); }),
@@ -109,6 +112,7 @@ void showScene(const std::string& identifier) {
 }
 
 void hideScene() {
+    if (!sceneLayoutController()) return;
     LayoutState& state = layoutState();
     if (!state.scene) return;
     Strong<SBApplicationSceneView> scene = std::move(state.scene);
@@ -118,6 +122,7 @@ void hideScene() {
 }
 
 void trackScene(double distance) {
+    if (!sceneLayoutController()) return;
     LayoutState& state = layoutState();
     if (!state.scene) return;
     CGRect full = state.container.bounds();
@@ -127,10 +132,19 @@ void trackScene(double distance) {
 }
 
 void restoreScene() {
+    if (!sceneLayoutController()) return;
     LayoutState& state = layoutState();
     if (!state.scene) return;
     Strong<SBApplicationSceneView> scene = state.scene;
     animate(closingDuration, block([scene] { placeInFull(scene); }), {});
+}
+
+void refreshScene() {
+    if (!sceneLayoutController() || !layoutState().scene) return;
+    SBApplicationSceneView scene = layoutState().scene;
+    if (isAnimating(layerOf(scene))) return;  // it is dressed for where it goes
+    placeInFull(scene);
+    dressAsApplication(scene, stateOf<SceneState>(scene).identifier.utf8());
 }
 
 void registerSceneLayout() {

@@ -16,6 +16,8 @@ void hideScene();
 // The scene follows a finger that pulls it up from the bottom edge; nothing without one in front.
 void trackScene(double distance);
 void restoreScene();
+// Draws it anew for the style and the size of the interface.
+void refreshScene();
 
 void registerSceneLayout();
 

@@ -5,6 +5,7 @@
 #include "simulator/springboard/display.hpp"
 #include "simulator/springboard/lock_screen.hpp"
 #include "simulator/springboard/orientation.hpp"
+#include "simulator/springboard/scene_layout.hpp"
 
 namespace simulator {
 
@@ -65,6 +66,7 @@ void refreshWindows() {
     if (all.wallpaper) dressAsWallpaper(all.wallpaper);
     if (all.statusBar) dressAsStatusBar(all.statusBar, white);
     if (all.coverSheet && isLocked()) dressAsLockScreen(all.coverSheet);
+    refreshScene();
 }
 
 void registerWindows() {
