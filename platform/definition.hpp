@@ -187,8 +187,11 @@ Definition<T, State, Trace> define() {
     Class cls = objc_allocateClassPair(parent, T::name.data(), 0);
     if (!cls) return Definition<T, State, Trace>(nullptr);
     constexpr bool stateful = !std::is_same_v<State, detail::NoState>;
+    // Named after the class: the runtime refuses a variable whose name a superclass has too.
+    static constexpr auto variable = FixedString{"_state"} + T::name;
     if constexpr (stateful) {
-        class_addIvar(cls, "_state", sizeof(State), detail::alignmentPower(alignof(State)), "{?=}");
+        class_addIvar(cls, variable.data(), sizeof(State), detail::alignmentPower(alignof(State)),
+                      "{?=}");
         if constexpr (!std::is_trivially_destructible_v<State>) {
             class_addMethod(cls, selector<"dealloc">(),
                             reinterpret_cast<IMP>(&detail::deallocate<T, State>), "v@:");
@@ -197,7 +200,7 @@ Definition<T, State, Trace> define() {
     objc_registerClassPair(cls);
     Defined<T>::value = cls;
     if constexpr (stateful) {
-        StateSlot<State>::offset = ivar_getOffset(class_getInstanceVariable(cls, "_state"));
+        StateSlot<State>::offset = ivar_getOffset(class_getInstanceVariable(cls, variable.data()));
     }
     return Definition<T, State, Trace>(cls);
 }

@@ -81,6 +81,35 @@ constexpr Scene scenes[] = {
     {0xd4fc79, 0x96e6a1, 0x5fae6e, 0x2f6e4a, 0xfffde0},
 };
 
+void drawMountains(Pen& pen, const Scene& scene, double shift) {
+    pen.colour(hex(scene.far));
+    pen.polygon(
+        {{-10, 78}, {10 + shift / 2, 42}, {34 + shift / 3, 64}, {56 + shift / 2, 36}, {112, 80}});
+    pen.fill().colour(hex(scene.near)).move(0, 100).line(0, 74);
+    pen.curve(30, 58 + shift / 4, 60, 90 - shift / 4, 100, 68).line(100, 100).close().fill();
+}
+
+void drawSea(Pen& pen, const Scene& scene, double shift) {
+    const double horizon = 52 + shift / 6;
+    pen.colour(hex(scene.far)).box(0, horizon, 100, 100 - horizon).fill();
+    pen.colour(hex(scene.sun, 0.5));
+    for (int i = 0; i < 6; ++i) {
+        const double half = 3 + i * 2.2;
+        pen.box(20 + shift - half, horizon + 4 + i * 7, 2 * half, 1.6, 0.8).fill();
+    }
+    pen.colour(hex(scene.near))
+        .polygon({{58, horizon + 9}, {82, horizon + 9}, {78, horizon + 14}, {62, horizon + 14}});
+    pen.fill().polygon({{70, horizon - 16}, {70, horizon + 7}, {82, horizon + 7}}).fill();
+}
+
+void drawHills(Pen& pen, const Scene& scene, double shift) {
+    pen.colour(hex(scene.far)).circle(20 + shift / 2, 118, 60).fill();
+    pen.colour(hex(scene.near)).circle(96 - shift / 3, 126, 62).fill();
+    for (const double x : {70.0, 80.0, 88.0}) {
+        pen.polygon({{x - 5, 68 + shift / 20}, {x, 48}, {x + 5, 68 + shift / 20}}).fill();
+    }
+}
+
 // A landscape in a square of 100 units, different for each number.
 void drawPhotograph(cairo_t* context, std::size_t number) {
     const Scene& scene = scenes[number % std::size(scenes)];
@@ -93,15 +122,17 @@ void drawPhotograph(cairo_t* context, std::size_t number) {
     cairo_set_source(context, sky.get());
     cairo_paint(context);
     pen.colour(hex(scene.sun, 0.9)).circle(20 + shift, 30, 7 + shift / 12).fill();
-    pen.colour(hex(scene.far));
-    pen.polygon(
-           {{-10, 78}, {10 + shift / 2, 42}, {34 + shift / 3, 64}, {56 + shift / 2, 36}, {112, 80}})
-        .fill();
-    pen.colour(hex(scene.near))
-        .move(0, 100)
-        .line(0, 74)
-        .curve(30, 58 + shift / 4, 60, 90 - shift / 4, 100, 68);
-    pen.line(100, 100).close().fill();
+    switch ((number + number / 3) % 3) {
+        case 0:
+            drawMountains(pen, scene, shift);
+            break;
+        case 1:
+            drawSea(pen, scene, shift);
+            break;
+        default:
+            drawHills(pen, scene, shift);
+            break;
+    }
 }
 
 PictureRef photograph(std::size_t number) {
@@ -174,7 +205,7 @@ Node photosScreen(Size size, bool dark) {
     const double side = (size.width - gap * (columns - 1)) / columns;
     for (std::size_t i = 0; y < size.height; ++i) {
         const double x = static_cast<double>(i % columns) * (side + gap);
-        screen.children.push_back(photographNode({{x, y}, {side, side}}, i * 5 + i / 3));
+        screen.children.push_back(photographNode({{x, y}, {side, side}}, i * 7 + (i / 3) * 2));
         if (i % columns == columns - 1) y += side + gap;
     }
     constexpr Tab tabs[] = {

@@ -1,4 +1,5 @@
 // Draws scene trees into pixels. One canvas is one screen: W x H points at a pixel scale.
+// All drawing belongs to one thread: pictures and wallpapers are kept without locks.
 #pragma once
 
 #include "simulator/rendering/scene.hpp"

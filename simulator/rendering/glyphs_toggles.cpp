@@ -37,8 +37,14 @@ void moon(Pen& pen, double) {
 
 // Night Shift: the sun with the moon in it.
 void nightShift(Pen& pen, double) {
-    pen.circle(12, 12, 5.6).stroke(1.6);
-    pen.arc(12, 12, 5.6, 100, 350).curve(14.4, 14.6, 9.4, 12.6, 11, 17.5).close().fill();
+    pen.circle(12, 12, 5.6).stroke(1.5);
+    cairo_save(pen.context());
+    cairo_translate(pen.context(), 12.3, 11.7);
+    cairo_scale(pen.context(), 0.36, 0.36);
+    cairo_translate(pen.context(), -12, -12);
+    crescent(pen);
+    pen.fill();
+    cairo_restore(pen.context());
     rays(pen, 8.6, 10.6, 1.7);
 }
 

@@ -3,7 +3,9 @@
 #include "simulator/rendering/painter.hpp"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <cstdint>
 
 #include "simulator/rendering/image_layout.hpp"
 #include "simulator/rendering/outline.hpp"
@@ -77,18 +79,31 @@ PixelBox clipBox(cairo_t* context) {
     return {x, y, static_cast<int>(std::ceil(right)) - x, static_cast<int>(std::ceil(bottom)) - y};
 }
 
-// A copy of the picture with every channel multiplied.
+// A copy of the picture with every channel multiplied. In place on premultiplied pixels: cairo's own
+// multiply lets the colour leak into see-through parts.
 Surface tinted(const Surface& surface, Colour by) {
     Surface result(surface.width(), surface.height());
     const Context context = contextOf(result);
     cairo_set_source_surface(context.get(), surface.get(), 0, 0);
     cairo_paint(context.get());
-    cairo_set_operator(context.get(), CAIRO_OPERATOR_MULTIPLY);
-    setSource(context.get(), {by.red, by.green, by.blue, 1});
-    cairo_mask_surface(context.get(), surface.get(), 0, 0);
-    cairo_set_operator(context.get(), CAIRO_OPERATOR_DEST_IN);
-    cairo_set_source_surface(context.get(), surface.get(), 0, 0);
-    cairo_paint_with_alpha(context.get(), by.alpha);
+    cairo_surface_flush(result.get());
+    const std::array<double, 4> factors{by.blue * by.alpha, by.green * by.alpha, by.red * by.alpha,
+                                        by.alpha};
+    for (int y = 0; y < result.height(); ++y) {
+        auto* row =
+            reinterpret_cast<std::uint32_t*>(cairo_image_surface_get_data(result.get()) +
+                                             y * cairo_image_surface_get_stride(result.get()));
+        for (int x = 0; x < result.width(); ++x) {
+            std::uint32_t pixel = 0;
+            for (unsigned channel = 0; channel < factors.size(); ++channel) {
+                const double value = ((row[x] >> (8 * channel)) & 0xff) * factors[channel];
+                pixel |= static_cast<std::uint32_t>(std::clamp(value + 0.5, 0.0, 255.0))
+                         << (8 * channel);
+            }
+            row[x] = pixel;
+        }
+    }
+    cairo_surface_mark_dirty(result.get());
     return result;
 }
 
@@ -207,13 +222,17 @@ void Painter::paintImage(const Node& node, const Image& image, double alpha) {
     cairo_scale(context_, target.size.width / pixels.width(), target.size.height / pixels.height());
     const Pattern pattern(cairo_pattern_create_for_surface(pixels.get()));
     cairo_pattern_set_filter(pattern.get(), CAIRO_FILTER_BILINEAR);
+    // Enlarged pixels are continued and cut at the edge: they would bleed out of the layer.
+    cairo_pattern_set_extend(pattern.get(), CAIRO_EXTEND_PAD);
+    cairo_new_path(context_);
+    cairo_rectangle(context_, 0, 0, pixels.width(), pixels.height());
+    cairo_clip(context_);
     if (image.tint) {
         setSource(context_, node.multiply ? multiplied(*image.tint, *node.multiply) : *image.tint,
                   alpha);
         cairo_mask(context_, pattern.get());
     } else {
         cairo_set_source(context_, pattern.get());
-        // An opaque picture is copied, not blended, when nothing shows through it.
         cairo_paint_with_alpha(context_, alpha);
     }
     cairo_restore(context_);

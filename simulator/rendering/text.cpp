@@ -28,7 +28,7 @@ struct Release {
     void operator()(gpointer object) const { g_object_unref(object); }
 };
 using Layout = std::unique_ptr<PangoLayout, Release>;
-using FontMap = std::unique_ptr<PangoContext, Release>;
+using TextContext = std::unique_ptr<PangoContext, Release>;
 
 struct LayoutRequest {
     const std::string& text;
@@ -42,7 +42,7 @@ struct LayoutRequest {
 };
 
 PangoContext* textContext() {
-    thread_local const FontMap context = [] {
+    thread_local const TextContext context = [] {
         PangoContext* fresh = pango_font_map_create_context(pango_cairo_font_map_get_default());
         cairo_font_options_t* options = cairo_font_options_create();
         cairo_font_options_set_hint_style(options, CAIRO_HINT_STYLE_NONE);
@@ -52,7 +52,7 @@ PangoContext* textContext() {
         cairo_font_options_destroy(options);
         pango_cairo_context_set_resolution(fresh, 72);  // one point is one unit
         pango_context_set_round_glyph_positions(fresh, FALSE);
-        return FontMap(fresh);
+        return TextContext(fresh);
     }();
     return context.get();
 }
@@ -99,10 +99,10 @@ Layout makeLayout(const LayoutRequest& request) {
             static_cast<int>(std::min(request.width, widthLimit) * PANGO_SCALE + 0.5));
     }
     if (request.lines == 1) pango_layout_set_single_paragraph_mode(layout.get(), TRUE);
-    if (request.ellipsis || request.lines > 0) {
-        pango_layout_set_ellipsize(layout.get(),
-                                   limited ? PANGO_ELLIPSIZE_END : PANGO_ELLIPSIZE_NONE);
-    }
+    // With an ellipsis and no height pango keeps one line only, so text of any height goes without.
+    const bool ends = request.lines > 0 || (request.ellipsis && request.height > 0);
+    pango_layout_set_ellipsize(layout.get(),
+                               limited && ends ? PANGO_ELLIPSIZE_END : PANGO_ELLIPSIZE_NONE);
     if (request.lines > 0) {
         pango_layout_set_height(layout.get(), -request.lines);
     } else if (request.height > 0) {

@@ -1,0 +1,33 @@
+// Colours: not premultiplied components from 0 to 1. A dynamic colour has a light and a dark form
+// (iOS 13 and later; the dark ones of the system colours differ).
+#pragma once
+
+#include "simulator/uikit/classes.hpp"
+
+namespace simulator {
+
+struct Rgba {
+    double red, green, blue, alpha;
+    friend constexpr bool operator==(const Rgba&, const Rgba&) = default;
+};
+
+struct ColorState {
+    Rgba light;
+    Rgba dark;
+    bool dynamic;
+};
+
+UIColor makeColor(Rgba rgba);
+UIColor makeColor(Rgba light, Rgba dark);
+
+// In the style that is current now; transparent black for no colour.
+Rgba rgbaOf(UIColor color);
+Rgba rgbaOf(UIColor color, long style);
+
+// A CGColor is a UIColor without a dark form, under another type.
+inline CGColorRef cgColor(UIColor color) { return reinterpret_cast<CGColorRef>(color.get()); }
+inline UIColor colorOf(CGColorRef color) { return UIColor(reinterpret_cast<id>(color)); }
+
+void registerColor();
+
+}  // namespace simulator

@@ -1,0 +1,5 @@
+#include "simulator/uikit/gesture/recognizer.hpp"
+namespace simulator {
+void attach(UIGestureRecognizer, UIView) {}
+void registerRecognizers() {}
+}  // namespace simulator

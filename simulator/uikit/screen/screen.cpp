@@ -1,0 +1,35 @@
+#include "simulator/uikit/screen/screen.hpp"
+
+namespace simulator {
+
+Screen& screen() {
+    static auto& shared = *new Screen;
+    return shared;
+}
+
+CGRect Screen::bounds() const {
+    bool turned =
+        orientation == orientationLandscapeLeft || orientation == orientationLandscapeRight;
+    return turned ? rect(0, 0, portrait.height, portrait.width)
+                  : rect(0, 0, portrait.width, portrait.height);
+}
+
+void registerScreen() {
+    table<UIScreen, Object>()
+        .classMethod<"mainScreen">([](Class) -> UIScreen {
+            static id shared = create<UIScreen>().leak();
+            return UIScreen(shared);
+        })
+        .classMethod<"screens">([](Class) { return NSArray::with(UIScreen::mainScreen()); })
+        .method<"bounds">([](UIScreen) -> CGRect { return screen().bounds(); })
+        .method<"nativeBounds">([](UIScreen) -> CGRect {
+            const Screen& s = screen();
+            return rect(0, 0, s.portrait.width * s.scale, s.portrait.height * s.scale);
+        })
+        .method<"scale">([](UIScreen) -> double { return screen().scale; })
+        .method<"nativeScale">([](UIScreen) -> double { return screen().scale; })
+        .method<"maximumFramesPerSecond">([](UIScreen) -> long { return 60; })
+        .method<"traitCollection">([](UIScreen) { return traitsOf(screen().style); });
+}
+
+}  // namespace simulator

@@ -1,0 +1,33 @@
+// The phone's screen and the device around it: size in points in portrait, scale, the interface
+// orientation that turns its bounds, the interface style. The phone sets them up; UIScreen, UIDevice
+// and UITraitCollection answer from here.
+#pragma once
+
+#include <string>
+
+#include "simulator/uikit/classes.hpp"
+
+namespace simulator {
+
+struct Screen {
+    CGSize portrait{375, 812};
+    double scale = 3;
+    long orientation = orientationPortrait;  // of the interface
+    long style = 1;                          // UIUserInterfaceStyle: light 1, dark 2
+    std::string systemVersion = "13.3";
+
+    CGRect bounds() const;
+};
+
+Screen& screen();
+
+// Changes the style of the whole phone and tells views and controllers, from each window down.
+void setInterfaceStyle(long style);
+
+void registerScreen();
+void registerDevice();
+void registerTraits();
+
+UITraitCollection traitsOf(long style);
+
+}  // namespace simulator

@@ -1,0 +1,28 @@
+#include "simulator/uikit/uikit.hpp"
+
+#include "simulator/runtime/clock.hpp"
+#include "simulator/uikit/application/application.hpp"
+#include "simulator/uikit/controller/controller.hpp"
+#include "simulator/uikit/gesture/recognizer.hpp"
+#include "simulator/uikit/screen/screen.hpp"
+#include "simulator/uikit/view/window/window.hpp"
+
+namespace simulator {
+
+void registerUIKit() {
+    AutoreleasePool pool;
+    registerColor();
+    registerLayer();
+    registerResponder();
+    registerTraits();
+    registerScreen();
+    registerDevice();
+    registerView();
+    registerWindow();
+    registerController();
+    registerApplication();
+    registerRecognizers();
+    Clock::shared().everyFrame([] { layoutWindows(); });
+}
+
+}  // namespace simulator

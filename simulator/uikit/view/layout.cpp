@@ -1,0 +1,74 @@
+// Layout: deferred to the frame, done from the top down, around the calls of a root view's
+// controller. A pass that makes new layout necessary is repeated, but not without end.
+#include "simulator/uikit/raise.hpp"
+#include "simulator/uikit/view/view.hpp"
+#include "simulator/uikit/view/window/window.hpp"
+
+namespace simulator {
+
+namespace {
+
+bool layoutWanted = false;
+constexpr int mostPasses = 64;
+
+void layoutOnce(UIView view) {
+    UIViewController controller = viewState(view).controller;
+    viewState(view).needsLayout = false;
+    controller.send<"viewWillLayoutSubviews">();
+    view.send<"layoutSubviews">();
+    controller.send<"viewDidLayoutSubviews">();
+}
+
+bool needsLayoutBelow(UIView view) {
+    if (viewState(view).needsLayout) return true;
+    for (auto& subview : viewState(view).subviews) {
+        if (needsLayoutBelow(subview)) return true;
+    }
+    return false;
+}
+
+void passOver(UIView view) {
+    Strong<UIView> kept = retained(view);
+    if (viewState(view).needsLayout) layoutOnce(view);
+    auto subviews = viewState(view).subviews;
+    for (auto& subview : subviews) {
+        if (viewState(subview).superview == view) passOver(subview);
+    }
+}
+
+// From the highest ancestor that needs it, without a gap, as the platform does.
+UIView startOfLayout(UIView view) {
+    UIView start = view;
+    for (UIView v = viewState(view).superview; v && viewState(v).needsLayout;
+         v = viewState(v).superview) {
+        start = v;
+    }
+    return start;
+}
+
+}  // namespace
+
+void markNeedsLayout(UIView view) {
+    viewState(view).needsLayout = true;
+    layoutWanted = true;
+}
+
+void layoutTree(UIView view) {
+    for (int pass = 0; pass < mostPasses && needsLayoutBelow(view); ++pass) passOver(view);
+}
+
+void layoutWindows() {
+    if (!std::exchange(layoutWanted, false)) return;
+    auto windows = allWindows();
+    for (auto& window : windows) layoutTree(window);
+}
+
+void addViewLayout(const Table<UIView>& views) {
+    views.method<"setNeedsLayout">([](UIView v) { markNeedsLayout(v); })
+        .method<"layoutIfNeeded">([](UIView v) { layoutTree(startOfLayout(v)); })
+        .method<"layoutSubviews">([](UIView) {})
+        .method<"setNeedsUpdateConstraints">([](UIView) {})
+        .method<"updateConstraintsIfNeeded">([](UIView) {});
+}
+
+}  // namespace simulator

@@ -1,0 +1,274 @@
+// Geometry, clipping and opacity of node trees, pixel by pixel.
+#include <gtest/gtest.h>
+
+#include "drawing.hpp"
+
+namespace simulator::rendering {
+namespace {
+
+TEST(Canvas, FillsTheFrameAndNothingBeside) {
+    Node root = screenNode(20, 20);
+    root.children.push_back(fillNode({{5, 6}, {10, 8}}, red));
+    const Surface picture = render(root, {20, 20}, 1);
+    EXPECT_EQ(picture.pixel(5, 6), redPixel);
+    EXPECT_EQ(picture.pixel(14, 13), redPixel);
+    EXPECT_EQ(picture.pixel(4, 6), blackPixel);
+    EXPECT_EQ(picture.pixel(15, 13), blackPixel);
+    EXPECT_EQ(picture.pixel(5, 14), blackPixel);
+}
+
+TEST(Canvas, HasScaleTimesThePoints) {
+    Node root = screenNode(20, 10);
+    root.children.push_back(fillNode({{5, 0}, {10, 10}}, red));
+    const Surface picture = render(root, {20, 10}, 3);
+    EXPECT_EQ(picture.width(), 60);
+    EXPECT_EQ(picture.height(), 30);
+    EXPECT_EQ(picture.pixel(14, 15), blackPixel);
+    EXPECT_EQ(picture.pixel(15, 15), redPixel);
+    EXPECT_EQ(picture.pixel(44, 15), redPixel);
+    EXPECT_EQ(picture.pixel(45, 15), blackPixel);
+}
+
+TEST(Canvas, AnswersZeroForPixelsOutside) {
+    const Surface picture = render(screenNode(4, 4), {4, 4}, 1);
+    EXPECT_EQ(picture.pixel(-1, 0), 0u);
+    EXPECT_EQ(picture.pixel(4, 0), 0u);
+    EXPECT_EQ(Surface().pixel(0, 0), 0u);
+}
+
+TEST(Canvas, SurvivesSizesThatAreNone) {
+    EXPECT_EQ(render(screenNode(0, 0), {0, -5}, 1).width(), 1);
+    EXPECT_EQ(Canvas({10, 10}, 0).surface().width(), 10);
+}
+
+TEST(Canvas, CircularCornersCutTheCornerOnly) {
+    Node root = screenNode(100, 100);
+    root.background = red;
+    root.cornerRadius = 30;
+    const Surface picture = render(root, {100, 100}, 1);
+    // The arc meets the diagonal at 30 (1 - 1/sqrt 2) = 8.79 points from each edge.
+    EXPECT_EQ(picture.pixel(7, 7), blackPixel);
+    EXPECT_EQ(picture.pixel(10, 10), redPixel);
+    EXPECT_EQ(picture.pixel(31, 0), redPixel);
+    EXPECT_EQ(picture.pixel(50, 50), redPixel);
+    EXPECT_EQ(picture.pixel(92, 92), blackPixel);
+    EXPECT_EQ(picture.pixel(89, 89), redPixel);
+}
+
+TEST(Canvas, ContinuousCornersBeginToBendBeforeTheRadius) {
+    Node round = screenNode(200, 200);
+    round.background = red;
+    round.cornerRadius = 40;
+    Node continuous = round;
+    continuous.continuousCorners = true;
+    const Surface circular = render(round, {200, 200}, 2);
+    const Surface squircle = render(continuous, {200, 200}, 2);
+    // 44 points along the top edge: the arc has ended there, the continuous corner has not.
+    EXPECT_EQ(circular.pixel(2 * 44, 0), redPixel);
+    EXPECT_LT(redOf(squircle.pixel(2 * 44, 0)), 255);
+    // Past one and a half radii both are straight.
+    EXPECT_EQ(squircle.pixel(2 * 62, 0), redPixel);
+}
+
+TEST(Canvas, ContinuousCornersWithoutRoomAreACircle) {
+    Node round = screenNode(60, 60);
+    round.background = red;
+    round.cornerRadius = 30;
+    Node continuous = round;
+    continuous.continuousCorners = true;
+    EXPECT_LE(largestDifference(render(round, {60, 60}, 1), render(continuous, {60, 60}, 1)), 2);
+}
+
+TEST(Canvas, RadiusBeyondHalfTheSideIsClamped) {
+    Node large = screenNode(40, 20);
+    large.background = red;
+    large.cornerRadius = 500;
+    Node half = large;
+    half.cornerRadius = 10;
+    EXPECT_EQ(largestDifference(render(large, {40, 20}, 1), render(half, {40, 20}, 1)), 0);
+}
+
+TEST(Canvas, ChildrenReachBeyondUnlessMasked) {
+    Node root = screenNode(40, 40);
+    Node holder = nodeWithFrame("holder", {{10, 10}, {20, 20}});
+    holder.children.push_back(fillNode({{-10, -10}, {40, 40}}, red));
+    root.children.push_back(holder);
+    EXPECT_EQ(render(root, {40, 40}, 1).pixel(2, 2), redPixel);
+    root.children[0].masksToBounds = true;
+    const Surface masked = render(root, {40, 40}, 1);
+    EXPECT_EQ(masked.pixel(2, 2), blackPixel);
+    EXPECT_EQ(masked.pixel(9, 20), blackPixel);
+    EXPECT_EQ(masked.pixel(10, 20), redPixel);
+}
+
+TEST(Canvas, MaskingFollowsRoundedCorners) {
+    Node root = screenNode(40, 40);
+    root.cornerRadius = 20;
+    root.masksToBounds = true;
+    root.children.push_back(fillNode({{0, 0}, {40, 40}}, red));
+    const Surface picture = render(root, {40, 40}, 1);
+    EXPECT_EQ(picture.pixel(2, 2), blackPixel);
+    EXPECT_EQ(picture.pixel(20, 1), redPixel);
+}
+
+TEST(Canvas, BoundsOriginScrollsTheChildren) {
+    Node root = screenNode(40, 40);
+    root.bounds.origin = {0, 10};
+    root.children.push_back(fillNode({{0, 10}, {40, 5}}, red));
+    const Surface picture = render(root, {40, 40}, 1);
+    EXPECT_EQ(picture.pixel(20, 0), redPixel);
+    EXPECT_EQ(picture.pixel(20, 5), blackPixel);
+}
+
+TEST(Canvas, HiddenAndInvisibleNodesDrawNothing) {
+    Node root = screenNode(10, 10);
+    root.children.push_back(fillNode({{0, 0}, {10, 10}}, red));
+    root.children[0].hidden = true;
+    EXPECT_EQ(render(root, {10, 10}, 1).pixel(5, 5), blackPixel);
+    root.children[0].hidden = false;
+    root.children[0].opacity = 0;
+    EXPECT_EQ(render(root, {10, 10}, 1).pixel(5, 5), blackPixel);
+}
+
+TEST(Canvas, LaterChildrenLieOnTop) {
+    Node root = screenNode(10, 10);
+    root.children.push_back(fillNode({{0, 0}, {10, 10}}, red));
+    root.children.push_back(fillNode({{0, 0}, {10, 10}}, blue));
+    EXPECT_EQ(render(root, {10, 10}, 1).pixel(5, 5), bluePixel);
+}
+
+// A see-through group is flattened first: what its upper child covers must not show.
+TEST(Canvas, GroupOpacityDoesNotShowWhatIsCovered) {
+    Node root = screenNode(10, 10);
+    Node group = fillNode({{0, 0}, {10, 10}}, red);
+    group.children.push_back(fillNode({{0, 0}, {10, 10}}, blue));
+    group.opacity = 0.5;
+    root.children.push_back(group);
+    const unsigned pixel = render(root, {10, 10}, 1).pixel(5, 5);
+    EXPECT_EQ(redOf(pixel), 0);
+    EXPECT_NEAR(blueOf(pixel), 128, 1);
+}
+
+TEST(Canvas, OpacityOfASingleThingIsThatOfItsColour) {
+    Node faded = screenNode(10, 10);
+    faded.children.push_back(fillNode({{1, 1}, {8, 8}}, red));
+    faded.opacity = 0.5;
+    Node coloured = screenNode(10, 10);
+    coloured.children.push_back(fillNode({{1, 1}, {8, 8}}, {1, 0, 0, 0.5}));
+    EXPECT_LE(largestDifference(render(faded, {10, 10}, 1), render(coloured, {10, 10}, 1)), 1);
+}
+
+TEST(Canvas, NestedOpacitiesMultiply) {
+    Node root = screenNode(10, 10);
+    Node outer = nodeWithFrame("outer", {{0, 0}, {10, 10}});
+    Node inner = fillNode({{0, 0}, {10, 10}}, white);
+    inner.children.push_back(fillNode({{0, 0}, {10, 10}}, white));
+    inner.opacity = 0.5;
+    outer.opacity = 0.5;
+    outer.children.push_back(inner);
+    root.children.push_back(outer);
+    EXPECT_NEAR(redOf(render(root, {10, 10}, 1).pixel(5, 5)), 64, 2);
+}
+
+TEST(Canvas, TransformTurnsAboutTheAnchor) {
+    Node root = screenNode(40, 40);
+    Node bar = fillNode({{10, 18}, {20, 4}}, red);
+    bar.transform = {0, 1, -1, 0, 0, 0};  // a quarter turn
+    root.children.push_back(bar);
+    const Surface picture = render(root, {40, 40}, 1);
+    EXPECT_EQ(picture.pixel(20, 11), redPixel);
+    EXPECT_EQ(picture.pixel(20, 28), redPixel);
+    EXPECT_EQ(picture.pixel(12, 20), blackPixel);
+}
+
+TEST(Canvas, AnchorAtTheCornerKeepsTheCornerInPlace) {
+    Node root = screenNode(40, 40);
+    Node box = fillNode({{0, 0}, {10, 10}}, red);
+    box.anchor = {0, 0};
+    box.position = {10, 10};
+    box.transform = {2, 0, 0, 2, 0, 0};
+    root.children.push_back(box);
+    const Surface picture = render(root, {40, 40}, 1);
+    EXPECT_EQ(picture.pixel(9, 9), blackPixel);
+    EXPECT_EQ(picture.pixel(10, 10), redPixel);
+    EXPECT_EQ(picture.pixel(29, 29), redPixel);
+    EXPECT_EQ(picture.pixel(30, 30), blackPixel);
+}
+
+// The translation of a transform is in the parent's units: it is not scaled by its own matrix.
+TEST(Canvas, TranslationComesAfterTheScale) {
+    Node root = screenNode(40, 40);
+    Node box = fillNode({{5, 5}, {10, 10}}, red);
+    box.transform = {2, 0, 0, 2, 10, 0};
+    root.children.push_back(box);
+    const Surface picture = render(root, {40, 40}, 1);
+    EXPECT_EQ(picture.pixel(9, 10), blackPixel);
+    EXPECT_EQ(picture.pixel(10, 10), redPixel);
+    EXPECT_EQ(picture.pixel(29, 10), redPixel);
+    EXPECT_EQ(picture.pixel(30, 10), blackPixel);
+}
+
+TEST(Canvas, TransformOfAParentMovesItsChildren) {
+    Node turned = screenNode(40, 40);
+    Node parent = nodeWithFrame("parent", {{0, 0}, {40, 40}});
+    parent.transform = {1, 0, 0, 1, 7, 3};
+    parent.children.push_back(fillNode({{5, 5}, {10, 10}}, red));
+    turned.children.push_back(parent);
+    Node plain = screenNode(40, 40);
+    plain.children.push_back(fillNode({{12, 8}, {10, 10}}, red));
+    EXPECT_EQ(largestDifference(render(turned, {40, 40}, 2), render(plain, {40, 40}, 2)), 0);
+}
+
+TEST(Canvas, FlattenedTransformDrawsNothingAndHarmsNothing) {
+    Node root = screenNode(10, 10);
+    root.children.push_back(fillNode({{0, 0}, {10, 10}}, red));
+    root.children.push_back(fillNode({{0, 0}, {10, 10}}, blue));
+    root.children[0].transform = {0, 0, 0, 0, 0, 0};
+    EXPECT_EQ(render(root, {10, 10}, 1).pixel(5, 5), bluePixel);
+}
+
+TEST(Canvas, BorderLiesInside) {
+    Node root = screenNode(20, 20);
+    Node box = nodeWithFrame("box", {{4, 4}, {12, 12}});
+    box.borderWidth = 2;
+    box.border = green;
+    root.children.push_back(box);
+    const Surface picture = render(root, {20, 20}, 1);
+    EXPECT_EQ(picture.pixel(3, 10), blackPixel);
+    EXPECT_EQ(picture.pixel(4, 10), greenPixel);
+    EXPECT_EQ(picture.pixel(5, 10), greenPixel);
+    EXPECT_EQ(picture.pixel(6, 10), blackPixel);
+}
+
+TEST(Canvas, MaskShowsOnlyWhereItIsOpaque) {
+    Node root = screenNode(20, 20);
+    Node box = fillNode({{0, 0}, {20, 20}}, red);
+    box.mask = std::make_shared<Node>(fillNode({{0, 0}, {10, 20}}, black));
+    root.children.push_back(box);
+    const Surface picture = render(root, {20, 20}, 1, white);
+    EXPECT_EQ(picture.pixel(5, 10), redPixel);
+    EXPECT_EQ(picture.pixel(15, 10), whitePixel);
+}
+
+TEST(Canvas, ShadowDarkensAroundTheLayer) {
+    Node root = screenNode(60, 60);
+    Node box = fillNode({{20, 20}, {20, 20}}, white);
+    box.shadow = Shadow{{0, 0, 0, 1}, 4, {0, 0}};
+    root.children.push_back(box);
+    const Surface picture = render(root, {60, 60}, 1, white);
+    EXPECT_LT(redOf(picture.pixel(30, 42)), 200);
+    EXPECT_EQ(picture.pixel(30, 30), whitePixel);
+    EXPECT_EQ(picture.pixel(2, 2), whitePixel);
+}
+
+TEST(Canvas, GradientRunsFromStartToEnd) {
+    Node root = screenNode(100, 10);
+    root.content = Gradient{{{0, black}, {1, white}}, {0, 0.5}, {1, 0.5}, false};
+    const Surface picture = render(root, {100, 10}, 1);
+    EXPECT_NEAR(redOf(picture.pixel(0, 5)), 1, 2);
+    EXPECT_NEAR(redOf(picture.pixel(50, 5)), 128, 3);
+    EXPECT_NEAR(redOf(picture.pixel(99, 5)), 254, 2);
+}
+
+}  // namespace
+}  // namespace simulator::rendering

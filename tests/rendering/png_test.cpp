@@ -1,0 +1,111 @@
+// PNG files there and back, and the sentences for what goes wrong; montages of pictures.
+#include "simulator/rendering/png.hpp"
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <array>
+#include <fstream>
+
+#include "drawing.hpp"
+#include "simulator/rendering/montage.hpp"
+
+namespace simulator::rendering {
+namespace {
+
+class Png : public testing::Test {
+  protected:
+    void SetUp() override {
+        folder_ = std::filesystem::temp_directory_path() / ("png-test-" + std::to_string(getpid()));
+        std::filesystem::create_directory(folder_);
+    }
+    void TearDown() override { std::filesystem::remove_all(folder_); }
+    std::filesystem::path folder_;
+};
+
+TEST_F(Png, ReadsWhatItWrote) {
+    Node root = screenNode(8, 6);
+    root.children.push_back(fillNode({{2, 2}, {3, 3}}, {1, 0.5, 0.25, 1}));
+    const Surface picture = render(root, {8, 6}, 2);
+    ASSERT_EQ(writePng(picture, folder_ / "a.png"), std::nullopt);
+    const ReadPng read = readPng(folder_ / "a.png");
+    ASSERT_TRUE(read) << read.error;
+    EXPECT_EQ(largestDifference(read.surface, picture), 0);
+}
+
+TEST_F(Png, WritingIntoAMissingFolderNamesTheFile) {
+    const auto problem = writePng(Surface(2, 2), folder_ / "missing" / "a.png");
+    ASSERT_TRUE(problem.has_value());
+    EXPECT_NE(problem->find("missing/a.png"), std::string::npos) << *problem;
+}
+
+TEST_F(Png, WritingNothingIsAProblem) {
+    EXPECT_NE(writePng(Surface(), folder_ / "a.png"), std::nullopt);
+    EXPECT_FALSE(std::filesystem::exists(folder_ / "a.png"));
+}
+
+TEST_F(Png, ReadingAMissingFileNamesTheFile) {
+    const ReadPng read = readPng(folder_ / "none.png");
+    EXPECT_FALSE(read);
+    EXPECT_NE(read.error.find("none.png"), std::string::npos) << read.error;
+}
+
+TEST_F(Png, ReadingAFolderIsAProblem) {
+    const ReadPng read = readPng(folder_);
+    EXPECT_FALSE(read);
+    EXPECT_NE(read.error.find("folder"), std::string::npos) << read.error;
+}
+
+TEST_F(Png, ReadingTextOrHalfAFileIsAProblem) {
+    std::ofstream(folder_ / "text.png") << "this is no picture";
+    EXPECT_FALSE(readPng(folder_ / "text.png"));
+    ASSERT_EQ(writePng(Surface(64, 64), folder_ / "whole.png"), std::nullopt);
+    std::filesystem::resize_file(folder_ / "whole.png", 60);
+    EXPECT_FALSE(readPng(folder_ / "whole.png"));
+}
+
+TEST_F(Png, DecodesBytes) {
+    ASSERT_EQ(writePng(Surface(5, 4), folder_ / "a.png"), std::nullopt);
+    std::ifstream file(folder_ / "a.png", std::ios::binary);
+    const std::string bytes((std::istreambuf_iterator<char>(file)), {});
+    const ReadPng read = decodePng(std::as_bytes(std::span(bytes)));
+    ASSERT_TRUE(read) << read.error;
+    EXPECT_EQ(read.surface.width(), 5);
+    EXPECT_FALSE(decodePng({}));
+    EXPECT_NE(decodePng({}, "cover").error.find("cover"), std::string::npos);
+}
+
+TEST(FilmStrip, PutsFramesBesideOneAnother) {
+    Node root = screenNode(10, 10);
+    root.background = red;
+    const Surface frameOne = render(root, {10, 10}, 1);
+    root.background = blue;
+    const Surface frameTwo = render(root, {10, 10}, 1);
+    const Surface strip = filmStrip({frameOne, frameTwo}, 4);
+    EXPECT_EQ(strip.width(), 24);
+    EXPECT_EQ(strip.height(), 10);
+    EXPECT_EQ(strip.pixel(5, 5), redPixel);
+    EXPECT_EQ(strip.pixel(12, 5), 0u);
+    EXPECT_EQ(strip.pixel(14, 5), bluePixel);
+}
+
+TEST(FilmStrip, OfNothingIsAPixel) { EXPECT_EQ(filmStrip({}).width(), 1); }
+
+TEST(SideBySide, AddsRoomForCaptionsOnlyWhenThereAreSome) {
+    EXPECT_EQ(sideBySide({{Surface(10, 10), ""}}).height(), 10);
+    EXPECT_GT(sideBySide({{Surface(10, 10), "A"}}).height(), 10);
+}
+
+TEST(Frame, KeepsTheScreenInTheMiddleAndRoundsItsCorners) {
+    Node root = screenNode(200, 400);
+    root.background = red;
+    const Surface phone = frame(render(root, {200, 400}, 1), 1, false);
+    const int left = (phone.width() - 200) / 2;
+    const int top = (phone.height() - 400) / 2;
+    EXPECT_EQ(phone.pixel(left + 100, top + 200), redPixel);
+    EXPECT_EQ(redOf(phone.pixel(left + 7, top + 7)), 5);  // the glass around the screen
+    EXPECT_EQ(alphaOf(phone.pixel(0, 0)), 0);
+}
+
+}  // namespace
+}  // namespace simulator::rendering
