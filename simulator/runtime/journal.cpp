@@ -32,16 +32,37 @@ std::unordered_map<Key, Entry, KeyHash>& entries() {
 
 unsigned long order = 0;
 
-bool isKindOf(Class cls, std::string_view name) {
-    for (; cls; cls = class_getSuperclass(cls)) {
-        if (name == class_getName(cls)) return true;
+// How many steps up from cls the class of that name is; -1 when it is none of them.
+int distanceTo(Class cls, std::string_view name) {
+    for (int steps = 0; cls; cls = class_getSuperclass(cls), ++steps) {
+        if (name == class_getName(cls)) return steps;
     }
-    return false;
+    return -1;
 }
 
-bool concerns(const Key& key, std::string_view className, std::string_view selector) {
-    return selector == key.selector &&
-           (className == class_getName(key.definer) || isKindOf(key.receiver, className));
+Class ancestor(Class cls, int steps) {
+    while (steps-- > 0) cls = class_getSuperclass(cls);
+    return cls;
+}
+
+// The entries of the implementation that the class itself has: its own, or else the nearest one that
+// it inherits. An implementation that calls its superclass's is one run, not two.
+std::vector<const std::pair<const Key, Entry>*> entriesOf(std::string_view className,
+                                                          std::string_view selector) {
+    std::vector<const std::pair<const Key, Entry>*> nearest;
+    int best = -1;
+    for (const auto& entry : entries()) {
+        const Key& key = entry.first;
+        if (selector != key.selector) continue;
+        int up = distanceTo(key.receiver, className);
+        if (up < 0) continue;
+        int inherited = distanceTo(ancestor(key.receiver, up), class_getName(key.definer));
+        if (inherited < 0 || (best >= 0 && inherited > best)) continue;
+        if (inherited != best) nearest.clear();
+        best = inherited;
+        nearest.push_back(&entry);
+    }
+    return nearest;
 }
 
 }  // namespace
@@ -57,19 +78,15 @@ void Journal::note(Class definer, id self, const char* selector, std::vector<Arg
 
 long Journal::count(std::string_view className, std::string_view selector) {
     long sum = 0;
-    for (const auto& [key, entry] : entries()) {
-        if (concerns(key, className, selector)) sum += entry.count;
-    }
+    for (const auto* entry : entriesOf(className, selector)) sum += entry->second.count;
     return sum;
 }
 
 std::optional<std::vector<Argument>> Journal::last(std::string_view className,
                                                    std::string_view selector) {
     const Entry* latest = nullptr;
-    for (const auto& [key, entry] : entries()) {
-        if (concerns(key, className, selector) && (!latest || entry.latest > latest->latest)) {
-            latest = &entry;
-        }
+    for (const auto* entry : entriesOf(className, selector)) {
+        if (!latest || entry->second.latest > latest->latest) latest = &entry->second;
     }
     if (!latest) return std::nullopt;
     return latest->arguments;

@@ -28,8 +28,8 @@ class Journal {
         note(definer, self, sel_getName(command), {box(arguments)...});
     }
 
-    // How often the class ran its own implementation of the selector since the last clear: counted
-    // for the class that defines it, and for every class whose objects it ran on.
+    // How often objects of the class ran the implementation that the class has, its own or the one
+    // that it inherits, since the last clear.
     static long count(std::string_view className, std::string_view selector);
     // The arguments of the latest such run.
     static std::optional<std::vector<Argument>> last(std::string_view className,

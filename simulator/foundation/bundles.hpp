@@ -1,0 +1,16 @@
+// The system's bundles and frameworks: bundleWithPath: for a system path gives a stand-in whose
+// load answers YES, unless the scenario says that it does not load. The first successful load
+// brings the bundle's classes.
+#pragma once
+
+#include <functional>
+#include <string>
+
+namespace simulator {
+
+void installBundles();
+// "/System/Library/ControlCenter/Bundles/ReplayKitModule.bundle" and the like.
+void setMissingBundle(const std::string& path);
+void onBundleLoad(const std::string& path, std::function<void()> bringClasses);
+
+}  // namespace simulator

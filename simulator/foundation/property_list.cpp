@@ -1,0 +1,114 @@
+#include "simulator/foundation/property_list.hpp"
+
+#include <fstream>
+#include <stdexcept>
+
+#include "simulator/foundation/property_list_guard.hpp"
+
+namespace simulator {
+
+namespace {
+
+using platform::NSArray;
+using platform::NSMutableArray;
+using platform::NSNumber;
+using platform::NSString;
+using platform::Object;
+using platform::sendClass;
+
+struct NSMutableDictionary : platform::NSDictionary {
+    static constexpr platform::FixedString name{"NSMutableDictionary"};
+    using NSDictionary::NSDictionary;
+};
+struct NSData : Object {
+    static constexpr platform::FixedString name{"NSData"};
+    using Object::Object;
+};
+struct NSPropertyListSerialization : Object {
+    static constexpr platform::FixedString name{"NSPropertyListSerialization"};
+    using Object::Object;
+};
+
+Object list(const nlohmann::json& value) {
+    NSMutableArray array = NSMutableArray::empty();
+    for (const auto& element : value) array.add(propertyListObject(element));
+    return array;
+}
+
+Object dictionary(const nlohmann::json& value) {
+    auto result = sendClass<NSMutableDictionary, "dictionary", NSMutableDictionary>();
+    for (const auto& [key, element] : value.items()) {
+        result.send<"setObject:forKey:">(propertyListObject(element), NSString::from(key.c_str()));
+    }
+    return result;
+}
+
+NSData dataOf(std::string_view bytes) {
+    return sendClass<NSData, "dataWithBytes:length:", NSData>(
+        static_cast<const void*>(bytes.data()), static_cast<unsigned long>(bytes.size()));
+}
+
+}  // namespace
+
+Object propertyListObject(const nlohmann::json& value) {
+    using Type = nlohmann::json::value_t;
+    switch (value.type()) {
+        case Type::boolean:
+            return sendClass<NSNumber, "numberWithBool:", NSNumber>(
+                static_cast<unsigned char>(value.get<bool>()));
+        case Type::number_integer:
+        case Type::number_unsigned:
+            return sendClass<NSNumber, "numberWithLongLong:", NSNumber>(value.get<long long>());
+        case Type::number_float:
+            return sendClass<NSNumber, "numberWithDouble:", NSNumber>(value.get<double>());
+        case Type::string:
+            return NSString::from(value.get_ref<const std::string&>().c_str());
+        case Type::array:
+            return list(value);
+        case Type::object:
+            return dictionary(value);
+        default:
+            throw std::invalid_argument("a property list holds no null");
+    }
+}
+
+std::string encodePropertyList(Object root, PropertyListFormat format) {
+    NSData data = sendClass<NSPropertyListSerialization,
+                            "dataWithPropertyList:format:options:error:", NSData>(
+        root, static_cast<unsigned long>(format), 0UL, static_cast<id*>(nullptr));
+    if (!data) throw std::invalid_argument("not a property list");
+    return {static_cast<const char*>(data.send<"bytes", const void*>()),
+            data.send<"length", unsigned long>()};
+}
+
+Object decodePropertyList(std::string_view bytes) {
+    if (!isHarmlessPropertyList(bytes)) return {};
+    try {
+        return sendClass<NSPropertyListSerialization,
+                         "propertyListWithData:options:format:error:", Object>(
+            dataOf(bytes), 0UL, static_cast<unsigned long*>(nullptr), static_cast<id*>(nullptr));
+    } catch (...) {  // malformed binary lists raise
+        return {};
+    }
+}
+
+std::optional<std::string> readFile(const std::filesystem::path& path, std::size_t limit) {
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(path, error)) return std::nullopt;
+    auto size = std::filesystem::file_size(path, error);
+    if (error || size > limit) return std::nullopt;
+    std::ifstream stream(path, std::ios::binary);
+    std::string bytes(size, '\0');
+    if (!stream.read(bytes.data(), static_cast<std::streamsize>(size))) return std::nullopt;
+    return bytes;
+}
+
+bool writeFile(const std::filesystem::path& path, std::string_view bytes) {
+    std::error_code error;
+    std::filesystem::create_directories(path.parent_path(), error);
+    std::ofstream stream(path, std::ios::binary | std::ios::trunc);
+    stream.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    return static_cast<bool>(stream.flush());
+}
+
+}  // namespace simulator

@@ -1,0 +1,35 @@
+// Property lists: from JSON, and from files that may hold anything. GNUstep's reader can be brought
+// to end the process by size or depth, so both are checked before it sees the bytes.
+#pragma once
+
+#include <filesystem>
+#include <nlohmann/json.hpp>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/foundation.hpp"
+
+namespace simulator {
+
+enum class PropertyListFormat : unsigned long {
+    xml = 100,
+    binary = 200
+};  // the platform's numbers
+
+// Booleans, integers, reals, strings, lists and dictionaries. Throws std::invalid_argument for
+// null, which no property list holds.
+platform::Object propertyListObject(const nlohmann::json& value);
+
+std::string encodePropertyList(platform::Object root, PropertyListFormat format);
+
+// The root object (autoreleased); empty when the bytes are no property list, or too large (1 MiB)
+// or too deep (200) for one that a phone keeps.
+platform::Object decodePropertyList(std::string_view bytes);
+
+// The bytes of a file of the host; nothing when it cannot be read or is longer than the limit.
+std::optional<std::string> readFile(const std::filesystem::path& path,
+                                    std::size_t limit = std::size_t{64} << 20);
+bool writeFile(const std::filesystem::path& path, std::string_view bytes);
+
+}  // namespace simulator

@@ -1,0 +1,20 @@
+// Control Center: a panel that comes down over everything from the status bar, or up from the bottom
+// edge on phones with a home button.
+#pragma once
+
+#include "simulator/springboard/system_pan.hpp"
+
+namespace simulator {
+
+SBControlCenterController controlCenter();
+bool controlCenterIsOpen();
+void dismissControlCenter(bool animated);
+
+// Where the finger of the next bottom-edge report is, in the display.
+void setControlCenterFinger(CGPoint location);
+// The recogniser of the status bar, which the system drives.
+SBSystemPanGestureRecognizer statusBarPan();
+
+void registerControlCenter();
+
+}  // namespace simulator

@@ -1,0 +1,21 @@
+// Icons: the model of what stands on the home screen, the pictures of it, and the views that show
+// them and open an application when they are tapped.
+#pragma once
+
+#include <string>
+
+#include "simulator/springboard/classes.hpp"
+
+namespace simulator {
+
+inline constexpr double iconLength = 60;  // points, of the square
+
+// Empty for an application that is not installed.
+SBApplicationIcon iconOf(const std::string& identifier);
+std::string identifierOf(SBIcon icon);
+Strong<SBIconView> makeIconView(SBIcon icon, bool labelled);
+SBIcon iconOfView(SBIconView view);
+
+void registerIcons();
+
+}  // namespace simulator

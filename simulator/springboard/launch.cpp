@@ -1,0 +1,139 @@
+#include "simulator/springboard/launch.hpp"
+
+#include <filesystem>
+
+#include "simulator/foundation/bundles.hpp"
+#include "simulator/foundation/conversions.hpp"
+#include "simulator/foundation/device_root.hpp"
+#include "simulator/foundation/files.hpp"
+#include "simulator/foundation/notification_counts.hpp"
+#include "simulator/runtime/associations.hpp"
+#include "simulator/runtime/clock.hpp"
+#include "simulator/runtime/crash.hpp"
+#include "simulator/runtime/machine.hpp"
+#include "simulator/runtime/system_log.hpp"
+#include "simulator/services/connectivity.hpp"
+#include "simulator/services/media.hpp"
+#include "simulator/services/screen_recording.hpp"
+#include "simulator/springboard/applications.hpp"
+#include "simulator/springboard/configuration.hpp"
+#include "simulator/springboard/control_center.hpp"
+#include "simulator/springboard/extension.hpp"
+#include "simulator/springboard/home_screen.hpp"
+#include "simulator/springboard/icon_lists.hpp"
+#include "simulator/springboard/icons.hpp"
+#include "simulator/springboard/lock_screen.hpp"
+#include "simulator/springboard/platform_parts.hpp"
+#include "simulator/springboard/reachability.hpp"
+#include "simulator/springboard/recents.hpp"
+#include "simulator/springboard/scene_layout.hpp"
+#include "simulator/springboard/springboard_application.hpp"
+#include "simulator/springboard/switcher_gestures.hpp"
+#include "simulator/springboard/uikit_bridge.hpp"
+#include "simulator/springboard/windows.hpp"
+#include "simulator/uikit/application/application.hpp"
+#include "simulator/uikit/screen/screen.hpp"
+#include "simulator/uikit/uikit.hpp"
+
+namespace simulator {
+
+namespace {
+
+constexpr double launchingTime = 10;  // seconds, at most
+
+void setUpScreen() {
+    const Configuration& phone = configuration();
+    setMachine(phone.machine);
+    screen().portrait = phone.screen;
+    screen().scale = phone.scale;
+    screen().systemVersion = phone.systemVersion;
+}
+
+// The pictures that the extension's package puts on a phone.
+void installSupportFiles() {
+    namespace fs = std::filesystem;
+    fs::path target = DeviceRoot::shared().locate("/Library/Application Support/Vantori");
+    std::error_code error;
+    fs::path program = fs::read_symlink("/proc/self/exe", error);
+    for (const fs::path& source : {program.parent_path().parent_path() / "share/vantori/assets",
+                                   fs::path(VANTORI_SOURCE_DIR) / "assets"}) {
+        if (!fs::is_directory(source, error)) continue;
+        fs::create_directories(target, error);
+        fs::copy(source, target, fs::copy_options::recursive | fs::copy_options::skip_existing,
+                 error);
+        return;
+    }
+}
+
+void startSpringBoard() {
+    auto application = create<SpringBoard>();
+    if (application) setSharedApplication(UIApplication(application.get()));
+    makeWindows();
+    makeHomeScreen();
+    moveHomeScreenToWindow();
+    setRecents(configuration().recents);
+    gestureManager();
+    if (SBMainDisplaySceneLayoutViewController layout = sceneLayoutController()) {
+        layout.view();
+        windows().scenes.setRootViewController(layout);
+        windows().scenes.setHidden(false);
+    }
+    application.send<"applicationDidFinishLaunching:">(Object(application.get()));
+}
+
+}  // namespace
+
+void prepareProcess() {
+    AutoreleasePool pool;
+    SystemLog::shared().install();
+    installCrashReport();
+    installAssociations();
+    installFiles();
+    installBundles();
+    installConversions();
+    installNotificationCounts();
+}
+
+void registerSpringBoard() {
+    AutoreleasePool pool;
+    registerSystemPan();
+    registerWindows();
+    registerApplications();
+    registerSceneLayout();
+    registerIcons();
+    registerIconLists();
+    registerHomeScreen();
+    registerSwitcherGestures();
+    registerReachability();
+    registerRecents();
+    registerLockScreen();
+    registerControlCenter();
+    registerPlatformParts();
+    registerMedia();
+    registerModuleControllers();
+    announceScreenRecording();
+    announceConnectivity();
+    registerSpringBoardApplication();
+}
+
+void launchPhone(Extension extension) {
+    AutoreleasePool pool;
+    setUpScreen();
+    installSupportFiles();
+    registerUIKit();
+    registerSpringBoard();
+    if (extension == Extension::load) loadExtension();
+    startSpringBoard();
+    settle(launchingTime);
+    // With the home screen in front no application's scenes are on the display.
+    if (frontMostIdentifier().empty()) windows().scenes.setHidden(true);
+}
+
+void settle(double atMost) {
+    Clock& clock = Clock::shared();
+    double end = clock.now() + atMost;
+    do clock.advance(Clock::frame);
+    while (anythingMoves() && clock.now() < end);
+}
+
+}  // namespace simulator

@@ -1,0 +1,15 @@
+// The lock screen: a window that covers everything but what is allowed above it.
+#pragma once
+
+#include "simulator/springboard/classes.hpp"
+
+namespace simulator {
+
+bool isLocked();
+SBLockScreenManager lockScreenManager();
+void registerLockScreen();
+
+// Where a lock or an unlock comes from, as SpringBoard numbers it.
+inline constexpr int lockButton = 1;
+
+}  // namespace simulator

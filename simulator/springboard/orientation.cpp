@@ -1,0 +1,64 @@
+#include "simulator/springboard/orientation.hpp"
+
+#include <vector>
+
+#include "simulator/springboard/home_screen.hpp"
+#include "simulator/springboard/windows.hpp"
+#include "simulator/uikit/screen/screen.hpp"
+
+namespace simulator {
+
+namespace {
+
+constexpr double turningDuration = 0.4;  // seconds, for a quarter turn
+
+std::vector<Object>& observers() {
+    static auto& list = *new std::vector<Object>;
+    return list;
+}
+
+using Observation = void (*)(Object observer, long from, long to);
+
+void tellBefore(Object observer, long, long to) {
+    if (observer.respondsTo(selector<"activeInterfaceOrientationWillChangeToOrientation:">())) {
+        observer.send<"activeInterfaceOrientationWillChangeToOrientation:">(to);
+    }
+}
+
+void tellAfter(Object observer, long from, long to) {
+    constexpr FixedString message{
+        "activeInterfaceOrientationDidChangeToOrientation:willAnimateWithDuration:"
+        "fromOrientation:"};
+    if (observer.respondsTo(selector<message>())) {
+        observer.send<message>(to, turningDuration, from);
+    }
+}
+
+// An observer may add others while it is told.
+void tell(Observation observation, long from, long to) {
+    const std::vector<Object> told = observers();
+    for (Object observer : told) observation(observer, from, to);
+}
+
+}  // namespace
+
+long activeOrientation() { return screen().orientation; }
+
+void addOrientationObserver(Object observer) {
+    if (observer) observers().push_back(observer);
+}
+
+void turnInterface(long orientation) {
+    long before = activeOrientation();
+    UIDevice::currentDevice().setOrientation(orientation, true);
+    if (before == orientation) return;
+    tell(&tellBefore, before, orientation);
+    screen().orientation = orientation;
+    layWindows();
+    layHomeScreen();
+    refreshWindows();
+    tell(&tellAfter, before, orientation);
+    SpringBoard::shared().send<"_postActiveInterfaceOrientationChangedNotificationAnimated:">(true);
+}
+
+}  // namespace simulator

@@ -1,0 +1,21 @@
+// The list of recent applications, newest first, as the app switcher keeps it: application layouts
+// that hold display items.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "simulator/springboard/classes.hpp"
+
+namespace simulator {
+
+// An application came to the front: it moves to the head of the list, which is then saved.
+void noteRecent(const std::string& identifier);
+// Replaces the list without saving it.
+void setRecents(const std::vector<std::string>& identifiers);
+// The one object that keeps the list; made on first use.
+SBRecentAppLayouts recentAppLayouts();
+
+void registerRecents();
+
+}  // namespace simulator

@@ -1,0 +1,26 @@
+// Pictures of the screen as it is on screen now, upright for the interface, one pixel a point.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "simulator/rendering/surface.hpp"
+
+namespace simulator {
+
+rendering::Surface screenPicture(double pixelsPerPoint = 1);
+// Answers the problem, or nothing when all went well.
+std::optional<std::string> saveScreen(const std::filesystem::path& file);
+
+class FilmStrip {
+  public:
+    void add();
+    std::optional<std::string> save(const std::filesystem::path& file) const;
+
+  private:
+    std::vector<rendering::Surface> frames_;
+};
+
+}  // namespace simulator

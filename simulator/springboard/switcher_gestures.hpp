@@ -1,0 +1,17 @@
+// The bottom edge of phones without a home button: the fluid switcher's gesture manager, its grabber
+// tongue, and the trapezoid in which such gestures may begin. By themselves they bring the user home.
+#pragma once
+
+#include "simulator/springboard/system_pan.hpp"
+
+namespace simulator {
+
+SBFluidSwitcherGestureManager gestureManager();
+SBGrabberTongue grabberTongue();
+// The recogniser of the tongue's edge pull, which the system drives.
+SBSystemPanGestureRecognizer edgePullPan();
+SBFluidSwitcherGestureExclusionTrapezoid exclusionTrapezoid();
+
+void registerSwitcherGestures();
+
+}  // namespace simulator

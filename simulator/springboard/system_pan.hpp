@@ -1,0 +1,20 @@
+// A pan recogniser that the system drives itself: the bottom edge's and the status bar's. Its place,
+// translation and velocity are those it was last told, in the display's own coordinates (portrait).
+#pragma once
+
+#include "simulator/springboard/classes.hpp"
+
+namespace simulator {
+
+struct Finger {
+    CGPoint location{};
+    CGPoint velocity{};  // points per second
+    UIGestureRecognizer::State state = UIGestureRecognizer::possible;
+};
+
+Strong<SBSystemPanGestureRecognizer> makeSystemPan(UIView view);
+void drive(SBSystemPanGestureRecognizer recognizer, const Finger& finger);
+
+void registerSystemPan();
+
+}  // namespace simulator
