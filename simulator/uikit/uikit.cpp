@@ -5,6 +5,7 @@
 #include "simulator/uikit/controller/controller.hpp"
 #include "simulator/uikit/gesture/recognizer.hpp"
 #include "simulator/uikit/screen/screen.hpp"
+#include "simulator/uikit/view/scroll/scroll_view.hpp"
 #include "simulator/uikit/view/window/window.hpp"
 
 namespace simulator {
@@ -21,7 +22,9 @@ void registerUIKit() {
     registerWindow();
     registerController();
     registerApplication();
+    registerTouch();
     registerRecognizers();
+    registerScrollView();
     Clock::shared().everyFrame([] { layoutWindows(); });
 }
 
