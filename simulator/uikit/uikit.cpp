@@ -3,8 +3,15 @@
 #include "simulator/runtime/clock.hpp"
 #include "simulator/uikit/application/application.hpp"
 #include "simulator/uikit/controller/controller.hpp"
+#include "simulator/uikit/feedback/feedback.hpp"
+#include "simulator/uikit/foundation/additions.hpp"
 #include "simulator/uikit/gesture/recognizer.hpp"
+#include "simulator/uikit/image/image.hpp"
 #include "simulator/uikit/screen/screen.hpp"
+#include "simulator/uikit/view/control/control.hpp"
+#include "simulator/uikit/view/effect/effect.hpp"
+#include "simulator/uikit/view/label/label.hpp"
+#include "simulator/uikit/view/scroll/scroll_view.hpp"
 #include "simulator/uikit/view/window/window.hpp"
 
 namespace simulator {
@@ -21,7 +28,19 @@ void registerUIKit() {
     registerWindow();
     registerController();
     registerApplication();
+    registerTouch();
     registerRecognizers();
+    registerScrollView();
+    registerControl();
+    registerPageControl();
+    registerFont();
+    registerLabel();
+    registerImage();
+    registerImageView();
+    registerButton();
+    registerEffects();
+    registerFeedback();
+    addToFoundation();
     Clock::shared().everyFrame([] { layoutWindows(); });
 }
 
