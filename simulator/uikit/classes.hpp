@@ -34,6 +34,7 @@ VANTORI_CLASS(UIAlertController, UIViewController, "UIAlertController");
 VANTORI_CLASS(UIAlertAction, Object, "UIAlertAction");
 VANTORI_CLASS(NSValue, Object, "NSValue");
 VANTORI_CLASS(NSTimer, Object, "NSTimer");
+VANTORI_CLASS(ClockTimer, NSTimer, "VirtualClockTimer");
 VANTORI_CLASS(NSException, Object, "NSException");
 // What a view or layer shows on screen now, mid-animation.
 VANTORI_CLASS(ViewPresentation, Object, "UIViewPresentation");

@@ -1,0 +1,102 @@
+#include "simulator/uikit/image/image.hpp"
+
+#include <filesystem>
+
+#include "simulator/rendering/png.hpp"
+#include "simulator/uikit/raise.hpp"
+#include "simulator/uikit/screen/screen.hpp"
+
+namespace simulator {
+
+namespace {
+
+struct ImageState {
+    rendering::PictureRef picture;
+    long renderingMode;  // automatic 0, original 1, template 2
+};
+
+std::string asItIs(const std::string& path) { return path; }
+std::string (*resolvePath)(const std::string&) = &asItIs;
+
+UIImage fresh(const rendering::PictureRef& picture, long mode) {
+    auto image = create<UIImage>();
+    if (!image) return UIImage();
+    stateOf<ImageState>(image).picture = picture;
+    stateOf<ImageState>(image).renderingMode = mode;
+    return image.autoreleased();
+}
+
+rendering::PictureRef load(const std::filesystem::path& path, double scale) {
+    auto read = rendering::readPng(resolvePath(path.string()));
+    if (!read) return nullptr;
+    return rendering::Picture::pixels(std::move(read.surface), scale);
+}
+
+// "name@2x.png" is found beside "name.png", the screen's own scale first.
+UIImage imageAt(const std::string& path) {
+    if (path.empty()) return UIImage();
+    std::filesystem::path file(path);
+    if (file.extension().empty()) file.replace_extension(".png");
+    std::filesystem::path stem = file.parent_path() / file.stem();
+    if (stem.string().ends_with("@2x")) return makeImage(load(file, 2));
+    if (stem.string().ends_with("@3x")) return makeImage(load(file, 3));
+    bool first3 = screen().scale >= 3;
+    for (int scale : {first3 ? 3 : 2, first3 ? 2 : 3}) {
+        auto named = stem.string() + "@" + std::to_string(scale) + "x" + file.extension().string();
+        if (auto picture = load(named, scale)) return makeImage(picture);
+    }
+    return makeImage(load(file, 1));
+}
+
+}  // namespace
+
+UIImage makeImage(const rendering::PictureRef& picture) {
+    return picture ? fresh(picture, 0) : UIImage();
+}
+
+rendering::PictureRef pictureOf(UIImage image) {
+    if (!image.isKindOfClass(classOf<UIImage>())) return nullptr;
+    return stateOf<ImageState>(image).picture;
+}
+
+bool isTemplate(UIImage image) { return image && stateOf<ImageState>(image).renderingMode == 2; }
+
+void setImagePaths(std::string (*resolve)(const std::string&)) { resolvePath = resolve; }
+
+void registerImage() {
+    table<UIImage, Object, ImageState>()
+        .classMethod<"imageWithContentsOfFile:">(
+            [](Class, NSString path) { return imageAt(text(path)); })
+        .classMethod<"imageNamed:">([](Class, NSString name) { return imageAt(text(name)); })
+        .classMethod<"imageNamed:inBundle:compatibleWithTraitCollection:">(
+            [](Class, NSString name, Object bundle, UITraitCollection) {
+                auto folder = text(bundle.send<"bundlePath", NSString>());
+                return imageAt(folder.empty() ? text(name) : folder + "/" + text(name));
+            })
+        .classMethod<"imageWithData:">([](Class, Object data) -> UIImage {
+            const void* bytes = data.send<"bytes", void*>();
+            auto length = data.send<"length", unsigned long>();
+            if (!bytes) return UIImage();
+            auto read =
+                rendering::decodePng({static_cast<const std::byte*>(bytes), length}, "image data");
+            if (!read) return UIImage();
+            return makeImage(rendering::Picture::pixels(std::move(read.surface), 1));
+        })
+        .method<"initWithContentsOfFile:">([](UIImage self, NSString path) -> UIImage {
+            stateOf<ImageState>(self).picture = pictureOf(imageAt(text(path)));
+            if (stateOf<ImageState>(self).picture) return self;
+            self.send<"release">();
+            return UIImage();
+        })
+        .method<"size">([](UIImage self) -> CGSize {
+            auto picture = pictureOf(self);
+            if (!picture) return {0, 0};
+            return {picture->size().width, picture->size().height};
+        })
+        .method<"scale">([](UIImage) -> double { return screen().scale; })
+        .readonly<"renderingMode", &ImageState::renderingMode>()
+        .method<"imageWithRenderingMode:">(
+            [](UIImage self, long mode) { return fresh(stateOf<ImageState>(self).picture, mode); });
+}
+
+}  // namespace simulator

@@ -1,0 +1,97 @@
+#include "simulator/uikit/scene.hpp"
+
+#include "simulator/uikit/image/image.hpp"
+#include "simulator/uikit/view/effect/effect.hpp"
+#include "simulator/uikit/view/label/label.hpp"
+#include "simulator/uikit/view/window/window.hpp"
+
+namespace simulator {
+
+namespace {
+
+std::vector<ContentSource>& sources() {
+    static auto& all = *new std::vector<ContentSource>;
+    return all;
+}
+
+rendering::Colour colour(Rgba c) { return {c.red, c.green, c.blue, c.alpha}; }
+
+rendering::Content imageContent(UIImage image, UIView view) {
+    rendering::Image shown;
+    shown.picture = pictureOf(image);
+    if (!shown.picture) return {};
+    shown.contentMode = static_cast<int>(viewState(view).contentMode);
+    if (isTemplate(image)) {
+        shown.tint = colour(rgbaOf(view.send<"tintColor", UIColor>(), styleOf(view)));
+    }
+    return shown;
+}
+
+rendering::Content contentOf(UIView view) {
+    for (ContentSource source : sources()) {
+        rendering::Content content = source(view);
+        if (!std::holds_alternative<std::monostate>(content)) return content;
+    }
+    if (view.isKindOfClass(classOf<UILabel>())) return textOf(as<UILabel>(view));
+    if (view.isKindOfClass(classOf<UIImageView>())) {
+        return imageContent(imageOf(as<UIImageView>(view)), view);
+    }
+    if (auto blur = blurOf(view)) return *blur;
+    return {};
+}
+
+rendering::Content contentOf(CALayer layer) {
+    const LayerState& state = layerState(layer);
+    if (state.delegate.isKindOfClass(classOf<UIView>()))
+        return contentOf(as<UIView>(state.delegate));
+    if (auto picture = pictureOf(as<UIImage>(state.contents))) {
+        rendering::Image image;
+        image.picture = picture;
+        return image;
+    }
+    return {};
+}
+
+rendering::Node withValues(const LayerValues& v) {
+    rendering::Node node;
+    node.bounds = {{v.bounds.origin.x, v.bounds.origin.y},
+                   {v.bounds.size.width, v.bounds.size.height}};
+    node.position = {v.position.x, v.position.y};
+    node.anchor = {v.anchor.x, v.anchor.y};
+    node.transform = {v.transform.a, v.transform.b,  v.transform.c,
+                      v.transform.d, v.transform.tx, v.transform.ty};
+    node.opacity = v.opacity;
+    node.hidden = v.hidden;
+    node.cornerRadius = v.cornerRadius;
+    node.continuousCorners = v.continuousCorners;
+    node.masksToBounds = v.masksToBounds;
+    if (v.background.alpha > 0) node.background = colour(v.background);
+    if (v.hasMultiply) node.multiply = colour(v.multiply);
+    node.borderWidth = v.borderWidth;
+    node.border = colour(v.border);
+    return node;
+}
+
+}  // namespace
+
+void addContentSource(ContentSource source) { sources().push_back(source); }
+
+rendering::Node sceneOf(CALayer layer) {
+    rendering::Node node = withValues(presentationValues(layer));
+    const LayerState& state = layerState(layer);
+    Object named = state.delegate ? state.delegate : layer;
+    node.name = class_getName(object_getClass(named.get()));
+    if (node.hidden || node.opacity <= 0) return node;
+    node.content = contentOf(layer);
+    for (const auto& sublayer : state.sublayers) node.children.push_back(sceneOf(sublayer));
+    return node;
+}
+
+rendering::Node sceneOfWindows(CGSize size) {
+    AutoreleasePool pool;
+    rendering::Node root = rendering::nodeWithFrame("Screen", {{0, 0}, {size.width, size.height}});
+    for (auto& window : windowsBackToFront()) root.children.push_back(sceneOf(layerOf(window)));
+    return root;
+}
+
+}  // namespace simulator
