@@ -22,6 +22,8 @@ namespace {
 
 using simulator::scenario::RunOptions;
 
+constexpr int misused = 2;
+
 std::string statementsHelp() {
     std::ostringstream text;
     text << "A scenario has one statement a line; # starts a comment.\n\n";
@@ -56,7 +58,7 @@ int main(int argc, char** argv) {
     CLI::App program("A small phone for Linux that loads the toolbar's own library.",
                      "vantori-simulator");
     program.set_version_flag("--version", std::string("vantori-simulator ") + VANTORI_VERSION);
-    program.require_subcommand(1);
+    program.require_subcommand(0, 1);
     RunOptions options;
     std::vector<std::string> files;
 
@@ -76,9 +78,10 @@ int main(int argc, char** argv) {
     try {
         program.parse(argc, argv);
         if (runCommand->parsed()) return run(files, options);
-        return console(options);
+        if (consoleCommand->parsed()) return console(options);
+        std::cerr << program.help();
+        return misused;
     } catch (const CLI::ParseError& error) {
-        constexpr int misused = 2;
         return program.exit(error) == 0 ? 0 : misused;
     } catch (const std::exception& error) {
         std::cerr << "vantori-simulator: " << error.what() << '\n';

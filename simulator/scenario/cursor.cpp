@@ -159,10 +159,12 @@ Position Cursor::positionAt(std::size_t offset) const {
 
 void Cursor::expected(const std::string& wanted) {
     if (atEnd()) fail("expected " + wanted + ", but the line ends");
+    constexpr std::size_t longest = 40;
     Cursor next = *this;
-    std::size_t start = next.offset_;
     while (next.offset_ < text_.size() && !isBlank(next.peek())) ++next.offset_;
-    fail("expected " + wanted + ", got '" + next.textFrom(start) + "'");
+    const std::string got = next.textFrom(offset_);
+    fail("expected " + wanted + ", got '" +
+         (got.size() > longest ? got.substr(0, longest) + "…" : got) + "'");
 }
 
 }  // namespace simulator::scenario

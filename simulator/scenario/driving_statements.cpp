@@ -1,4 +1,4 @@
-// Booting the phone, and everything that a hand, another application or time does to it.
+// Everything that a hand, another application or time does to it.
 #include <array>
 
 #include "simulator/scenario/line.hpp"
@@ -50,9 +50,7 @@ void interrupt(Line& line) {
     line.phone().interrupt(view);
 }
 
-constexpr std::array<Form, 29> forms{{
-    {"boot", Phase::setup, "starts SpringBoard with the library, until nothing moves",
-     [](Line& line) { line.phone().boot(); }},
+constexpr std::array<Form, 28> forms{{
     {"wait S", booted, "lets S seconds of the phone's time pass",
      [](Line& line) { line.phone().wait(line.seconds("S")); }},
     {"open BUNDLE", booted, "brings an application to the front",

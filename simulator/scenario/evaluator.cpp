@@ -77,6 +77,7 @@ void forget(const Value& value) {
 }  // namespace
 
 NamedValues::~NamedValues() {
+    const AutoreleasePool pool;  // for what the objects let go of in turn
     for (const auto& [name, value] : values_) forget(value);
 }
 

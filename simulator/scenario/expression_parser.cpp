@@ -12,6 +12,8 @@ namespace {
 
 // Deeper nesting than anyone writes, and far less than the stack holds.
 constexpr int deepestNesting = 200;
+// A long chain of operators is as deep a tree.
+constexpr int mostNodes = 1000;
 
 class Deeper {
   public:
@@ -48,6 +50,10 @@ bool isReservedName(const std::string& name) {
     for (const auto word : reserved)
         if (word == name) return true;
     return false;
+}
+
+void ExpressionParser::countNode() {
+    if (++nodes_ > mostNodes) cursor_.fail("the expression is too long");
 }
 
 ExpressionPointer ExpressionParser::expression() {

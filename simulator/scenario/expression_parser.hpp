@@ -38,8 +38,12 @@ class ExpressionParser {
     // Whether a word and then a colon come next: the next part of a message.
     bool messagePartComesNext();
 
+    // Throws when the line holds more than anyone writes.
+    void countNode();
+
     template <typename Node>
-    ExpressionPointer make(std::size_t start, Node node) const {
+    ExpressionPointer make(std::size_t start, Node node) {
+        countNode();
         return std::make_shared<Expression>(
             Expression{std::move(node), cursor_.textFrom(start), cursor_.positionAt(start)});
     }
@@ -47,6 +51,7 @@ class ExpressionParser {
     Cursor& cursor_;
     const std::set<std::string>& names_;
     int depth_ = 0;
+    int nodes_ = 0;
 };
 
 // Words that a value cannot be named by.

@@ -27,6 +27,8 @@ Value valueForKey(const Value& owner, const std::string& key) {
     const auto object = asObject(owner);
     if (!object) throw EvaluationError(printed(owner) + " has no keys");
     if (*object == nullptr) return Nothing{};
+    if (isKindOf(*object, "NSDictionary"))
+        return objectValue(send<id>(*object, "objectForKey:", makeString(key)));
     for (const std::string& getter : {key, booleanGetter(key)})
         if (understands(*object, getter)) return sendMessage(owner, getter, {});
     if (!isClass(*object)) {
@@ -35,8 +37,6 @@ Value valueForKey(const Value& owner, const std::string& key) {
             if (variable != nullptr) return readVariable(*object, variable);
         }
     }
-    if (isKindOf(*object, "NSDictionary"))
-        return objectValue(send<id>(*object, "objectForKey:", makeString(key)));
     throw EvaluationError(printed(owner) + " has nothing for the key \"" + key + "\"");
 }
 

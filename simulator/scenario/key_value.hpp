@@ -1,5 +1,5 @@
-// Reading a property by its name: a getter NAME or isNAME, else an instance variable NAME or
-// _NAME, else, of a dictionary, the entry of that name.
+// Reading a property by its name: of a dictionary the entry, of anything else what a getter NAME
+// or isNAME gives, or else an instance variable NAME or _NAME.
 #pragma once
 
 #include <string>

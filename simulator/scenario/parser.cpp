@@ -97,7 +97,8 @@ std::optional<Statement> Parser::line(std::string_view text, int number) {
     statement.line = number;
     const std::string keyword(statement.form->keyword());
     if (statement.form->phase == Phase::setup && booted_)
-        cursor.fail("'" + keyword + "' must stand before 'boot'");
+        cursor.fail(keyword == "boot" ? "the phone has booted already"
+                                      : "'" + keyword + "' must stand before 'boot'");
     if (statement.form->phase == Phase::booted && !booted_)
         cursor.fail("'" + keyword + "' must stand after 'boot'");
     if (keyword == "boot") booted_ = true;

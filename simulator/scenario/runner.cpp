@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstring>
 #include <iostream>
 
@@ -66,7 +67,7 @@ int runFile(const std::string& file, const RunOptions& options, const PhoneMaker
         phone = makePhone({options.root});
     } catch (const std::exception& error) {
         errors << file << ": there is no phone to run it on: " << error.what() << std::endl;
-        return malformed;
+        return someFailed;
     }
     const std::filesystem::path beside = std::filesystem::path(file).parent_path();
     Session session(*phone, file, options.pictures.empty() ? beside : options.pictures, output);

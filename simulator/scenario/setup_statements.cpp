@@ -10,7 +10,7 @@ namespace {
 constexpr auto before = Phase::setup;
 constexpr auto always = Phase::always;
 
-constexpr std::array<Form, 18> forms{{
+constexpr std::array<Form, 19> forms{{
     {"device IDENT", before, "machine identifier, as uname reports it (iPhone10,3)",
      [](Line& line) { line.phone().device(line.word("IDENT")); }},
     {"screen W H SCALE", before, "overrides the device's screen, in points",
@@ -49,6 +49,8 @@ constexpr std::array<Form, 18> forms{{
      [](Line& line) { line.phone().flashlightAvailable(line.chose("yes")); }},
     {"without extension", before, "boots the phone without loading the library",
      [](Line& line) { line.phone().withoutExtension(); }},
+    {"boot", before, "starts SpringBoard with the library, until nothing moves",
+     [](Line& line) { line.phone().boot(); }},
 }};
 
 }  // namespace

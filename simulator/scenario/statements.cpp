@@ -9,7 +9,7 @@
 namespace simulator::scenario {
 namespace {
 
-std::string_view whenAllowed(Phase phase) { return phase == Phase::setup ? " [before boot]" : ""; }
+std::string_view whenAllowed(Phase phase) { return phase == Phase::setup ? " (before boot)" : ""; }
 
 }  // namespace
 

@@ -7,15 +7,15 @@
 #include <fstream>
 #include <sstream>
 
+#include "fake_phone.hpp"
 #include "simulator/scenario/console.hpp"
-#include "tests/scenario/fake_phone.hpp"
 
 namespace simulator::scenario {
 namespace {
 
 namespace fs = std::filesystem;
 
-class Running : public ::testing::Test {
+class ScenarioRunning : public ::testing::Test {
   protected:
     void SetUp() override {
         folder = fs::temp_directory_path() / ("scenario-test-" + std::to_string(getpid()));
@@ -44,43 +44,43 @@ class Running : public ::testing::Test {
     std::ostringstream errors;
 };
 
-TEST_F(Running, StatusZeroWhenAllHeld) {
+TEST_F(ScenarioRunning, StatusZeroWhenAllHeld) {
     EXPECT_EQ(run(write("a", "boot\nprint 1\nexpect 1 == 1\nexpect YES\n")), 0);
     EXPECT_EQ(output.str(), "1\n2 held, 0 failed\n");
     EXPECT_EQ(errors.str(), "");
 }
 
-TEST_F(Running, StatusOneWhenAnExpectationFailed) {
+TEST_F(ScenarioRunning, StatusOneWhenAnExpectationFailed) {
     const std::string file = write("a", "expect 1 == 2\nexpect 1 == 1");
     EXPECT_EQ(run(file), 1);
     EXPECT_EQ(output.str(), file + ":1: expected 1 == 2, got 1\n1 held, 1 failed\n");
 }
 
-TEST_F(Running, StatusOneWhenAnotherStatementFailed) {
+TEST_F(ScenarioRunning, StatusOneWhenAnotherStatementFailed) {
     EXPECT_EQ(run(write("a", "do [NSObject nope]")), 1);
 }
 
-TEST_F(Running, StatusTwoAndNoPhoneWhenMalformed) {
+TEST_F(ScenarioRunning, StatusTwoAndNoPhoneWhenMalformed) {
     const std::string file = write("a", "print 1\nboot\nboot");
     EXPECT_EQ(run(file), 2);
-    EXPECT_EQ(errors.str(), file + ":3:1: 'boot' must stand before 'boot'\n");
+    EXPECT_EQ(errors.str(), file + ":3:1: the phone has booted already\n");
     EXPECT_EQ(output.str(), "");
     EXPECT_EQ(phones, 0);
 }
 
-TEST_F(Running, StatusTwoWhenUnreadable) {
+TEST_F(ScenarioRunning, StatusTwoWhenUnreadable) {
     const std::string file = (folder / "none").string();
     EXPECT_EQ(run(file), 2);
     EXPECT_EQ(errors.str(), file + ":1:1: No such file or directory\n");
     EXPECT_EQ(run(folder.string()), 2);
 }
 
-TEST_F(Running, AnEmptyFileHolds) {
+TEST_F(ScenarioRunning, AnEmptyFileHolds) {
     EXPECT_EQ(run(write("a", "")), 0);
     EXPECT_EQ(output.str(), "0 held, 0 failed\n");
 }
 
-TEST_F(Running, PicturesGoBesideTheFileOrWhereTheyAreSent) {
+TEST_F(ScenarioRunning, PicturesGoBesideTheFileOrWhereTheyAreSent) {
     const std::string file = write("a", "boot\nshot \"deep/a.png\"");
     EXPECT_EQ(run(file), 0);
     EXPECT_TRUE(fs::is_directory(folder / "deep"));
@@ -88,12 +88,12 @@ TEST_F(Running, PicturesGoBesideTheFileOrWhereTheyAreSent) {
     EXPECT_TRUE(fs::is_directory(folder / "out/deep"));
 }
 
-TEST_F(Running, ThePhoneIsToldItsRoot) {
+TEST_F(ScenarioRunning, ThePhoneIsToldItsRoot) {
     run(write("a", ""), {{}, "/some/root"});
     EXPECT_EQ(root, "/some/root");
 }
 
-class RunningSeveral : public Running {
+class ScenarioRunningSeveral : public ScenarioRunning {
   protected:
     // A stand-in for the program that notes its arguments and ends as the file's text says.
     fs::path program() {
@@ -110,7 +110,7 @@ class RunningSeveral : public Running {
     }
 };
 
-TEST_F(RunningSeveral, TheWorstStatusWinsAndTheOrderIsKept) {
+TEST_F(ScenarioRunningSeveral, TheWorstStatusWinsAndTheOrderIsKept) {
     const std::string a = write("a", "exit 0");
     const std::string b = write("b", "exit 2");
     const std::string c = write("c", "exit 1");
@@ -120,13 +120,13 @@ TEST_F(RunningSeveral, TheWorstStatusWinsAndTheOrderIsKept) {
     EXPECT_EQ(runFilesApart({a, a}, {}, program()), 0);
 }
 
-TEST_F(RunningSeveral, FoldersArePassedOn) {
+TEST_F(ScenarioRunningSeveral, FoldersArePassedOn) {
     const std::string a = write("a", "exit 0");
     EXPECT_EQ(runFilesApart({a}, {"/out", "/root"}, program()), 0);
     EXPECT_EQ(log(), "run --out /out --root /root -- " + a + "\n");
 }
 
-TEST_F(RunningSeveral, AProcessThatASignalEndedHasFailed) {
+TEST_F(ScenarioRunningSeveral, AProcessThatASignalEndedHasFailed) {
     EXPECT_EQ(runFilesApart({write("a", "kill -SEGV $$")}, {}, program()), 1);
     EXPECT_EQ(runFilesApart({write("b", "exit 0")}, {}, folder / "no program"), 2);
 }
@@ -144,13 +144,13 @@ Talk talk(const std::string& lines, bool prompt = false) {
     return {status, output.str()};
 }
 
-TEST(Console, RemembersNamesAndThatThePhoneBooted) {
+TEST(ScenarioConsole, RemembersNamesAndThatThePhoneBooted) {
     const Talk result = talk("let a = 2\nboot\nwait a\nprint a + 1\nexpect a == 2\n");
     EXPECT_EQ(result.output, "3\n");
     EXPECT_EQ(result.status, 0);
 }
 
-TEST(Console, GoesOnAfterMalformedLinesAndFailures) {
+TEST(ScenarioConsole, GoesOnAfterMalformedLinesAndFailures) {
     const Talk result = talk("jump\nwait 1\nexpect NO\nprint 5");
     EXPECT_EQ(result.output,
               "console:1:1: there is no statement 'jump'\n"
@@ -160,13 +160,13 @@ TEST(Console, GoesOnAfterMalformedLinesAndFailures) {
     EXPECT_EQ(result.status, 1);
 }
 
-TEST(Console, QuitsAndHelps) {
+TEST(ScenarioConsole, QuitsAndHelps) {
     const Talk result = talk("help\nquit\nprint 5\n");
     EXPECT_NE(result.output.find("pull EDGE D over S [flick V]"), std::string::npos);
     EXPECT_EQ(result.output.find("\n5\n"), std::string::npos);
 }
 
-TEST(Console, PromptsWhenSomeoneIsThere) {
+TEST(ScenarioConsole, PromptsWhenSomeoneIsThere) {
     EXPECT_NE(talk("", true).output.find("> "), std::string::npos);
     EXPECT_EQ(talk("").output, "");
 }

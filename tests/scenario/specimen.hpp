@@ -3,13 +3,12 @@
 
 namespace simulator::scenario {
 
-// Registers the class `ScenarioSpecimen` and, on it:
-//   +shared                  one instance; +make a new one, autoreleased
-//   -flag -setFlag:          `C`; likewise -setBool:, short, int, …: `take<Letter>:` gives back
-//                            what it was given, by encoding
+// Registers the class `ScenarioSpecimen` with
+//   +shared, +make           one instance for good; a new one, autoreleased
+//   -takeB: -takei: …        give back what they were given, by the encoding in their name
 //   -frame -setFrame:        a rectangle in an instance variable `frame`
 //   -raise                   raises an NSException
-//   and the instance variables `_hidden` (an int, 7) and `plain` (a double, 2.5)
+// and the instance variables `_hidden` (an int, 7) and `plain` (a double, 2.5).
 void registerSpecimen();
 
 // The instances that have not been deallocated, other than the shared one.

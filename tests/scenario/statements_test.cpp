@@ -1,8 +1,8 @@
 // Statements: each reaches the phone as it should, expectations are judged and counted, and what
 // fails is told.
 #include "simulator/scenario/statements.hpp"
+#include "fixture.hpp"
 #include "simulator/scenario/objective_c.hpp"
-#include "tests/scenario/fixture.hpp"
 
 namespace simulator::scenario {
 namespace {
@@ -14,29 +14,31 @@ struct Carried {
 
 void PrintTo(const Carried& row, std::ostream* output) { *output << row.statement; }
 
-class SettingUp : public ScenarioTest, public ::testing::WithParamInterface<Carried> {};
-class Driving : public ScenarioTest, public ::testing::WithParamInterface<Carried> {};
-class Anytime : public ScenarioTest, public ::testing::WithParamInterface<Carried> {};
+class ScenarioSettingUp : public ScenarioTest, public ::testing::WithParamInterface<Carried> {};
+class ScenarioDriving : public ScenarioTest, public ::testing::WithParamInterface<Carried> {};
+class ScenarioAnytime : public ScenarioTest, public ::testing::WithParamInterface<Carried> {};
 
-TEST_P(SettingUp, ReachesThePhone) {
+TEST_P(ScenarioSettingUp, ReachesThePhone) {
     EXPECT_EQ(run(GetParam().statement), "");
     EXPECT_EQ(phone.operations, GetParam().operations);
 }
 
-TEST_P(SettingUp, IsMalformedAfterBoot) {
+TEST_P(ScenarioSettingUp, IsMalformedAfterBoot) {
     EXPECT_THROW(run(std::string("boot\n") + GetParam().statement), SyntaxError);
     EXPECT_TRUE(phone.operations.empty());
 }
 
-TEST_P(Driving, ReachesThePhone) {
+TEST_P(ScenarioDriving, ReachesThePhone) {
     EXPECT_EQ(run(std::string("boot\n") + GetParam().statement), "");
     phone.operations.erase(phone.operations.begin());
     EXPECT_EQ(phone.operations, GetParam().operations);
 }
 
-TEST_P(Driving, IsMalformedBeforeBoot) { EXPECT_THROW(run(GetParam().statement), SyntaxError); }
+TEST_P(ScenarioDriving, IsMalformedBeforeBoot) {
+    EXPECT_THROW(run(GetParam().statement), SyntaxError);
+}
 
-TEST_P(Anytime, ReachesThePhoneBeforeAndAfterBoot) {
+TEST_P(ScenarioAnytime, ReachesThePhoneBeforeAndAfterBoot) {
     EXPECT_EQ(run(GetParam().statement), "");
     EXPECT_EQ(phone.operations, GetParam().operations);
     phone.operations.clear();
@@ -46,7 +48,7 @@ TEST_P(Anytime, ReachesThePhoneBeforeAndAfterBoot) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    All, SettingUp,
+    All, ScenarioSettingUp,
     ::testing::Values(
         Carried{"device iPhone8,1", {"device iPhone8,1"}},
         Carried{"device \"iPhone8,1\" # comment", {"device iPhone8,1"}},
@@ -62,7 +64,7 @@ INSTANTIATE_TEST_SUITE_P(
         Carried{"without extension", {"withoutExtension"}}, Carried{"boot", {"boot"}}));
 
 INSTANTIATE_TEST_SUITE_P(
-    All, Anytime,
+    All, ScenarioAnytime,
     ::testing::Values(
         Carried{"setting enabled true", {"setting enabled true"}},
         Carried{"setting layoutDirection 1 # left", {"setting layoutDirection 1"}},
@@ -84,7 +86,7 @@ INSTANTIATE_TEST_SUITE_P(
         Carried{"", {}}, Carried{"   # only a comment", {}}, Carried{"\t\r", {}}));
 
 INSTANTIATE_TEST_SUITE_P(
-    All, Driving,
+    All, ScenarioDriving,
     ::testing::Values(
         Carried{"wait 0.5", {"wait 0.5"}}, Carried{"wait (1 / 4)", {"wait 0.25"}},
         Carried{"open com.example.notes", {"open com.example.notes"}}, Carried{"home", {"home"}},
@@ -136,7 +138,7 @@ INSTANTIATE_TEST_SUITE_P(
         Carried{"shot \"/b.png\"", {"shot /b.png"}},
         Carried{"film \"f.png\" 5 over 1.5", {"film pictures-of-this-test/f.png 5 1.5"}}));
 
-class Expecting : public ScenarioTest {
+class ScenarioExpecting : public ScenarioTest {
   protected:
     void SetUp() override {
         ScenarioTest::SetUp();
@@ -157,7 +159,7 @@ class Expecting : public ScenarioTest {
     }
 };
 
-TEST_F(Expecting, CountsThatAreRightHold) {
+TEST_F(ScenarioExpecting, CountsThatAreRightHold) {
     for (const char* expectation :
          {"posted \"A\" 2", "posted A 2", "posted \"B\" 0", "darwin-posted \"com.a\" 1",
           "called C s: 3", "called \"C\" \"s:\" 3", "called D s: 0",
@@ -166,7 +168,7 @@ TEST_F(Expecting, CountsThatAreRightHold) {
         EXPECT_EQ(outcome(expectation), "") << expectation;
 }
 
-TEST_F(Expecting, CountsThatAreWrongSayWhatIsRight) {
+TEST_F(ScenarioExpecting, CountsThatAreWrongSayWhatIsRight) {
     EXPECT_EQ(outcome("posted \"A\" 1"), "t.scenario:1: expected posted \"A\" 1, got 2\n");
     EXPECT_EQ(outcome("darwin-posted  \"com.a\"   2 # c"),
               "t.scenario:1: expected darwin-posted \"com.a\" 2, got 1\n");
@@ -182,7 +184,7 @@ TEST_F(Expecting, CountsThatAreWrongSayWhatIsRight) {
     EXPECT_EQ(outcome("crashed yes"), "t.scenario:1: expected crashed yes, got no\n");
 }
 
-TEST_F(Expecting, TheLastCallIsComparedArgumentByArgument) {
+TEST_F(ScenarioExpecting, TheLastCallIsComparedArgumentByArgument) {
     EXPECT_EQ(outcome("last C s: with 5 {1, 2}"), "");
     EXPECT_EQ(outcome("last C s: with 5.000000001 {1, 2.000000001}"), "");
     EXPECT_EQ(outcome("last C none with"), "");
@@ -194,7 +196,7 @@ TEST_F(Expecting, TheLastCallIsComparedArgumentByArgument) {
               "t.scenario:1: expected last C t with 5, got no such call\n");
 }
 
-TEST_F(Expecting, ComparisonsSayWhatTheyGot) {
+TEST_F(ScenarioExpecting, ComparisonsSayWhatTheyGot) {
     EXPECT_EQ(outcome("[nil frame].y  ==   515"),
               "t.scenario:1: expected [nil frame].y == 515, got nil\n");
     EXPECT_EQ(outcome("{1, 2}.y == H - 115"),
@@ -206,12 +208,12 @@ TEST_F(Expecting, ComparisonsSayWhatTheyGot) {
         "t.scenario:1: expected [NSObject nope] == 5, but +[NSObject nope]: unknown selector\n");
 }
 
-TEST_F(Expecting, ANameMayBeSpelledLikeAKindOfExpectation) {
+TEST_F(ScenarioExpecting, ANameMayBeSpelledLikeAKindOfExpectation) {
     EXPECT_EQ(run("let posted = 3\nexpect posted == 3\nexpect posted \"A\" 2\nexpect posted"), "");
     EXPECT_EQ(held, 3);
 }
 
-TEST_F(Expecting, ACrashOfThePhoneIsTold) {
+TEST_F(ScenarioExpecting, ACrashOfThePhoneIsTold) {
     phone.crash = "an unknown message";
     EXPECT_EQ(outcome("crashed no"), "t.scenario:1: expected crashed no, got an unknown message\n");
     EXPECT_EQ(outcome("crashed yes"), "");
@@ -266,7 +268,7 @@ TEST_F(ScenarioTest, WhatCannotBeDrivenFailsItsLine) {
               "t.scenario:7: tap (\"x\") 5: \"x\" is no number\n");
 }
 
-TEST(Statements, EveryFormHasHelp) {
+TEST(ScenarioStatements, EveryFormHasHelp) {
     std::ostringstream help;
     printStatements(help);
     for (const StatementGroup& group : statementGroups()) {

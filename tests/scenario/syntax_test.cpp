@@ -13,9 +13,9 @@ struct Malformed {
 
 void PrintTo(const Malformed& row, std::ostream* output) { *output << row.text; }
 
-class Syntax : public ::testing::TestWithParam<Malformed> {};
+class ScenarioSyntax : public ::testing::TestWithParam<Malformed> {};
 
-TEST_P(Syntax, IsReportedWhereItIsWrong) {
+TEST_P(ScenarioSyntax, IsReportedWhereItIsWrong) {
     try {
         parse(GetParam().text);
         FAIL() << "it was parsed";
@@ -25,7 +25,7 @@ TEST_P(Syntax, IsReportedWhereItIsWrong) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Statements, Syntax,
+    Statements, ScenarioSyntax,
     ::testing::Values(
         Malformed{"jump", "f:1:1: there is no statement 'jump'"},
         Malformed{"\n\n  jump 5", "f:3:3: there is no statement 'jump'"},
@@ -74,15 +74,15 @@ INSTANTIATE_TEST_SUITE_P(
                   "f:2:18: expected an artwork's identifier in double quotes, got 'd'"}));
 
 INSTANTIATE_TEST_SUITE_P(
-    Order, Syntax,
+    Order, ScenarioSyntax,
     ::testing::Values(Malformed{"boot\ndevice iPhone8,1",
                                 "f:2:1: 'device' must stand before 'boot'"},
-                      Malformed{"boot\n boot", "f:2:2: 'boot' must stand before 'boot'"},
+                      Malformed{"boot\n boot", "f:2:2: the phone has booted already"},
                       Malformed{"wait 1\nboot", "f:1:1: 'wait' must stand after 'boot'"},
                       Malformed{"shot \"a.png\"", "f:1:1: 'shot' must stand after 'boot'"}));
 
 INSTANTIATE_TEST_SUITE_P(
-    Json, Syntax,
+    Json, ScenarioSyntax,
     ::testing::Values(Malformed{"setting key", "f:1:12: expected a JSON value, but the line ends"},
                       Malformed{"setting key {\"a\": }", "f:1:19: the JSON is malformed"},
                       Malformed{"setting key yes", "f:1:13: the JSON is malformed"},
@@ -93,7 +93,7 @@ INSTANTIATE_TEST_SUITE_P(
                                 "f:1:13: the JSON holds a number out of range"}));
 
 INSTANTIATE_TEST_SUITE_P(
-    Expressions, Syntax,
+    Expressions, ScenarioSyntax,
     ::testing::Values(
         Malformed{"print", "f:1:6: expected an expression, but the line ends"},
         Malformed{"print [a", "f:1:9: expected a selector, but the line ends"},
@@ -126,23 +126,51 @@ INSTANTIATE_TEST_SUITE_P(
         Malformed{"expect last C s: 5", "f:1:18: expected 'with', got '5'"},
         Malformed{"expect crashed maybe", "f:1:16: expected no or yes, got 'maybe'"}));
 
-TEST(Parsing, AnExpressionNestedTooDeeplyIsAnErrorAndNoCrash) {
+TEST(ScenarioParsing, AnExpressionNestedTooDeeplyIsAnErrorAndNoCrash) {
     for (const char* open : {"(", "[", "{", "-", "presentation ", "key "}) {
         std::string text = "print ";
         for (int depth = 0; depth < 100000; ++depth) text += open;
         EXPECT_THROW(parse(text), SyntaxError) << open;
     }
     EXPECT_THROW(parse("setting key " + std::string(100000, '[')), SyntaxError);
+    std::string chain = "print 1";
+    std::string fields = "print a";
+    for (int length = 0; length < 100000; ++length) {
+        chain += "+1";
+        fields += ".x";
+    }
+    EXPECT_THROW(parse(chain), SyntaxError);
+    EXPECT_THROW(parse(fields), SyntaxError);
 }
 
-TEST(Parsing, KeepsLineNumbersAndText) {
+TEST(ScenarioParsing, KeepsLineNumbersAndText) {
     const auto statements = parse("boot\r\n\n wait   1  # c\n");
     ASSERT_EQ(statements.size(), 2U);
     EXPECT_EQ(statements[1].line, 3);
     EXPECT_EQ(statements[1].text, "wait 1");
 }
 
-TEST(Parsing, AnEmptyFileHasNoStatements) {
+TEST(ScenarioParsing, ReadsAWholeScenario) {
+    const auto statements = parse(R"(device iPhone10,3
+system 13.3
+setting layoutDirection 1
+boot
+open com.example.notes
+let toolbar = [VNTSBToolBarController sharedInstance]
+grabber began 60 10 0
+grabber updated 60 100 0
+grabber ended 60 100 0
+wait 1
+expect [toolbar isEnabled] == YES
+expect [[toolbar view] frame].y == H - 115
+expect [presentation [toolbar view] frame].y ~ H - 60
+expect last SBUIController handleHomeButtonSinglePressUp with
+shot "open.png"
+)");
+    EXPECT_EQ(statements.size(), 15U);
+}
+
+TEST(ScenarioParsing, AnEmptyFileHasNoStatements) {
     EXPECT_TRUE(parse("").empty());
     EXPECT_TRUE(parse("\n\n# nothing\n").empty());
 }

@@ -1,6 +1,6 @@
 // Expressions: what they are worth, how that prints, and how it compares.
+#include "fixture.hpp"
 #include "simulator/scenario/objective_c.hpp"
-#include "tests/scenario/fixture.hpp"
 
 namespace simulator::scenario {
 namespace {
@@ -12,12 +12,12 @@ struct Printed {
 
 void PrintTo(const Printed& row, std::ostream* output) { *output << row.expression; }
 
-class Printing : public ScenarioTest, public ::testing::WithParamInterface<Printed> {};
+class ScenarioPrinting : public ScenarioTest, public ::testing::WithParamInterface<Printed> {};
 
-TEST_P(Printing, GivesTheText) { EXPECT_EQ(value(GetParam().expression), GetParam().text); }
+TEST_P(ScenarioPrinting, GivesTheText) { EXPECT_EQ(value(GetParam().expression), GetParam().text); }
 
 INSTANTIATE_TEST_SUITE_P(
-    Literals, Printing,
+    Literals, ScenarioPrinting,
     ::testing::Values(
         Printed{"5", "5"}, Printed{"-5", "-5"}, Printed{"+5", "5"}, Printed{"0.5", "0.5"},
         Printed{".5", "0.5"}, Printed{"1.0", "1"}, Printed{"0.1234567", "0.123457"},
@@ -32,7 +32,7 @@ INSTANTIATE_TEST_SUITE_P(
         Printed{"{W / 2, -H, 1 + 1, (3)}", "{187.5, -812, 2, 3}"}));
 
 INSTANTIATE_TEST_SUITE_P(
-    Arithmetic, Printing,
+    Arithmetic, ScenarioPrinting,
     ::testing::Values(Printed{"1 + 2", "3"}, Printed{"H - 115", "697"}, Printed{"H -115", "697"},
                       Printed{"H-115", "697"}, Printed{"2 - -3", "5"}, Printed{"2 * 3.5", "7"},
                       Printed{"7 / 2", "3.5"}, Printed{"6 / 2", "3"}, Printed{"1 + 2 * 3", "7"},
@@ -42,7 +42,7 @@ INSTANTIATE_TEST_SUITE_P(
                       Printed{"[[ScenarioSpecimen shared] number] + 1", "43"}));
 
 INSTANTIATE_TEST_SUITE_P(
-    Fields, Printing,
+    Fields, ScenarioPrinting,
     ::testing::Values(Printed{"{1, 2}.x", "1"}, Printed{"{1, 2}.y", "2"},
                       Printed{"{1, 2}.width", "1"}, Printed{"{1, 2}.height", "2"},
                       Printed{"{1, 2, 3, 4}.x", "1"}, Printed{"{1, 2, 3, 4}.y", "2"},
@@ -54,31 +54,31 @@ INSTANTIATE_TEST_SUITE_P(
                       Printed{"({1, 2}).y * 2", "4"}));
 
 INSTANTIATE_TEST_SUITE_P(
-    Messages, Printing,
-    ::testing::Values(Printed{"[ScenarioSpecimen shared]", "<ScenarioSpecimen>"},
-                      Printed{"[[ScenarioSpecimen shared] isEnabled]", "YES"},
-                      Printed{"[[ScenarioSpecimen shared] title]", "\"A title\""},
-                      Printed{"[[[ScenarioSpecimen shared] title] length]", "7"},
-                      Printed{"[\"abc\" stringByAppendingString: \"d\"]", "\"abcd\""},
-                      Printed{"[\"abc\" stringByAppendingString:\"d\"]", "\"abcd\""},
-                      Printed{"[[ScenarioSpecimen shared] number]", "42"},
-                      Printed{"[[ScenarioSpecimen shared] nothing]", "nil"},
-                      Printed{"[[ScenarioSpecimen shared] doNothing]", "void"},
-                      Printed{"[nil anything]", "nil"}, Printed{"[nil frame].size.width", "nil"},
-                      Printed{"[[nil view] x: 1 y: 2]", "nil"}, Printed{"[5 intValue]", "5"},
-                      Printed{"[NSObject class]", "<NSObject>"},
-                      Printed{"key [ScenarioSpecimen shared] \"enabled\"", "YES"},
-                      Printed{"key [ScenarioSpecimen shared] \"hidden\"", "7"},
-                      Printed{"key [ScenarioSpecimen shared] \"plain\" + 1", "3.5"},
-                      Printed{"key [ScenarioSpecimen shared] \"frame\".size", "{0, 0}"},
-                      Printed{"key nil \"frame\"", "nil"},
-                      Printed{"[key [ScenarioSpecimen shared] \"title\" length]", "7"},
-                      Printed{"key [NSDictionary dictionaryWithObject: 5 forKey: \"a\"] \"a\"",
-                              "5"}));
+    Messages, ScenarioPrinting,
+    ::testing::Values(
+        Printed{"[ScenarioSpecimen shared]", "<ScenarioSpecimen>"},
+        Printed{"[[ScenarioSpecimen shared] isEnabled]", "YES"},
+        Printed{"[[ScenarioSpecimen shared] title]", "\"A title\""},
+        Printed{"[[[ScenarioSpecimen shared] title] length]", "7"},
+        Printed{"[\"abc\" stringByAppendingString: \"d\"]", "\"abcd\""},
+        Printed{"[\"abc\" stringByAppendingString:\"d\"]", "\"abcd\""},
+        Printed{"[[ScenarioSpecimen shared] number]", "42"},
+        Printed{"[[ScenarioSpecimen shared] nothing]", "nil"},
+        Printed{"[[ScenarioSpecimen shared] doNothing]", "void"}, Printed{"[nil anything]", "nil"},
+        Printed{"[nil frame].size.width", "nil"}, Printed{"[[nil view] x: 1 y: 2]", "nil"},
+        Printed{"[5 intValue]", "5"}, Printed{"[NSObject class]", "<NSObject>"},
+        Printed{"key [ScenarioSpecimen shared] \"enabled\"", "YES"},
+        Printed{"key [ScenarioSpecimen shared] \"hidden\"", "7"},
+        Printed{"key [ScenarioSpecimen shared] \"plain\" + 1", "3.5"},
+        Printed{"key [ScenarioSpecimen shared] \"frame\".size", "{0, 0}"},
+        Printed{"key nil \"frame\"", "nil"},
+        Printed{"[key [ScenarioSpecimen shared] \"title\" length]", "7"},
+        Printed{"key [NSDictionary dictionaryWithObject: 5 forKey: \"a\"] \"a\"", "5"},
+        Printed{"key [NSDictionary dictionaryWithObject: 5 forKey: \"count\"] \"count\"", "5"}));
 
 // Every encoding gives back what it was given, and prints as its kind.
 INSTANTIATE_TEST_SUITE_P(
-    Encodings, Printing,
+    Encodings, ScenarioPrinting,
     ::testing::Values(
         Printed{"[[ScenarioSpecimen shared] takeB: YES]", "YES"},
         Printed{"[[ScenarioSpecimen shared] takeB: 2]", "YES"},
@@ -122,14 +122,14 @@ INSTANTIATE_TEST_SUITE_P(
                 "rect: {100, 0, 0, 200} flag: YES]",
                 "334.75"}));
 
-class Holding : public ScenarioTest, public ::testing::WithParamInterface<const char*> {};
-class NotHolding : public Holding {};
+class ScenarioHolding : public ScenarioTest, public ::testing::WithParamInterface<const char*> {};
+class ScenarioNotHolding : public ScenarioHolding {};
 
-TEST_P(Holding, Holds) { EXPECT_TRUE(holds(GetParam())); }
-TEST_P(NotHolding, DoesNotHold) { EXPECT_FALSE(holds(GetParam())); }
+TEST_P(ScenarioHolding, Holds) { EXPECT_TRUE(holds(GetParam())); }
+TEST_P(ScenarioNotHolding, DoesNotHold) { EXPECT_FALSE(holds(GetParam())); }
 
 INSTANTIATE_TEST_SUITE_P(
-    All, Holding,
+    All, ScenarioHolding,
     ::testing::Values(
         "YES", "\"\"", "5", "NSObject", "{0, 0}", "1 == 1", "1 != 2", "1 < 2", "2 <= 2", "3 > 2",
         "3 >= 3", "1.0000005 == 1", "1000000.5 == 1000000", "0.1 + 0.2 == 0.3",
@@ -151,7 +151,7 @@ INSTANTIATE_TEST_SUITE_P(
         "[NSNumber numberWithBool: NO] == NO", "[NSNumber numberWithBool: NO]"));
 
 INSTANTIATE_TEST_SUITE_P(
-    All, NotHolding,
+    All, ScenarioNotHolding,
     ::testing::Values("NO", "nil", "0", "[nil anything]", "[[ScenarioSpecimen shared] doNothing]",
                       "1 == 1.00001", "1 != 1.0000001", "1000000 == 1000001", "1 ~ 1.6",
                       "{1, 2} ~ {1, 2.6}", "{1, 2} == {1, 3}", "{1, 2} == {1, 2, 3, 4}", "2 < 2",
@@ -167,9 +167,9 @@ struct Refused {
 
 void PrintTo(const Refused& row, std::ostream* output) { *output << row.statement; }
 
-class Refusing : public ScenarioTest, public ::testing::WithParamInterface<Refused> {};
+class ScenarioRefusing : public ScenarioTest, public ::testing::WithParamInterface<Refused> {};
 
-TEST_P(Refusing, FailsTheLineAndTheRunGoesOn) {
+TEST_P(ScenarioRefusing, FailsTheLineAndTheRunGoesOn) {
     const std::string statement = GetParam().statement;
     EXPECT_EQ(run(statement + "\nexpect YES"),
               "t.scenario:1: " + statement + ": " + GetParam().why + "\n");
@@ -178,7 +178,7 @@ TEST_P(Refusing, FailsTheLineAndTheRunGoesOn) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    All, Refusing,
+    All, ScenarioRefusing,
     ::testing::Values(
         Refused{"do [ScenarioSpecimen nope]", "+[ScenarioSpecimen nope]: unknown selector"},
         Refused{"do [[ScenarioSpecimen shared] no: 1 pe: 2]",
