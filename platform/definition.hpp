@@ -160,6 +160,16 @@ class Definition {
     Class class_;
 };
 
+// Adds a method to a class of the system, with the encoding that the function's signature gives. A
+// missing class, and one that has the method, stay as they are.
+template <FixedString message, auto fn>
+void addMethod(Class cls) {
+    using Implementation = detail::Thunk<Object, NoTrace, fn>;
+    if (!cls) return;
+    class_addMethod(cls, selector<message>(), reinterpret_cast<IMP>(&Implementation::run),
+                    Implementation::encoding.data());
+}
+
 namespace detail {
 
 template <Handle T, class State>

@@ -44,6 +44,9 @@ struct UIView : UIResponder {
     void setAlpha(double alpha) const { send<"setAlpha:">(alpha); }
     bool isHidden() const { return send<"isHidden", bool>(); }
     void setHidden(bool hidden) const { send<"setHidden:">(hidden); }
+    void setUserInteractionEnabled(bool enabled) const {
+        send<"setUserInteractionEnabled:">(enabled);
+    }
     void setClipsToBounds(bool clips) const { send<"setClipsToBounds:">(clips); }
     void setBackgroundColor(UIColor color) const { send<"setBackgroundColor:">(color); }
     CALayer layer() const { return send<"layer", CALayer>(); }

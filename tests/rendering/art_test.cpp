@@ -3,12 +3,12 @@
 
 #include <set>
 
-#include "drawing.hpp"
 #include "simulator/rendering/app_art.hpp"
 #include "simulator/rendering/chrome.hpp"
 #include "simulator/rendering/icon_art.hpp"
 #include "simulator/rendering/symbols.hpp"
 #include "simulator/rendering/wallpaper.hpp"
+#include "tests/rendering/drawing.hpp"
 
 namespace simulator::rendering {
 namespace {

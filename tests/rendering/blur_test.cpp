@@ -1,8 +1,8 @@
 // What a blur does to the picture behind it.
 #include <gtest/gtest.h>
 
-#include "drawing.hpp"
 #include "simulator/rendering/blur.hpp"
+#include "tests/rendering/drawing.hpp"
 
 namespace simulator::rendering {
 namespace {

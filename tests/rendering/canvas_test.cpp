@@ -1,7 +1,7 @@
 // Geometry, clipping and opacity of node trees, pixel by pixel.
 #include <gtest/gtest.h>
 
-#include "drawing.hpp"
+#include "tests/rendering/drawing.hpp"
 
 namespace simulator::rendering {
 namespace {

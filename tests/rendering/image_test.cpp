@@ -1,9 +1,9 @@
 // Pictures in layers: content modes, tint, multiply, scales.
 #include <gtest/gtest.h>
 
-#include "drawing.hpp"
 #include "simulator/rendering/image_layout.hpp"
 #include "simulator/rendering/picture.hpp"
+#include "tests/rendering/drawing.hpp"
 
 namespace simulator::rendering {
 namespace {

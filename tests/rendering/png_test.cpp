@@ -7,8 +7,8 @@
 #include <array>
 #include <fstream>
 
-#include "drawing.hpp"
 #include "simulator/rendering/montage.hpp"
+#include "tests/rendering/drawing.hpp"
 
 namespace simulator::rendering {
 namespace {

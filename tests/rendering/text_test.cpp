@@ -1,8 +1,8 @@
 // Measuring and drawing of text.
 #include <gtest/gtest.h>
 
-#include "drawing.hpp"
 #include "simulator/rendering/text.hpp"
+#include "tests/rendering/drawing.hpp"
 
 namespace simulator::rendering {
 namespace {

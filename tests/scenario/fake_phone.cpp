@@ -1,5 +1,5 @@
 // The volume is left to the base class: this phone has none.
-#include "fake_phone.hpp"
+#include "tests/scenario/fake_phone.hpp"
 
 #include <sstream>
 

@@ -6,10 +6,10 @@
 #include <sstream>
 #include <string>
 
-#include "fake_phone.hpp"
 #include "simulator/scenario/parser.hpp"
 #include "simulator/scenario/session.hpp"
-#include "specimen.hpp"
+#include "tests/scenario/fake_phone.hpp"
+#include "tests/scenario/specimen.hpp"
 
 namespace simulator::scenario {
 

@@ -7,8 +7,8 @@
 #include <fstream>
 #include <sstream>
 
-#include "fake_phone.hpp"
 #include "simulator/scenario/console.hpp"
+#include "tests/scenario/fake_phone.hpp"
 
 namespace simulator::scenario {
 namespace {

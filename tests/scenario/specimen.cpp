@@ -1,5 +1,5 @@
 // Each method is a plain function; its encoding stands beside it in the table at the end.
-#include "specimen.hpp"
+#include "tests/scenario/specimen.hpp"
 
 #include <string>
 #include <vector>

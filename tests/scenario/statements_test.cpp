@@ -1,8 +1,8 @@
 // Statements: each reaches the phone as it should, expectations are judged and counted, and what
 // fails is told.
 #include "simulator/scenario/statements.hpp"
-#include "fixture.hpp"
 #include "simulator/scenario/objective_c.hpp"
+#include "tests/scenario/fixture.hpp"
 
 namespace simulator::scenario {
 namespace {

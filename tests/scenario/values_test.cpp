@@ -1,6 +1,6 @@
 // Expressions: what they are worth, how that prints, and how it compares.
-#include "fixture.hpp"
 #include "simulator/scenario/objective_c.hpp"
+#include "tests/scenario/fixture.hpp"
 
 namespace simulator::scenario {
 namespace {

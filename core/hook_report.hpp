@@ -1,0 +1,21 @@
+// The hook report: for each row, whether its class and method were found, own or inherited, the
+// encoding expected and met, and the calls so far. The class VNTHookReport gives it as text to whoever
+// asks at run time: [VNTHookReport text].
+#pragma once
+
+#include "platform/foundation.hpp"
+
+namespace vantori {
+
+using namespace platform;
+
+struct VNTHookReport : Object {
+    static constexpr FixedString name{"VNTHookReport"};
+    using Object::Object;
+};
+
+NSString hookReport();
+
+void registerHookReport();
+
+}  // namespace vantori

@@ -1,0 +1,65 @@
+#include "core/hook_welcome.hpp"
+
+#include <string_view>
+
+#include "platform/definition.hpp"
+#include "toolbar/update_view_controller.hpp"
+
+namespace vantori {
+
+namespace {
+
+#ifndef VANTORI_VERSION
+#define VANTORI_VERSION "1.2.1"
+#endif
+constexpr std::string_view version = VANTORI_VERSION;
+
+NSString historyPath() {
+    return "/var/mobile/Library/Preferences/com.ferolin.VantoriHistoryVersion.plist"_ns;
+}
+
+// The pager shown last; replacing it releases the one before.
+Strong<VNTUpdateViewController> updateViewController;
+
+void presentUpdateInfo(Object self) {
+    updateViewController = create<VNTUpdateViewController>();
+    UIView home = as<UIView>(self);
+    UIView pager = updateViewController.view();
+    home.addSubview(pager);
+    home.bringSubviewToFront(pager);
+}
+
+bool canReadHistory() {
+    NSFileHandle file = NSFileHandle::forReading(historyPath());
+    if (!file) return false;
+    file.close();
+    return true;
+}
+
+// Whether this version is new to the history; it is written down then. A history that can be opened
+// but is no list counts as an empty one.
+bool rememberVersion() {
+    NSString current = NSString::from(version.data());
+    if (!canReadHistory()) {
+        NSArray::with(current).writeToFile(historyPath(), true);
+        return true;
+    }
+    NSArray history = NSArray::withContentsOfFile(historyPath());
+    if (history.last().send<"isEqual:", bool>(current)) return false;
+    NSArray longer = history ? history.adding(current) : NSArray::with(current);
+    longer.writeToFile(historyPath(), true);
+    return true;
+}
+
+}  // namespace
+
+void homeScreenDidMove(System<void()> system, Object self) {
+    system();
+    if (version == "debug" || rememberVersion()) self.send<"presentUpdateInfo">();
+}
+
+void addPresentUpdateInfo() {
+    addMethod<"presentUpdateInfo", &presentUpdateInfo>(objc_getClass("SBHomeScreenView"));
+}
+
+}  // namespace vantori

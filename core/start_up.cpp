@@ -1,0 +1,113 @@
+#include "core/start_up.hpp"
+
+#include "core/control_center.hpp"
+#include "core/hook_report.hpp"
+#include "core/hook_scene_layout.hpp"
+#include "core/hook_table.hpp"
+#include "core/hook_welcome.hpp"
+#include "core/settings_file.hpp"
+#include "core/settings_reload.hpp"
+#include "core/variables.hpp"
+#include "platform/definition.hpp"
+#include "platform/loading.hpp"
+#include "toolbar/sb_toolbar_controller.hpp"
+#include "toolbar/update_view_controller.hpp"
+
+namespace vantori {
+
+namespace {
+
+struct Frameworks {
+    NSBundle controlCenterUIKit =
+        NSBundle::withPath("/System/Library/PrivateFrameworks/ControlCenterUIKit.framework"_ns);
+    NSBundle controlCenterUI =
+        NSBundle::withPath("/System/Library/PrivateFrameworks/ControlCenterUI.framework"_ns);
+    NSBundle doNotDisturb =
+        NSBundle::withPath("/System/Library/ControlCenter/Bundles/DoNotDisturbModule.bundle"_ns);
+    NSBundle replayKit =
+        NSBundle::withPath("/System/Library/ControlCenter/Bundles/ReplayKitModule.bundle"_ns);
+};
+
+void registerClasses() {
+    registerUpdateViewController();
+    registerHostWindows();
+    registerPages();
+    registerPanels();
+    registerToolBarController();
+    registerSBToolBarController();
+    registerHookReport();
+}
+
+void loadModules(const Frameworks& frameworks) {
+    frameworks.doNotDisturb.load();
+    frameworks.replayKit.load();
+    openLibrary(
+        "/System/Library/PrivateFrameworks/ControlCenterUIKit.framework/ControlCenterUIKit");
+    openLibrary("/System/Library/PrivateFrameworks/ControlCenterUI.framework/ControlCenterUI");
+}
+
+// The first that does not load decides.
+bool areFrameworksLoaded(const Frameworks& frameworks) {
+    return frameworks.controlCenterUIKit.load() && frameworks.controlCenterUI.load() &&
+           frameworks.doNotDisturb.load();
+}
+
+void readFirstSettings() {
+    replaceCC = boolSetting("replaceCC"_ns, false);
+    reachability = boolSetting("reachability"_ns, false);
+    layoutDirection = currentLayoutDirection();
+    middleZoneWidth = 0;
+}
+
+void readLastSettings() {
+    (void)intSetting("gestureLocation"_ns, 0);
+    layoutDirection = currentLayoutDirection();
+    middleZoneWidth = 0;
+    noCornerRadius = boolSetting("noCornerRadius"_ns, false);
+    enabledAtLaunch = boolSetting("enabled"_ns, true);
+    tapToOpen = boolSetting("tapToOpen"_ns, true);
+    alwaysSpringBoardStyle = boolSetting("alwaysSpringBoardStyle"_ns, true);
+}
+
+// An alert of the developers'; nothing calls it. The button is added by a message of its own, since
+// the initialiser's list of buttons is variadic.
+void showTestAlert(Object) {
+    Object cls(classObject(objc_getClass("UIAlertView")));
+    Object alert = adopted(cls.send<"alloc", Object>().send<"init", Object>()).autoreleased();
+    alert.send<"setTitle:">("Gesture"_ns);
+    alert.send<"setMessage:">("Test!"_ns);
+    const long cancel = alert.send<"addButtonWithTitle:", long>("Okay!"_ns);
+    alert.send<"setCancelButtonIndex:">(cancel);
+    alert.send<"show">();
+}
+
+void installSpringBoardHooks() {
+    addSceneLayoutAccessors();
+    install(springBoardHooks());
+    addMethod<"test", &showTestAlert>(objc_getClass("SBFluidSwitcherGestureManager"));
+}
+
+}  // namespace
+
+void startUp() {
+    AutoreleasePool pool;
+    enabled = boolSetting("enabled"_ns, true);
+    if (!enabled) return;
+    registerClasses();
+    install(welcomeHooks());
+    addPresentUpdateInfo();
+
+    const Frameworks frameworks;
+    loadModules(frameworks);
+    readFirstSettings();
+    if (!areFrameworksLoaded(frameworks)) return;
+
+    installSpringBoardHooks();
+    if (replaceCC || !hasNoHomeButton()) install(controlCenterHooks());
+    observeSettings();
+    reloadSettings();
+    settingsLoaded = true;
+    readLastSettings();
+}
+
+}  // namespace vantori

@@ -1,0 +1,10 @@
+// Start-up: runs once, when SpringBoard loads the library, before SpringBoard has finished
+// launching.
+#pragma once
+
+namespace vantori {
+
+// With "enabled" false nothing happens at all: no class, no hook, no observer.
+void startUp();
+
+}  // namespace vantori

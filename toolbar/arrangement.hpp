@@ -1,0 +1,29 @@
+// Where the pages stand. Lengths in points; W and H are the main screen's bounds, read fresh.
+#pragma once
+
+#include "toolbar/toolbar_controller.hpp"
+
+namespace vantori {
+
+inline constexpr double bandHeight = 15;  // above the pages
+inline constexpr double pageHeight = 100;
+inline constexpr double stripHeight = bandHeight + pageHeight;
+
+CGSize screenSize();
+double screenLongSide();
+
+// The pages shown, in display order. No setting chooses them.
+NSArray fixedPageList();
+
+// The everyday page is never in the list: its view keeps alpha 0 and its first frame. Deliberate.
+double stackedHeight(VNTToolBarController toolbar);
+double heightFor(VNTToolBarController toolbar, int direction);
+
+// The frame of the page at an index of the list.
+CGRect pageFrame(unsigned long index, int direction);
+CGRect grabberFrame(double width);
+
+// Gives each listed page its frame, and every page alpha 1 or 0 by whether it is listed.
+void placePages(VNTToolBarController toolbar, int direction);
+
+}  // namespace vantori

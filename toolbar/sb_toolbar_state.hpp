@@ -1,0 +1,19 @@
+// What the SpringBoard toolbar keeps besides what it inherits.
+#pragma once
+
+#include "toolbar/sb_toolbar_controller.hpp"
+
+namespace vantori {
+
+struct SBToolBarState {
+    Strong<VNTSBHostWindow> hostWindow;
+    Strong<UIBackdropView> backdropView;  // created, never placed in the view tree
+    Strong<UIVisualEffectView> visualEffectView;
+    Strong<UIView> shadowView;
+    CGRect suggestedFrame;
+    double suggestedY;
+    bool shouldAllowAutoRotate;
+    Strong<VNTCCTogglesBarViewController> modules;
+};
+
+}  // namespace vantori

@@ -1,0 +1,81 @@
+// The toolbar: a strip at the bottom of the screen that holds a scroll view of content pages over
+// a blurred backdrop, with a grabber bar on top and a page indicator. VNTToolBarController sits behind
+// the applications' scenes; its subclass VNTSBToolBarController has a window of its own.
+#pragma once
+
+#include "pages/pages.hpp"
+#include "platform/springboard.hpp"
+#include "toggles/panels.hpp"
+
+namespace vantori {
+
+struct VNTToolBarController : UIViewController {
+    static constexpr FixedString name{"VNTToolBarController"};
+    using UIViewController::UIViewController;
+
+    // The one instance of the process, made on first use.
+    static VNTToolBarController shared() {
+        return sendClass<VNTToolBarController, "sharedInstance", VNTToolBarController>();
+    }
+    static bool exists() {
+        return sendClass<VNTToolBarController, "sharedInstanceIfExisted", bool>();
+    }
+
+    bool isEnabled() const { return send<"isEnabled", bool>(); }
+    void setIsEnabled(bool isOpen) const { send<"setIsEnabled:">(isOpen); }
+    bool canToggleReachability() const { return send<"canToggleReachability", bool>(); }
+    void setCanToggleReachability(bool can) const { send<"setCanToggleReachability:">(can); }
+    // In points.
+    double maxHeight() const { return send<"maxHeight", double>(); }
+    void setMaxHeight(double points) const { send<"setMaxHeight:">(points); }
+    NSArray pages() const { return send<"pages", NSArray>(); }
+    void setPages(NSArray pages) const { send<"setPages:">(pages); }
+
+    UIScrollView vantoriScrollView() const { return send<"vantoriScrollView", UIScrollView>(); }
+    UIPageControl scrollViewPageController() const {
+        return send<"scrollViewPageController", UIPageControl>();
+    }
+    UIView grabberView() const { return send<"grabberView", UIView>(); }
+    UIView tintColorView() const { return send<"tintColorView", UIView>(); }
+    SBWallpaperEffectView backgroundWallpaperView() const {
+        return send<"backgroundWallpaperView", SBWallpaperEffectView>();
+    }
+
+    VNTConnectivityBarViewController connectivityBarViewController() const {
+        return send<"connectivityBarViewController", VNTConnectivityBarViewController>();
+    }
+    VNTMediaPlayerViewController mediaPlayerViewController() const {
+        return send<"mediaPlayerViewController", VNTMediaPlayerViewController>();
+    }
+    VNTIconsContainerViewController iconsContainerViewController() const {
+        return send<"iconsContainerViewController", VNTIconsContainerViewController>();
+    }
+    VNTDailyToolBarViewController dailyControlViewController() const {
+        return send<"dailyControlViewController", VNTDailyToolBarViewController>();
+    }
+    VNTBrightnessSliderContainerViewController brightnessSliderContainerViewController() const {
+        return send<"brightnessSliderContainerViewController",
+                    VNTBrightnessSliderContainerViewController>();
+    }
+    VNTVolumeSliderContainerViewController volumeSliderContainerViewController() const {
+        return send<"volumeSliderContainerViewController",
+                    VNTVolumeSliderContainerViewController>();
+    }
+    VNTCCTogglesBarViewController ccTogglesViewControllerForApp() const {
+        return send<"ccTogglesViewControllerForApp", VNTCCTogglesBarViewController>();
+    }
+
+    // Applies an arrangement (3 stacks the pages, any other number puts them side by side).
+    void refreshLayoutForDirection(int direction) const {
+        send<"refreshLayoutForDirection:">(direction);
+    }
+    // Reads the arrangement afresh, and places and shows every page.
+    void refreshAllPages() const { send<"refreshAllPages">(); }
+    void fixPageControl() const { send<"fixPageControl">(); }
+    void setUpConnectivityButtonSet() const { send<"setUpConnectivityButtonSet">(); }
+    void layoutConnectivityButton() const { send<"layoutConnectivityButton">(); }
+};
+
+void registerToolBarController();
+
+}  // namespace vantori
