@@ -4,7 +4,7 @@
 #include "simulator/runtime/stand_in.hpp"
 #include "simulator/springboard/configuration.hpp"
 #include "simulator/springboard/parts.hpp"
-#include "simulator/uikit/classes.hpp"
+#include "simulator/springboard/uikit_bridge.hpp"
 
 namespace simulator {
 
@@ -87,7 +87,9 @@ void layoutRoundButton(CCUIRoundButton self) {
 }
 
 UIImage glyph(const char* symbol) {
-    return sendClass<UIImage, "systemImageNamed:", UIImage>(NSString::from(symbol));
+    constexpr rendering::Size size{24, 24};  // points
+    constexpr rendering::Colour white{1, 1, 1, 1};
+    return imageOfPicture(rendering::Picture::symbol(symbol, size, white));
 }
 
 Strong<CCUIRoundButton> makeRoundButton(const Look& look) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include "simulator/springboard/parts.hpp"
+#include "simulator/springboard/uikit_bridge.hpp"
 
 #include "simulator/springboard/orientation.hpp"
 #include "simulator/springboard/windows.hpp"
@@ -26,29 +27,48 @@ constexpr double leastPull = 40;       // points that open it at release
 
 CenterState& state() { return stateOf<CenterState>(controlCenter()); }
 
-// Rows of dark tiles over a blur: the modules in their usual grid of four columns.
-void addTile(UIView panel, CGRect frame) {
+// A module of the grid of four columns, with a drawing of what it stands for.
+struct Tile {
+    int column, row, columns, rows;
+    const char* symbol;
+};
+
+constexpr Tile tiles[]{
+    {0, 0, 2, 2, "wifi"},       {2, 0, 2, 2, "note"},       {0, 2, 1, 1, "orientation-lock"},
+    {1, 2, 1, 1, "moon"},       {2, 2, 1, 2, "sun"},        {3, 2, 1, 2, "speaker"},
+    {0, 3, 2, 1, "airplay"},    {0, 4, 1, 1, "flashlight"}, {1, 4, 1, 1, "timer"},
+    {2, 4, 1, 1, "calculator"}, {3, 4, 1, 1, "camera"},
+};
+
+void addSymbol(UIView tile, const char* name) {
+    constexpr double side = 30;  // points
+    constexpr rendering::Colour white{1, 1, 1, 1};
+    CGSize size = tile.bounds().size;
+    auto image = create<UIImageView, "initWithImage:">(
+        imageOfPicture(rendering::Picture::symbol(name, {side, side}, white)));
+    image.setFrame(rect((size.width - side) / 2, (size.height - side) / 2, side, side));
+    addPart(tile, image);
+}
+
+void addTile(UIView panel, CGRect frame, const char* symbol) {
     auto tile = create<UIView, "initWithFrame:">(frame);
     tile.setBackgroundColor(UIColor::rgba(0, 0, 0, 0.35));
     tile.send<"_setContinuousCornerRadius:">(18.0);
+    addSymbol(tile, symbol);
     addPart(panel, tile);
 }
 
 void addTiles(UIView panel) {
-    struct Tile {
-        int column, row, columns, rows;
-    };
-    constexpr Tile tiles[]{{0, 0, 2, 2}, {2, 0, 2, 2}, {0, 2, 1, 1}, {1, 2, 1, 1},
-                           {2, 2, 1, 2}, {3, 2, 1, 2}, {0, 3, 2, 1}, {0, 4, 1, 1},
-                           {1, 4, 1, 1}, {2, 4, 1, 1}, {3, 4, 1, 1}};
     constexpr double unit = 70, gap = 14;
     double width = panel.bounds().size.width;
     double left = (width - 4 * unit - 3 * gap) / 2;
-    double top = panel.bounds().size.height > panel.bounds().size.width ? 120 : 10;
+    double top = panel.bounds().size.height > width ? 120 : 10;
     for (const Tile& tile : tiles) {
-        addTile(panel, rect(left + tile.column * (unit + gap), top + tile.row * (unit + gap),
-                            tile.columns * unit + (tile.columns - 1) * gap,
-                            tile.rows * unit + (tile.rows - 1) * gap));
+        addTile(panel,
+                rect(left + tile.column * (unit + gap), top + tile.row * (unit + gap),
+                     tile.columns * unit + (tile.columns - 1) * gap,
+                     tile.rows * unit + (tile.rows - 1) * gap),
+                tile.symbol);
     }
 }
 
@@ -61,6 +81,9 @@ void buildPanel() {
     ground.setFrame(panel.bounds());
     addPart(panel, ground);
     addTiles(panel);
+    auto tap = create<UITapGestureRecognizer, "initWithTarget:action:">(
+        controlCenter(), selector<"_handleDismissTap:">());
+    if (tap) panel.send<"addGestureRecognizer:">(UIGestureRecognizer(tap));
     addPart(window, panel);
     state().panel = std::move(panel);
 }
@@ -124,6 +147,10 @@ void present(SBControlCenterController, bool, BlockRef<void(bool)> completion) {
 
 void dismiss(SBControlCenterController, bool, BlockRef<void(bool)> completion) {
     if (state().open || state().tracking) close(completion);
+}
+
+void handleDismissTap(SBControlCenterController self, UIGestureRecognizer) {
+    self.send<"dismissAnimated:completion:">(true, BlockRef<void(bool)>());
 }
 
 bool isVisible(SBControlCenterController) { return state().open || state().tracking; }
@@ -215,6 +242,7 @@ void registerControlCenter() {
         .method<"presentAnimated:completion:", &present>()
         .method<"dismissAnimated:completion:", &dismiss>()
         .method<"isVisible", &isVisible>()
+        .method<"_handleDismissTap:", &handleDismissTap>()
         .method<"_presentGestureLocationInView", &presentGestureLocation>()
         .method<"_handleStatusBarPullDownGesture:", &handleStatusBarPullDown>()
         .method<"grabberTongueBeganPulling:withDistance:andVelocity:", &beganPulling>()

@@ -32,6 +32,7 @@
 #include "simulator/springboard/uikit_bridge.hpp"
 #include "simulator/springboard/windows.hpp"
 #include "simulator/uikit/application/application.hpp"
+#include "simulator/uikit/image/image.hpp"
 #include "simulator/uikit/screen/screen.hpp"
 #include "simulator/uikit/uikit.hpp"
 
@@ -121,6 +122,7 @@ void launchPhone(Extension extension) {
     setUpScreen();
     installSupportFiles();
     registerUIKit();
+    setImagePaths([](const std::string& path) { return DeviceRoot::shared().map(path); });
     registerSpringBoard();
     if (extension == Extension::load) loadExtension();
     startSpringBoard();

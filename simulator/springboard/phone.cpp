@@ -18,6 +18,7 @@
 #include "simulator/runtime/system_log.hpp"
 #include "simulator/springboard/applications.hpp"
 #include "simulator/springboard/configuration.hpp"
+#include "simulator/springboard/control_center.hpp"
 #include "simulator/springboard/device_table.hpp"
 #include "simulator/springboard/display.hpp"
 #include "simulator/springboard/journal_values.hpp"
@@ -158,6 +159,7 @@ class SimulatedPhone final : public Phone {
     void home() override {
         requireOn();
         run([&] {
+            dismissControlCenter(true);
             goHome();
             refreshWindows();
             Clock::shared().advance(sceneTime);

@@ -1,6 +1,11 @@
 #include "simulator/springboard/uikit_bridge.hpp"
 
+#include "simulator/springboard/configuration.hpp"
 #include "simulator/uikit/animation/animation.hpp"
+#include "simulator/uikit/feedback/feedback.hpp"
+#include "simulator/uikit/image/image.hpp"
+#include "simulator/uikit/scene.hpp"
+#include "simulator/uikit/touch/touch.hpp"
 #include "simulator/uikit/view/view.hpp"
 #include "simulator/uikit/view/window/window.hpp"
 
@@ -18,17 +23,17 @@ bool moves(UIView view) {
 
 }  // namespace
 
-void fingerDown(CGPoint) {}
-void fingerMoved(CGPoint) {}
-void fingerUp(CGPoint) {}
-void fingerCancelled() {}
+void fingerDown(CGPoint display) { TouchScreen::shared().down(display); }
+void fingerMoved(CGPoint display) { TouchScreen::shared().move(display); }
+void fingerUp(CGPoint) { TouchScreen::shared().up(); }
+void fingerCancelled() { TouchScreen::shared().cancel(); }
 
-UIImage imageOfPicture(const rendering::PictureRef&) { return {}; }
+UIImage imageOfPicture(const rendering::PictureRef& picture) { return makeImage(picture); }
 
-rendering::Node screenScene() { return {}; }
+rendering::Node screenScene() { return sceneOfWindows(configuration().screen); }
 
-long hapticsGiven(int) { return 0; }
-void clearHaptics() {}
+long hapticsGiven(int style) { return hapticCount(style); }
+void clearHaptics() { clearHapticCounts(); }
 
 bool anythingMoves() {
     for (const auto& window : windowsBackToFront()) {

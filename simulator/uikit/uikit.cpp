@@ -1,6 +1,7 @@
 #include "simulator/uikit/uikit.hpp"
 
 #include "simulator/runtime/clock.hpp"
+#include "simulator/uikit/alert/alert.hpp"
 #include "simulator/uikit/application/application.hpp"
 #include "simulator/uikit/controller/controller.hpp"
 #include "simulator/uikit/feedback/feedback.hpp"
@@ -40,6 +41,7 @@ void registerUIKit() {
     registerButton();
     registerEffects();
     registerFeedback();
+    registerAlerts();
     addToFoundation();
     Clock::shared().everyFrame([] { layoutWindows(); });
 }

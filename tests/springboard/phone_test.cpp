@@ -10,6 +10,7 @@
 #include "simulator/springboard/orientation.hpp"
 #include "simulator/springboard/reachability.hpp"
 #include "simulator/springboard/scene_layout.hpp"
+#include "simulator/springboard/screen_picture.hpp"
 #include "simulator/springboard/switcher_gestures.hpp"
 #include "simulator/springboard/windows.hpp"
 
@@ -157,7 +158,9 @@ TEST_F(BarePhone, TheStatusBarOpensControlCenter) {
     phone_->statusBar(PullPhase::ended, 350, 200, 0);
     phone_->wait(1);
     EXPECT_TRUE(controlCenterIsOpen());
-    controlCenter().send<"dismissAnimated:completion:">(true, BlockRef<void(bool)>());
+    phone_->touchDown(20, 700);
+    phone_->wait(0.05);
+    phone_->touchUp();
     phone_->wait(1);
     EXPECT_FALSE(controlCenterIsOpen());
     EXPECT_TRUE(windows().controlCenter.isHidden());
@@ -217,6 +220,40 @@ TEST_P(Edge, TheTonguesFingerIsSoFarAlongTheBottomEdge) {
 INSTANTIATE_TEST_SUITE_P(Orientations, Edge,
                          testing::Values(Orientation::portrait, Orientation::upsideDown,
                                          Orientation::landscapeRight, Orientation::landscapeLeft));
+
+TEST_F(BarePhone, ATapOnAnIconOpensItsApplication) {
+    boot();
+    // The dock's first icon: 27 points in, in the middle of the dock.
+    phone_->touchDown(57, 753);
+    phone_->wait(0.05);
+    phone_->touchUp();
+    phone_->wait(1);
+    EXPECT_EQ(front(), "com.apple.mobilephone");
+    EXPECT_EQ(phone_->launchedCount("com.apple.mobilephone"), 1);
+}
+
+TEST_F(BarePhone, AFingerThatPullsFromTheBottomEdgeGoesHome) {
+    boot();
+    phone_->open("com.example.notes");
+    phone_->touchDown(180, 810);
+    phone_->touchMove(180, 500, 0.3);
+    phone_->touchUp();
+    phone_->wait(1);
+    EXPECT_EQ(front(), "");
+    EXPECT_THROW(phone_->touchUp(), PhoneError);
+}
+
+TEST_F(BarePhone, ShowsWhatIsOnItsScreen) {
+    boot();
+    rendering::Surface home = screenPicture();
+    EXPECT_EQ(home.width(), 375);
+    EXPECT_EQ(home.height(), 812);
+    unsigned before = home.pixel(187, 400);
+    phone_->open("com.example.notes");
+    EXPECT_NE(screenPicture().pixel(187, 400), before);
+    phone_->rotate(Orientation::landscapeRight);
+    EXPECT_EQ(screenPicture().width(), 812);
+}
 
 class Without : public BarePhone, public testing::WithParamInterface<const char*> {};
 

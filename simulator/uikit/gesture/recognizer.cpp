@@ -142,11 +142,9 @@ void enter(UIGestureRecognizer recognizer, long next) {
         return;
     }
     s.state = next;
-    if (recognises) {
-        failOthers(recognizer);
-        TouchScreen::shared().recognized(recognizer);
-    }
+    if (recognises) failOthers(recognizer);
     if (next != State::possible && next != State::failed) act(recognizer);
+    if (recognises) TouchScreen::shared().recognized(recognizer);
 }
 
 void registerRecognizers() {
