@@ -113,7 +113,7 @@ void registerSpringBoard() {
     registerMedia();
     registerModuleControllers();
     announceScreenRecording();
-    announceConnectivity();
+    registerConnectivity();
     registerSpringBoardApplication();
 }
 
