@@ -1,8 +1,8 @@
 // The phones that can be simulated: machine identifier, screen in points, pixels per point, and
-// whether there is a home button.
+// whether there is a home button. An identifier outside the table is a phone like its neighbours in
+// time: small with a home button before the table begins, 375 points wide without one otherwise.
 #pragma once
 
-#include <optional>
 #include <string_view>
 
 namespace simulator {
@@ -15,6 +15,6 @@ struct DeviceModel {
     bool homeButton;
 };
 
-std::optional<DeviceModel> findDevice(std::string_view identifier);
+DeviceModel findDevice(std::string_view identifier);
 
 }  // namespace simulator

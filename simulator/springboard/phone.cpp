@@ -63,14 +63,14 @@ class SimulatedPhone final : public Phone {
     }
 
     void device(const std::string& identifier) override {
-        auto model = findDevice(identifier);
-        if (!model) throw PhoneError("no such device: " + identifier);
         requireOff();
-        Configuration& phone = configuration();
-        phone.machine = identifier;
-        phone.screen = {model->width, model->height};
-        phone.scale = model->scale;
-        phone.homeButton = model->homeButton;
+        configuration().machine = identifier;
+        DeviceModel model = findDevice(identifier);
+        if (!ownScreen_) {
+            configuration().screen = {model.width, model.height};
+            configuration().scale = model.scale;
+        }
+        if (!ownHomeButton_) configuration().homeButton = model.homeButton;
     }
     void screen(double width, double height, double scale) override {
         requireOff();
@@ -80,6 +80,7 @@ class SimulatedPhone final : public Phone {
         }
         configuration().screen = {width, height};
         configuration().scale = scale;
+        ownScreen_ = true;
     }
     void system(const std::string& version) override {
         requireOff();
@@ -92,6 +93,7 @@ class SimulatedPhone final : public Phone {
     void homeButton(bool present) override {
         requireOff();
         configuration().homeButton = present;
+        ownHomeButton_ = true;
     }
     void missingClass(const std::string& name) override {
         requireOff();
@@ -394,6 +396,8 @@ class SimulatedPhone final : public Phone {
     TemporaryRoot root_;
     Extension extension_ = Extension::load;
     bool on_ = false;
+    bool ownScreen_ = false;      // said by the scenario, so the model has no say
+    bool ownHomeButton_ = false;  // likewise
     bool touching_ = false;
     bool taken_ = false;  // the system has the finger
     CGPoint finger_{};

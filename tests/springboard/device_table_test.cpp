@@ -13,11 +13,10 @@ class Devices : public testing::TestWithParam<DeviceModel> {};
 TEST_P(Devices, HaveTheirScreenAndButton) {
     const DeviceModel& expected = GetParam();
     auto found = findDevice(expected.identifier);
-    ASSERT_TRUE(found);
-    EXPECT_EQ(found->width, expected.width);
-    EXPECT_EQ(found->height, expected.height);
-    EXPECT_EQ(found->scale, expected.scale);
-    EXPECT_EQ(found->homeButton, expected.homeButton);
+    EXPECT_EQ(found.width, expected.width);
+    EXPECT_EQ(found.height, expected.height);
+    EXPECT_EQ(found.scale, expected.scale);
+    EXPECT_EQ(found.homeButton, expected.homeButton);
 }
 
 INSTANTIATE_TEST_SUITE_P(Table, Devices,
@@ -40,9 +39,13 @@ INSTANTIATE_TEST_SUITE_P(Table, Devices,
                                          DeviceModel{"iPhone12,5", 414, 896, 3, false},
                                          DeviceModel{"iPhone12,8", 375, 667, 2, true}));
 
-TEST(DeviceTable, HasNothingForOthers) {
-    EXPECT_FALSE(findDevice("iPhone99,1"));
-    EXPECT_FALSE(findDevice(""));
-}
+INSTANTIATE_TEST_SUITE_P(Neighbours, Devices,
+                         testing::Values(DeviceModel{"iPhone3,1", 320, 568, 2, true},
+                                         DeviceModel{"iPhone5,4", 320, 568, 2, true},
+                                         DeviceModel{"iPod5,1", 320, 568, 2, true},
+                                         DeviceModel{"iPhone14,2", 375, 812, 3, false},
+                                         DeviceModel{"iPhone99,1", 375, 812, 3, false},
+                                         DeviceModel{"x86_64", 375, 812, 3, false},
+                                         DeviceModel{"", 375, 812, 3, false}));
 
 }  // namespace
