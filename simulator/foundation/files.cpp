@@ -1,5 +1,7 @@
 #include "simulator/foundation/files.hpp"
 
+#include <stdexcept>
+
 #include "simulator/foundation/device_root.hpp"
 #include "simulator/foundation/property_list.hpp"
 #include "simulator/foundation/replacement.hpp"
@@ -80,20 +82,33 @@ id initArray(id self, SEL, id path) {
     return initialised<"initWithArray:">(self, rootOfFile(path, "NSArray"));
 }
 
+// Lists are written as XML, as the platform does; the Foundation underneath would write its old text
+// form. What is no property list is not written.
+Boolean writeList(id self, SEL, id path, Boolean) {
+    const char* text = path ? NSString(path).utf8() : nullptr;
+    if (!text) return 0;
+    try {
+        return writeFile(DeviceRoot::shared().map(text),
+                         encodePropertyList(Object(self), PropertyListFormat::xml));
+    } catch (const std::invalid_argument&) {
+        return 0;
+    }
+}
+
 template <class Function>
-void replaceReader(const char* cls, MethodKind kind, const char* message, Function* function) {
+void replaceOne(const char* cls, MethodKind kind, const char* message, Function* function) {
     replaceMethod(cls, kind, message, reinterpret_cast<IMP>(function));
 }
 
 void installReaders() {
     for (const char* cls : {"NSDictionary", "NSMutableDictionary"}) {
-        replaceReader(cls, MethodKind::onClass,
-                      "dictionaryWithContentsOfFile:", &dictionaryWithContents);
-        replaceReader(cls, MethodKind::instance, "initWithContentsOfFile:", &initDictionary);
+        replaceOne(cls, MethodKind::onClass,
+                   "dictionaryWithContentsOfFile:", &dictionaryWithContents);
+        replaceOne(cls, MethodKind::instance, "initWithContentsOfFile:", &initDictionary);
     }
     for (const char* cls : {"NSArray", "NSMutableArray"}) {
-        replaceReader(cls, MethodKind::onClass, "arrayWithContentsOfFile:", &arrayWithContents);
-        replaceReader(cls, MethodKind::instance, "initWithContentsOfFile:", &initArray);
+        replaceOne(cls, MethodKind::onClass, "arrayWithContentsOfFile:", &arrayWithContents);
+        replaceOne(cls, MethodKind::instance, "initWithContentsOfFile:", &initArray);
     }
 }
 
@@ -134,8 +149,9 @@ void installContents() {
                unsigned long, id*>::install();
     Redirected<"NSString", onClass, "stringWithContentsOfFile:encoding:error:", id, unsigned long,
                id*>::install();
-    Redirected<"NSDictionary", instance, "writeToFile:atomically:", Boolean, Boolean>::install();
-    Redirected<"NSArray", instance, "writeToFile:atomically:", Boolean, Boolean>::install();
+    for (const char* cls : {"NSDictionary", "NSArray"}) {
+        replaceOne(cls, instance, "writeToFile:atomically:", &writeList);
+    }
 }
 
 }  // namespace

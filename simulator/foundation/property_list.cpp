@@ -83,6 +83,11 @@ std::string encodePropertyList(Object root, PropertyListFormat format) {
 
 Object decodePropertyList(std::string_view bytes) {
     if (!isHarmlessPropertyList(bytes)) return {};
+    // The declaration is optional to the platform, but not to the reader underneath.
+    if (bytes.starts_with("<plist") || bytes.starts_with("<!DOCTYPE")) {
+        return decodePropertyList("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n" +
+                                  std::string(bytes));
+    }
     try {
         return sendClass<NSPropertyListSerialization,
                          "propertyListWithData:options:format:error:", Object>(

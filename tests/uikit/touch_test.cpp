@@ -149,7 +149,7 @@ TEST_F(Touches, PanMeasuresPointsPerSecond) {
     EXPECT_NEAR(pan.velocityInView(view).y, 400, 8);
     pan.setTranslation({0, 0}, view);
     EXPECT_EQ((pan.send<"translationInView:", CGPoint>(UIView(view.get()))), (CGPoint{0, 0}));
-    EXPECT_EQ(pan.velocityInView(view), (CGPoint{0, 0}));  // it resets the velocity as well
+    EXPECT_NEAR(pan.velocityInView(view).y, 400, 8);  // the finger's speed outlives it
     TouchScreen::shared().up();
 }
 

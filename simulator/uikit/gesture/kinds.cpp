@@ -84,9 +84,9 @@ void registerPan() {
                 CGAffineTransform t = view ? conversionToScreen(view) : identityTransform;
                 t.tx = t.ty = 0;
                 CGPoint onScreen = geometry::apply(t, translation);
+                // The finger's velocity outlives it, whatever the reference page says: recognisers
+                // whose translation is zeroed at every change do report one at their end.
                 s.origin = {s.location.x - onScreen.x, s.location.y - onScreen.y};
-                // Documented: it resets the velocity too.
-                s.samples = {{Clock::shared().now(), s.location}};
             })
         .method<"velocityInView:">([](UIPanGestureRecognizer r, UIView view) -> CGPoint {
             return turned(velocity(recognizerState(r)), view);
