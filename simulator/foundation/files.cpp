@@ -14,6 +14,11 @@ using platform::NSString;
 using platform::Object;
 using Boolean = unsigned char;  // GNUstep's BOOL
 
+struct NSData : Object {
+    static constexpr platform::FixedString name{"NSData"};
+    using Object::Object;
+};
+
 id mapped(id path) {
     if (!path) return nullptr;
     const char* text = NSString(path).utf8();
@@ -84,12 +89,12 @@ id initArray(id self, SEL, id path) {
 
 // Lists are written as XML, as the platform does; the Foundation underneath would write its old text
 // form. What is no property list is not written.
-Boolean writeList(id self, SEL, id path, Boolean) {
-    const char* text = path ? NSString(path).utf8() : nullptr;
-    if (!text) return 0;
+Boolean writeList(id self, SEL, id path, Boolean atomically) {
     try {
-        return writeFile(DeviceRoot::shared().map(text),
-                         encodePropertyList(Object(self), PropertyListFormat::xml));
+        std::string text = encodePropertyList(Object(self), PropertyListFormat::xml);
+        auto bytes = platform::sendClass<NSData, "dataWithBytes:length:", NSData>(
+            static_cast<const void*>(text.data()), static_cast<unsigned long>(text.size()));
+        return bytes.send<"writeToFile:atomically:", Boolean>(Object(path), atomically);
     } catch (const std::invalid_argument&) {
         return 0;
     }
