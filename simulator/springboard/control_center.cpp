@@ -132,7 +132,7 @@ void close(BlockRef<void(bool)> completion) {
 void finishTracking(double distance, double velocity) {
     if (!state().tracking) return;
     if (velocity >= 0 && distance >= leastPull) {
-        open({});
+        controlCenter().send<"presentAnimated:completion:">(true, BlockRef<void(bool)>());
     } else {
         close({});
     }
