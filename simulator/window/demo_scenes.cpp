@@ -99,15 +99,17 @@ shot "lock-screen.png" at 2
 boot
 rotate landscape-right
 wait 1
-pull 60 200 over 0.3
-wait 1
 shot "landscape-home.png" at 2
 )",
      false},
-    {"landscape-app", "landscape-app.png", "… under an application", R"(
-setting alwaysSpringBoardStyle false
+    {"landscape-app", "landscape-app.png", "Toolbar in landscape", R"(
 boot
 open com.example.maps
+# The toolbar's window is made by the first pull and turns with the phone from then on.
+pull 60 320 over 0.3
+wait 1
+tap 180 60
+wait 1
 rotate landscape-right
 wait 1
 pull 60 200 over 0.3

@@ -3,10 +3,14 @@
 #include <cmath>
 #include <cstring>
 #include <stdexcept>
+#include <string_view>
 
 namespace simulator::window {
 
 namespace {
+
+constexpr const char* noDisplay =
+    "there is no display for a window (`vantori-simulator demo --out DIR` draws without one)";
 
 [[noreturn]] void fail(const std::string& what) {
     throw std::runtime_error(what + ": " + SDL_GetError());
@@ -29,8 +33,11 @@ bool differ(rendering::Size a, rendering::Size b) {
 Display::Display(const std::string& title) : title_(title) {
     SDL_SetMainReady();
     SDL_SetHint(SDL_HINT_RENDER_SCALE_QUALITY, "linear");
-    if (SDL_Init(SDL_INIT_VIDEO) != 0)
-        fail("there is no display for a window (`vantori-simulator demo --out DIR` draws without)");
+    if (SDL_Init(SDL_INIT_VIDEO) != 0) fail(noDisplay);
+    // Without a desktop SDL falls back to a window that nobody sees.
+    if (std::string_view(SDL_GetCurrentVideoDriver()) != "offscreen") return;
+    SDL_Quit();
+    throw std::runtime_error(noDisplay);
 }
 
 Display::~Display() {
