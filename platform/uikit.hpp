@@ -48,6 +48,8 @@ struct UIView : UIResponder {
         send<"setUserInteractionEnabled:">(enabled);
     }
     void setClipsToBounds(bool clips) const { send<"setClipsToBounds:">(clips); }
+    // Which sides give way when the superview's bounds change; 0 keeps the frame.
+    void setAutoresizingMask(unsigned long mask) const { send<"setAutoresizingMask:">(mask); }
     void setBackgroundColor(UIColor color) const { send<"setBackgroundColor:">(color); }
     CALayer layer() const { return send<"layer", CALayer>(); }
 

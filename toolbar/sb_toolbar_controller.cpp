@@ -93,6 +93,7 @@ void createModulesPage(VNTSBToolBarController self, State& state) {
     scrollView.setFrame(rect(0, 0, width, height));
     scrollView.setContentSize({width, height});
     state.modules = create<VNTCCTogglesBarViewController>();
+    state.modules.view().setAutoresizingMask(0);
     state.modules.view().setFrame(rect(width, 30, width, height - bandHeight));
     scrollView.addSubview(state.modules.view());
 }

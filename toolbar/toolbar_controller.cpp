@@ -1,5 +1,7 @@
 #include "toolbar/toolbar_controller.hpp"
 
+#include <array>
+
 #include "core/device_profile.hpp"
 #include "core/notifications.hpp"
 #include "core/settings_callbacks.hpp"
@@ -113,6 +115,16 @@ void arrangePages(VNTToolBarController self, int direction) {
     self.setMaxHeight(heightFor(self, direction));
 }
 
+std::array<UIViewController, 6> pagesOf(const State& state) {
+    return {state.connectivity, state.mediaPlayer, state.icons,
+            state.daily,        state.brightness,  state.volume};
+}
+
+// The pages keep the frames that they are given when the scroll view around them changes its size.
+void fixPageSizes(const State& state) {
+    for (UIViewController page : pagesOf(state)) page.view().setAutoresizingMask(0);
+}
+
 void createBackdrop(State& state, double height) {
     state.backdrop = create<SBWallpaperEffectView, "initWithWallpaperVariant:">(1L);
     state.backdrop.setStyle(7);
@@ -148,12 +160,7 @@ void addSubviews(VNTToolBarController self, State& state) {
     view.addSubview(state.scrollView);
     view.addSubview(state.grabber);
     state.backdrop.addSubview(state.multitaskGrabber);
-    for (UIViewController page :
-         {UIViewController(state.connectivity), UIViewController(state.mediaPlayer),
-          UIViewController(state.icons), UIViewController(state.daily),
-          UIViewController(state.brightness), UIViewController(state.volume)}) {
-        state.scrollView.addSubview(page.view());
-    }
+    for (UIViewController page : pagesOf(state)) state.scrollView.addSubview(page.view());
 }
 
 void prepareScrollView(VNTToolBarController self, State& state, int direction) {
@@ -182,6 +189,7 @@ void loadView(VNTToolBarController self) {
     self.setIsEnabled(false);
     createPages(state);
     self.setPages(fixedPageList());
+    fixPageSizes(state);
 
     const int direction = currentLayoutDirection();
     arrangePages(self, direction);

@@ -1,6 +1,5 @@
 #include "simulator/services/connectivity.hpp"
 
-#include "simulator/foundation/bundles.hpp"
 #include "simulator/runtime/stand_in.hpp"
 #include "simulator/springboard/configuration.hpp"
 #include "simulator/springboard/parts.hpp"
@@ -155,6 +154,8 @@ Object initAirplane(CCUIConnectivityAirplaneViewController raw) {
     return super<CCUIConnectivityAirplaneViewController, "init", Object>(raw);
 }
 
+}  // namespace
+
 void registerConnectivity() {
     standIn<CCUIRoundButton, UIControl, RoundButtonState>()
         .method<"intrinsicContentSize", &intrinsicContentSize>()
@@ -175,13 +176,6 @@ void registerConnectivity() {
     standIn<CCUIConnectivityHotspotViewController, CCUIConnectivityButtonViewController>();
     standIn<CCUIConnectivityWifiViewController, CCUIConnectivityButtonViewController>();
     standIn<CCUIConnectivityBluetoothViewController, CCUIConnectivityButtonViewController>();
-}
-
-}  // namespace
-
-void announceConnectivity() {
-    onBundleLoad("/System/Library/ControlCenter/Bundles/ConnectivityModule.bundle",
-                 &registerConnectivity);
 }
 
 }  // namespace simulator

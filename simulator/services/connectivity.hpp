@@ -1,10 +1,9 @@
-// The connectivity module of Control Center: five round buttons with a controller each. Their
-// classes come with /System/Library/ControlCenter/Bundles/ConnectivityModule.bundle.
+// The connectivity module of Control Center: five round buttons with a controller each. SpringBoard
+// loads the module with Control Center, so that its classes are there from the start.
 #pragma once
 
 namespace simulator {
 
-// Announces the classes; they exist once their bundle is loaded.
-void announceConnectivity();
+void registerConnectivity();
 
 }  // namespace simulator

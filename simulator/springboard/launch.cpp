@@ -6,6 +6,7 @@
 #include "simulator/foundation/conversions.hpp"
 #include "simulator/foundation/device_root.hpp"
 #include "simulator/foundation/files.hpp"
+#include "simulator/foundation/first_use.hpp"
 #include "simulator/foundation/notification_counts.hpp"
 #include "simulator/runtime/associations.hpp"
 #include "simulator/runtime/clock.hpp"
@@ -86,6 +87,7 @@ void startSpringBoard() {
 
 void prepareProcess() {
     AutoreleasePool pool;
+    makeFirstUses();
     SystemLog::shared().install();
     installCrashReport();
     installAssociations();
@@ -113,7 +115,7 @@ void registerSpringBoard() {
     registerMedia();
     registerModuleControllers();
     announceScreenRecording();
-    announceConnectivity();
+    registerConnectivity();
     registerSpringBoardApplication();
 }
 

@@ -20,27 +20,26 @@ TEST_P(MarketingName, FollowsFromTheTable) {
 
 INSTANTIATE_TEST_SUITE_P(
     Table, MarketingName,
-    testing::Values(
-        NameCase{"iPhone3,1", "iPhone 4"}, NameCase{"iPhone3,2", "iPhone 4"},
-        NameCase{"iPhone3,3", "iPhone 4"}, NameCase{"iPhone4,1", "iPhone 4S"},
-        NameCase{"iPhone5,1", "iPhone 5"}, NameCase{"iPhone5,2", "iPhone 5"},
-        NameCase{"iPhone5,3", "iPhone 5c"}, NameCase{"iPhone5,4", "iPhone 5c"},
-        NameCase{"iPhone6,1", "iPhone 5s"}, NameCase{"iPhone6,2", "iPhone 5s"},
-        NameCase{"iPhone7,1", "iPhone 6 Plus"}, NameCase{"iPhone7,2", "iPhone 6"},
-        NameCase{"iPhone8,1", "iPhone 6s"}, NameCase{"iPhone8,2", "iPhone 6s Plus"},
-        NameCase{"iPhone8,4", "iPhone SE"}, NameCase{"iPhone9,1", "iPhone 7"},
-        NameCase{"iPhone9,2", "iPhone 7 Plus"}, NameCase{"iPhone9,3", "iPhone 7"},
-        NameCase{"iPhone9,4", "iPhone 7 Plus"}, NameCase{"iPhone10,1", "iPhone 8"},
-        NameCase{"iPhone10,4", "iPhone 8"}, NameCase{"iPhone10,2", "iPhone 8 Plus"},
-        NameCase{"iPhone10,5", "iPhone 8 Plus"}, NameCase{"iPhone10,3", "iPhone X"},
-        NameCase{"iPhone10,6", "iPhone X"}, NameCase{"iPhone11,2", "iPhone XS"},
-        NameCase{"iPhone11,4", "iPhone XS Max"}, NameCase{"iPhone11,6", "iPhone XS Max"},
-        NameCase{"iPhone11,8", "iPhone XR"}, NameCase{"iPod1,1", "iPod Touch 1G"},
-        NameCase{"iPod2,1", "iPod Touch 2G"}, NameCase{"iPod3,1", "iPod Touch 3G"},
-        NameCase{"iPod4,1", "iPod Touch 4G"}, NameCase{"iPod5,1", "iPod Touch (5 Gen)"},
-        NameCase{"i386", "Simulator"}, NameCase{"x86_64", "Simulator"},
-        NameCase{"iPhone12,1", "iPhone12,1"}, NameCase{"iPhone10,30", "iPhone10,30"},
-        NameCase{"", ""}));
+    testing::Values(NameCase{"iPhone3,1", "iPhone 4"}, NameCase{"iPhone3,2", "iPhone 4"},
+                    NameCase{"iPhone3,3", "iPhone 4"}, NameCase{"iPhone4,1", "iPhone 4S"},
+                    NameCase{"iPhone5,1", "iPhone 5"}, NameCase{"iPhone5,2", "iPhone 5"},
+                    NameCase{"iPhone5,3", "iPhone 5c"}, NameCase{"iPhone5,4", "iPhone 5c"},
+                    NameCase{"iPhone6,1", "iPhone 5s"}, NameCase{"iPhone6,2", "iPhone 5s"},
+                    NameCase{"iPhone7,1", "iPhone 6 Plus"}, NameCase{"iPhone7,2", "iPhone 6"},
+                    NameCase{"iPhone8,1", "iPhone 6s"}, NameCase{"iPhone8,2", "iPhone 6s Plus"},
+                    NameCase{"iPhone8,4", "iPhone SE"}, NameCase{"iPhone9,1", "iPhone 7"},
+                    NameCase{"iPhone9,2", "iPhone 7 Plus"}, NameCase{"iPhone9,3", "iPhone 7"},
+                    NameCase{"iPhone9,4", "iPhone 7 Plus"}, NameCase{"iPhone10,1", "iPhone 8"},
+                    NameCase{"iPhone10,4", "iPhone 8"}, NameCase{"iPhone10,2", "iPhone 8 Plus"},
+                    NameCase{"iPhone10,5", "iPhone 8 Plus"}, NameCase{"iPhone10,3", "iPhone X"},
+                    NameCase{"iPhone10,6", "iPhone X"}, NameCase{"iPhone11,2", "iPhone XS"},
+                    NameCase{"iPhone11,4", "iPhone XS Max"},
+                    NameCase{"iPhone11,6", "iPhone XS Max"}, NameCase{"iPhone11,8", "iPhone XR"},
+                    NameCase{"iPod1,1", "iPod Touch 1G"}, NameCase{"iPod2,1", "iPod Touch 2G"},
+                    NameCase{"iPod3,1", "iPod Touch 3G"}, NameCase{"iPod4,1", "iPod Touch 4G"},
+                    NameCase{"iPod5,1", "iPod Touch (5 Gen)"}, NameCase{"i386", "Simulator"},
+                    NameCase{"x86_64", "Simulator"}, NameCase{"iPhone12,1", "iPhone12,1"},
+                    NameCase{"iPhone10,30", "iPhone10,30"}, NameCase{"", ""}));
 
 struct RadiusCase {
     const char* machine;

@@ -32,9 +32,9 @@ class Pull : public LibraryPhone {
     static CGRect sceneFrame() { return sceneContainer().frame(); }
     static double sceneRadius() { return sceneContainer().layer().cornerRadius(); }
     long systemCalls(const char* phase) {
-        return phone_->calledCount("SBFluidSwitcherGestureManager",
-                                   std::string("grabberTongue") + phase +
-                                       "Pulling:withDistance:andVelocity:");
+        return phone_->calledCount(
+            "SBFluidSwitcherGestureManager",
+            std::string("grabberTongue") + phase + "Pulling:withDistance:andVelocity:");
     }
     long backNow() { return phone_->darwinPostedCount("com.ferolin.vantori.Back-Now"); }
 };
@@ -51,8 +51,8 @@ TEST_P(RubberBand, DividesTheExcessByTheHeightsPulled) {
 // 115 + 57.5 / 1.5, 115 + 115 / 2, 115 + 230 / 3.
 INSTANTIATE_TEST_SUITE_P(Heights, RubberBand,
                          testing::Values(BandCase{114.5, 114.5}, BandCase{115, 115},
-                                         BandCase{172.5, 115 + 57.5 / 1.5},
-                                         BandCase{230, 172.5}, BandCase{345, 115 + 230.0 / 3}));
+                                         BandCase{172.5, 115 + 57.5 / 1.5}, BandCase{230, 172.5},
+                                         BandCase{345, 115 + 230.0 / 3}));
 
 TEST_F(Pull, OnTheHomeScreenTheToolbarFollowsTheFinger) {
     bootStrip();

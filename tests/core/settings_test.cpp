@@ -9,8 +9,7 @@ namespace {
 
 class Settings : public LibraryPhone {};
 
-constexpr const char* settingsFile =
-    "/var/mobile/Library/Preferences/com.ferolin.vantoripb.plist";
+constexpr const char* settingsFile = "/var/mobile/Library/Preferences/com.ferolin.vantoripb.plist";
 
 void expectDefaults() {
     EXPECT_TRUE(enabled);

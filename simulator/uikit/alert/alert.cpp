@@ -19,6 +19,7 @@ struct AlertState {
     std::vector<Strong<NSString>> buttons;
     Strong<UIWindow> window;
     bool hasCancel;
+    long cancelButtonIndex;
 };
 
 AlertState& alert(UIAlertView view) { return stateOf<AlertState>(view); }
@@ -188,6 +189,7 @@ void registerAlerts() {
         .property<"title", &AlertState::title>()
         .property<"message", &AlertState::message>()
         .property<"delegate", &AlertState::delegate>()
+        .property<"cancelButtonIndex", &AlertState::cancelButtonIndex>()
         .method<"numberOfButtons">(
             [](UIAlertView v) { return static_cast<long>(alert(v).buttons.size()); })
         .method<"isVisible">([](UIAlertView v) { return static_cast<bool>(alert(v).window); })

@@ -43,13 +43,14 @@ void setHidden(UIWindow window, bool hidden) {
     appearanceMayHaveChanged(window);
 }
 
-// Sized to the window; a view that lies elsewhere moves.
+// Sized to the window. A view that lies elsewhere moves to the back of the window; one that the window
+// has already keeps its place among the others.
 void install(UIWindow window, UIViewController controller) {
     UIView view = controller.view();
     if (!view) return;
     view.setFrame(valuesOf(window).bounds);
     viewState(view).autoresizing = 2 | 16;  // flexible width and height
-    insertSubview(window, view, 0);
+    if (viewState(view).superview != window) insertSubview(window, view, 0);
 }
 
 void setRoot(UIWindow window, UIViewController controller) {

@@ -1,0 +1,474 @@
+// The two toolbars: arrangement, geometry, dismissal, dragging, orientation. W = 375, H = 812.
+#include <cmath>
+
+#include "toolbar/sb_toolbar_controller.hpp"
+
+#include "core/pull_scene.hpp"
+#include "platform/definition.hpp"
+#include "tests/core/library_phone.hpp"
+#include "toolbar/arrangement.hpp"
+
+namespace vantori::tests {
+namespace {
+
+class Toolbar : public LibraryPhone {
+  protected:
+    void bootWithDirection(int direction) {
+        set("layoutDirection", direction);
+        boot();
+    }
+    static VNTToolBarController app() { return VNTToolBarController::shared(); }
+    static VNTSBToolBarController sb() { return VNTSBToolBarController::shared(); }
+    static UIView shadow() { return sb().send<"backgroundShadowView", UIView>(); }
+    static CGRect frameOf(UIViewController page) { return page.view().frame(); }
+    static double alphaOf(UIViewController page) { return page.view().alpha(); }
+    void openToolbar() {
+        phone_->grabber(simulator::PullPhase::began, 60, 10, 0);
+        phone_->grabber(simulator::PullPhase::ended, 60, 100, 0);
+        phone_->wait(1);
+    }
+    static void expectPages(VNTToolBarController toolbar, CGRect first, double dx, double dy) {
+        UIViewController pages[] = {
+            toolbar.connectivityBarViewController(), toolbar.mediaPlayerViewController(),
+            toolbar.brightnessSliderContainerViewController(),
+            toolbar.volumeSliderContainerViewController(), toolbar.iconsContainerViewController()};
+        for (int i = 0; i < 5; ++i) {
+            CGRect expected = first;
+            expected.origin.x += dx * i;
+            expected.origin.y += dy * i;
+            EXPECT_EQ(frameOf(pages[i]), expected) << "page " << i;
+            EXPECT_EQ(alphaOf(pages[i]), 1) << "page " << i;
+        }
+        EXPECT_EQ(alphaOf(toolbar.dailyControlViewController()), 0);
+    }
+};
+
+TEST_F(Toolbar, TheTwoAreDifferentInstancesOfTheirClasses) {
+    boot();
+    EXPECT_FALSE(app() == sb());
+    EXPECT_TRUE(sb().isKindOfClass(objc_getClass("VNTToolBarController")));
+    EXPECT_FALSE(app().isKindOfClass(objc_getClass("VNTSBToolBarController")));
+    EXPECT_TRUE((app().send<"_canShowWhileLocked", bool>()));
+    EXPECT_TRUE((sb().send<"_canShowWhileLocked", bool>()));
+}
+
+TEST_F(Toolbar, StacksItsPagesWithoutASetting) {
+    boot();
+    EXPECT_EQ(app().maxHeight(), 515);
+    expectPages(app(), rect(0, 15, 375, 100), 0, 100);
+    EXPECT_EQ(app().vantoriScrollView().frame(), (rect(0, 0, 375, 515)));
+    EXPECT_EQ(app().vantoriScrollView().contentSize(), (CGSize{375, 515}));
+    EXPECT_EQ(app().backgroundWallpaperView().frame(), (rect(0, 515 - 812, 375, 812)));
+    EXPECT_EQ(app().scrollViewPageController().alpha(), 0);
+    EXPECT_EQ(alphaOf(app().ccTogglesViewControllerForApp()), 1);
+    EXPECT_EQ(app().view().frame(), (rect(0, 297, 375, 515)));
+}
+
+class SideBySide : public Toolbar, public testing::WithParamInterface<int> {};
+
+TEST_P(SideBySide, ForEveryOtherDirection) {
+    bootWithDirection(GetParam());
+    EXPECT_EQ(app().maxHeight(), 115);
+    expectPages(app(), rect(0, 15, 375, 100), 375, 0);
+    EXPECT_EQ(app().vantoriScrollView().contentSize(), (CGSize{1875, 115}));
+    EXPECT_EQ(app().backgroundWallpaperView().frame(), (rect(0, 115 - 812, 375, 812)));
+    EXPECT_EQ(app().scrollViewPageController().alpha(), 1);
+    EXPECT_EQ(alphaOf(app().ccTogglesViewControllerForApp()), 0);
+    app().refreshLayoutForDirection(GetParam());
+    EXPECT_NEAR(app().scrollViewPageController().alpha(), 0.9, 1e-6);
+    // The height test is for 1, the arrangement test for 3.
+    EXPECT_EQ(sb().suggestedY(), GetParam() == 1 ? 115 : 515);
+    EXPECT_FALSE(sb().ccTogglesViewController());
+}
+
+INSTANTIATE_TEST_SUITE_P(Directions, SideBySide, testing::Values(0, 1, 2));
+
+TEST_F(Toolbar, TheEverydayPageKeepsItsFirstFrame) {
+    boot();
+    const CGRect first = frameOf(app().dailyControlViewController());
+    EXPECT_EQ(first, (rect(0, 0, 375, 812)));
+    set("layoutDirection", 1);
+    announceSettings();
+    EXPECT_EQ(frameOf(app().dailyControlViewController()), first);
+    EXPECT_EQ(alphaOf(app().dailyControlViewController()), 0);
+}
+
+TEST_F(Toolbar, FixedViews) {
+    boot();
+    UIView grabber = app().grabberView();
+    EXPECT_EQ(grabber.frame(), (rect(137.5, 10, 100, 5)));
+    EXPECT_EQ(grabber.layer().cornerRadius(), 2.5);
+    EXPECT_EQ(grabber.alpha(), 0.5);
+    UIView second = app().send<"multitaskGrabberView", UIView>();
+    EXPECT_EQ(second.frame(), (rect(172.5, 353.5, 30, 5)));
+    EXPECT_EQ(second.alpha(), 0);
+    EXPECT_EQ(second.superview(), app().backgroundWallpaperView());
+    EXPECT_EQ(app().tintColorView().frame(), (rect(0, 0, 375, 812)));
+    EXPECT_NEAR(app().tintColorView().alpha(), 0.1, 1e-6);
+    EXPECT_EQ(app().scrollViewPageController().frame(), (rect(137.5, 100, 100, 10)));
+    EXPECT_EQ((app().scrollViewPageController().send<"numberOfPages", long>()), 5);
+}
+
+TEST_F(Toolbar, TheTintFollowsTheStyle) {
+    boot();
+    sb().makeKeyWindow();
+    phone_->appearance(true);
+    EXPECT_EQ(app().tintColorView().alpha(), 0.5);
+    EXPECT_EQ(sb().tintColorView().alpha(), 0.5);
+    phone_->appearance(false);
+    EXPECT_NEAR(app().tintColorView().alpha(), 0.1, 1e-6);
+}
+
+TEST_F(Toolbar, BeforeSystem13TheTintIsDark) {
+    phone_->system("12.4");
+    boot();
+    EXPECT_EQ(app().tintColorView().alpha(), 0.5);
+}
+
+TEST_F(Toolbar, ScrollingEndsOnThePageThatIsWhole) {
+    bootWithDirection(1);
+    UIScrollView scrollView = app().vantoriScrollView();
+    scrollView.send<"setContentOffset:">(CGPoint{2.7 * 375, 0});
+    app().send<"scrollViewDidEndDecelerating:">(scrollView);
+    EXPECT_EQ((app().scrollViewPageController().send<"currentPage", long>()), 2);
+}
+
+TEST_F(Toolbar, TheScrollLockFollowsItsNotifications) {
+    boot();
+    auto scrolls = [](VNTToolBarController t) {
+        return t.vantoriScrollView().send<"isScrollEnabled", bool>();
+    };
+    phone_->post("should-lock-ScrollView");
+    EXPECT_FALSE(scrolls(app()));
+    EXPECT_FALSE(scrolls(sb()));
+    phone_->post("should-unlock-ScrollView");
+    EXPECT_TRUE(scrolls(app()));
+    EXPECT_TRUE(scrolls(sb()));
+}
+
+TEST_F(Toolbar, TheDismissSwipeLowersTheApplicationAndRearmsWhenItFinished) {
+    set("alwaysSpringBoardStyle", false);
+    bootWithDirection(1);
+    phone_->open("com.example.notes");
+    openToolbar();
+    ASSERT_TRUE(app().isEnabled());
+    app().setCanToggleReachability(false);
+    phone_->clear();
+    app().send<"handleDismissGesture:">(Object());
+    EXPECT_FALSE(app().isEnabled());
+    EXPECT_EQ(sceneContainer().frame(), (rect(0, 0, 375, 812)));
+    EXPECT_EQ(sceneContainer().layer().cornerRadius(), 0);
+    EXPECT_EQ(posted("com.ferolin.vantori-ccback"), 1);
+    EXPECT_FALSE(app().canToggleReachability());
+    phone_->wait(0.6);
+    EXPECT_TRUE(app().canToggleReachability());
+    EXPECT_EQ(phone_->darwinPostedCount("com.ferolin.vantori.Back-Now"), 1);
+}
+
+TEST_F(Toolbar, AnInterruptedDismissalDoesNotRearm) {
+    set("alwaysSpringBoardStyle", false);
+    bootWithDirection(1);
+    phone_->open("com.example.notes");
+    openToolbar();
+    app().setCanToggleReachability(false);
+    app().send<"handleDismissGesture:">(Object());
+    phone_->wait(0.1);
+    phone_->interrupt(sceneContainer().get());
+    phone_->wait(1);
+    EXPECT_FALSE(app().canToggleReachability());
+}
+
+TEST_F(Toolbar, InSpringBoardTheSwipeDoesNothing) {
+    bootWithDirection(1);
+    openToolbar();
+    phone_->clear();
+    sb().send<"handleDismissGesture:">(Object());
+    EXPECT_TRUE(sb().isEnabled());
+    EXPECT_EQ(posted("com.ferolin.vantori-ccback"), 0);
+}
+
+TEST_F(Toolbar, TheWindowIsMadeOnceAndSizesTheView) {
+    boot();
+    EXPECT_EQ(sb().view().frame().size.height, 515);
+    sb().makeKeyWindow();
+    VNTSBHostWindow window = sb().vantoriHostWindow();
+    ASSERT_TRUE(window);
+    EXPECT_EQ((window.send<"windowLevel", double>()), 1070);
+    EXPECT_TRUE(window.layer().masksToBounds());
+    EXPECT_EQ(window.subviews().at(0), shadow());
+    EXPECT_EQ(sb().view().frame(), (rect(0, 812, 375, 812)));
+    EXPECT_EQ(shadow().alpha(), 0);
+    EXPECT_FALSE(sb().isEnabled());
+    EXPECT_TRUE((window.send<"_isSecure", bool>()));
+    EXPECT_TRUE((sendClass<VNTSBHostWindow, "_isSecure", bool>()));
+    sb().setIsEnabled(true);
+    sb().makeKeyWindow();
+    EXPECT_EQ(sb().vantoriHostWindow(), window);
+    EXPECT_TRUE(sb().isEnabled());
+}
+
+TEST_F(Toolbar, TheShadowFollowsTheHeight) {
+    boot();
+    sb().makeKeyWindow();
+    sb().updateYValue(812);
+    EXPECT_EQ(shadow().alpha(), 0);
+    sb().updateYValue(0);
+    EXPECT_EQ(shadow().alpha(), 0.5);
+    sb().updateYValue(297);
+    EXPECT_NEAR(shadow().alpha(), 515.0 / 812 * 0.5, 1e-6);
+}
+
+TEST_F(Toolbar, TheSpringMovesViewAndShadow) {
+    boot();
+    sb().makeKeyWindow();
+    sb().send<"updateYValueWithAnimation:withShadow:">(297.0, false);
+    EXPECT_EQ(sb().view().frame(), (rect(0, 297, 375, 812)));
+    EXPECT_NEAR(shadow().alpha(), 515.0 / 812 * 0.5, 1e-6);
+    phone_->wait(0.6);
+    sb().send<"updateYValueWithAnimation:withShadow:">(697.0, true);
+    EXPECT_NEAR(shadow().alpha(), 115.0 / 812 * 0.5, 1e-6);
+    EXPECT_EQ(phone_->calledCount("UIView",
+                                  "animateWithDuration:delay:usingSpringWithDamping:"
+                                  "initialSpringVelocity:options:animations:completion:"),
+              4);
+}
+
+TEST_F(Toolbar, TheContentIsTwoScreensWideOnlyAfterASettingsChange) {
+    boot();
+    auto width = [] { return sb().vantoriScrollView().contentSize().width; };
+    EXPECT_EQ(width(), 375);
+    announceSettings();
+    EXPECT_EQ(width(), 750);
+    EXPECT_EQ(app().vantoriScrollView().contentSize().width, 375);
+    sb().refreshAllPages();
+    EXPECT_EQ(width(), 750);
+    sb().layoutForOrientation(1);
+    EXPECT_EQ(width(), 375);
+}
+
+TEST_F(Toolbar, TheModulesPageStandsOnTheSecondScreen) {
+    boot();
+    EXPECT_EQ(frameOf(sb().ccTogglesViewController()), (rect(375, 30, 375, 500)));
+    sb().layoutForOrientation(1);
+    EXPECT_EQ(frameOf(sb().ccTogglesViewController()), (rect(375, 30, 375, 485)));
+    EXPECT_EQ(sb().ccTogglesViewController().scrollView().frame(), (rect(0, 0, 375, 485)));
+}
+
+TEST_F(Toolbar, TheLookInSpringBoard) {
+    boot();
+    EXPECT_EQ(sb().view().layer().cornerRadius(), 30);
+    EXPECT_TRUE(sb().view().layer().masksToBounds());
+    EXPECT_TRUE(sb().backgroundWallpaperView().isHidden());
+    EXPECT_EQ(sb().backgroundWallpaperView().alpha(), 0);
+    UIView blur = sb().send<"backgroundVisualEffectView", UIView>();
+    EXPECT_EQ(sb().view().subviews().at(0), blur);
+    UIView backdrop = sb().send<"backgroundBackdropView", UIView>();
+    EXPECT_TRUE(backdrop);
+    EXPECT_FALSE(backdrop.superview());
+}
+
+TEST_F(Toolbar, AWindowMadeInTheDarkIsToldSo) {
+    boot();
+    phone_->appearance(true);
+    sb().makeKeyWindow();
+    phone_->wait(0.1);
+    EXPECT_EQ(sb().tintColorView().alpha(), 0.5);
+}
+
+TEST_F(Toolbar, AChangeOfStyleMakesANewBlur) {
+    boot();
+    sb().makeKeyWindow();
+    auto blur = [] { return retained(sb().send<"backgroundVisualEffectView", UIView>()); };
+    auto before = blur();
+    phone_->appearance(true);
+    EXPECT_FALSE(blur() == before);
+    EXPECT_FALSE(before.superview());
+    EXPECT_EQ(sb().view().subviews().at(0), blur());
+    EXPECT_EQ(blur().frame(), (rect(0, 0, 375, 812)));
+}
+
+TEST_F(Toolbar, ATapOnTheShadowDismisses) {
+    bootWithDirection(1);
+    openToolbar();
+    phone_->touchDown(200, 300);
+    phone_->wait(0.05);
+    phone_->touchUp();
+    phone_->wait(1);
+    EXPECT_FALSE(sb().isEnabled());
+    EXPECT_EQ(sb().view().frame().origin.y, 812);
+    EXPECT_EQ(shadow().alpha(), 0);
+}
+
+TEST_F(Toolbar, DraggedBeyondItsHeightItResists) {
+    boot();
+    openToolbar();
+    phone_->touchDown(187, 305);
+    phone_->touchMove(187, 212, 0.3);  // 600 points above the edge
+    EXPECT_NEAR(sb().view().frame().origin.y, 812 - (515 + 85 / (600.0 / 515)), 1e-6);
+    phone_->touchMove(187, 212, 0.3);
+    phone_->touchUp();
+    phone_->wait(1);
+    EXPECT_TRUE(sb().isEnabled());
+    EXPECT_EQ(sb().view().frame().origin.y, 297);
+}
+
+TEST_F(Toolbar, ReleasedInItsLowerHalfItGoes) {
+    boot();
+    openToolbar();
+    phone_->touchDown(187, 305);
+    phone_->touchMove(187, 600, 0.3);
+    phone_->touchMove(187, 600, 0.3);  // at rest, 212 points above the edge
+    phone_->touchUp();
+    EXPECT_FALSE(sb().isEnabled());
+    EXPECT_EQ(sb().view().frame().origin.y, 812);
+}
+
+// A recogniser that says what the test wants.
+struct FakePanState {
+    long state;
+    CGPoint location, velocity, translation;
+};
+struct FakePan : UIPanGestureRecognizer {
+    static constexpr FixedString name{"VNTTestPan"};
+    using UIPanGestureRecognizer::UIPanGestureRecognizer;
+};
+CGPoint locationOf(FakePan pan, UIView) { return stateOf<FakePanState>(pan).location; }
+CGPoint velocityOf(FakePan pan, UIView) { return stateOf<FakePanState>(pan).velocity; }
+void setTranslation(FakePan pan, CGPoint translation, UIView) {
+    stateOf<FakePanState>(pan).translation = translation;
+}
+void registerFakePan() {
+    define<FakePan, Object, FakePanState>()
+        .property<"state", &FakePanState::state>()
+        .method<"locationInView:", &locationOf>()
+        .method<"velocityInView:", &velocityOf>()
+        .method<"setTranslation:inView:", &setTranslation>();
+}
+
+class Drag : public Toolbar {
+  protected:
+    void release(double velocity, double fingerHeight, long state = 3) {
+        registerFakePan();
+        auto pan = create<FakePan>();
+        auto& fake = stateOf<FakePanState>(pan);
+        fake.state = state;
+        fake.location = {100, 812 - fingerHeight};
+        fake.velocity = {0, velocity};
+        sb().send<"dragViewWithPanGesture:">(Object(pan.get()));
+    }
+};
+
+TEST_F(Drag, ReleasedAtExactly15ItGoes) {
+    boot();
+    openToolbar();
+    release(15, 500);
+    EXPECT_FALSE(sb().isEnabled());
+}
+
+TEST_F(Drag, ReleasedJustBelow15InTheUpperHalfItSpringsBack) {
+    boot();
+    openToolbar();
+    sb().setIsEnabled(false);
+    release(14.9, 500);
+    EXPECT_TRUE(sb().isEnabled());
+    EXPECT_EQ(sb().view().frame().origin.y, 297);
+}
+
+TEST_F(Drag, ReleasedAtExactlyHalfItGoes) {
+    boot();
+    openToolbar();
+    release(0, 257.5);
+    EXPECT_FALSE(sb().isEnabled());
+}
+
+TEST_F(Drag, CancelledIsARelease) {
+    boot();
+    openToolbar();
+    release(0, 100, 4);
+    EXPECT_FALSE(sb().isEnabled());
+}
+
+TEST_F(Drag, OtherStatesChangeNothing) {
+    boot();
+    openToolbar();
+    release(100, 100, 5);
+    EXPECT_TRUE(sb().isEnabled());
+    EXPECT_EQ(sb().view().frame().origin.y, 297);
+}
+
+struct Turned {
+    long orientation;
+    double angle;
+};
+class HostWindowFor : public Toolbar, public testing::WithParamInterface<Turned> {};
+
+// Turned by a quarter, the frame (0, 0, H, W) of the window has bounds of W by H.
+TEST_P(HostWindowFor, TurnsWithTheInterface) {
+    boot();
+    sb().makeKeyWindow();
+    sb().layoutForOrientation(GetParam().orientation);
+    UIWindow window = sb().vantoriHostWindow();
+    const auto transform = window.send<"transform", CGAffineTransform>();
+    EXPECT_NEAR(transform.a, std::cos(GetParam().angle), 1e-12);
+    EXPECT_NEAR(transform.b, std::sin(GetParam().angle), 1e-12);
+    const CGRect frame = window.frame();
+    const bool portrait = GetParam().orientation == 1;
+    EXPECT_NEAR(frame.size.width, portrait ? 375 : 812, 1e-9);
+    EXPECT_NEAR(frame.size.height, portrait ? 812 : 375, 1e-9);
+}
+
+INSTANTIATE_TEST_SUITE_P(Orientations, HostWindowFor,
+                         testing::Values(Turned{1, 0}, Turned{3, M_PI / 2},
+                                         Turned{4, 3 * M_PI / 2}));
+
+TEST_F(Toolbar, UpsideDownLeavesTheWindowAndLaysOutTheGrid) {
+    boot();
+    sb().makeKeyWindow();
+    sb().layoutForOrientation(2);
+    EXPECT_EQ(sb().vantoriHostWindow().frame(), (rect(0, 0, 375, 812)));
+    // s = 375, l = 812, x0 = 31.
+    EXPECT_EQ(frameOf(sb().connectivityBarViewController()), (rect(31, 15, 375, 100)));
+    EXPECT_EQ(frameOf(sb().volumeSliderContainerViewController()), (rect(31, 115, 375, 100)));
+    EXPECT_EQ(frameOf(sb().brightnessSliderContainerViewController()), (rect(406, 115, 375, 100)));
+    EXPECT_EQ(frameOf(sb().mediaPlayerViewController()), (rect(406, 15, 375, 100)));
+    EXPECT_EQ(alphaOf(sb().iconsContainerViewController()), 0);
+    EXPECT_EQ(alphaOf(sb().ccTogglesViewController()), 0);
+    EXPECT_EQ(sb().maxHeight(), 215);
+    EXPECT_EQ(sb().suggestedY(), 215);
+}
+
+TEST_F(Toolbar, TurningAndBackRestoresTheStack) {
+    boot();
+    sb().makeKeyWindow();
+    sb().layoutForOrientation(3);
+    sb().layoutForOrientation(1);
+    EXPECT_EQ(sb().maxHeight(), 515);
+    EXPECT_EQ(sb().suggestedY(), 515);
+    expectPages(sb(), rect(0, 15, 375, 100), 0, 100);
+    EXPECT_EQ(sb().view().frame(), (rect(0, 812, 375, 812)));
+    EXPECT_EQ(sb().grabberView().frame(), (rect(137.5, 10, 100, 5)));
+}
+
+TEST_F(Toolbar, TheObserverOfTheInterfaceLaysItOut) {
+    boot();
+    sb().makeKeyWindow();
+    auto allows = [] { return sb().send<"shouldAllowAutoRotate", bool>(); };
+    sb().send<"activeInterfaceOrientationWillChangeToOrientation:">(3L);
+    EXPECT_TRUE(allows());
+    sb().send<
+        "activeInterfaceOrientationDidChangeToOrientation:willAnimateWithDuration:"
+        "fromOrientation:">(3L, 0.3, 1L);
+    EXPECT_FALSE(allows());
+    EXPECT_EQ(sb().suggestedY(), 215);
+}
+
+TEST_F(Toolbar, AnswersForRotation) {
+    boot();
+    EXPECT_FALSE((sb().send<"shouldAutorotate", bool>()));
+    EXPECT_EQ((sb().send<"supportedInterfaceOrientations", unsigned long>()), 30u);
+    EXPECT_EQ((sb().send<"supportedInterfaceOritations", unsigned long>()), 2u);
+    EXPECT_EQ((sb().send<"preferredInterfaceOrientationForPresentation", long>()), 1);
+}
+
+}  // namespace
+}  // namespace vantori::tests
