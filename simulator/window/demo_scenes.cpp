@@ -133,6 +133,6 @@ film "opening.png" 7 over 0.6
 
 std::span<const DemoScene> demoScenes() { return scenes; }
 
-std::string_view coverScene() { return "app-open"; }
+std::string_view coverScene() { return "app-over"; }
 
 }  // namespace simulator::window

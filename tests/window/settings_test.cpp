@@ -18,7 +18,7 @@ namespace {
 using namespace simulator;
 using namespace simulator::window;
 
-class Settings : public testing::Test {
+class SettingsCommand : public testing::Test {
   protected:
     std::string get(const std::optional<std::string>& key = {}) {
         std::ostringstream output;
@@ -29,7 +29,7 @@ class Settings : public testing::Test {
     std::ostringstream said_;
 };
 
-TEST_F(Settings, AreWrittenAndReadBackByKind) {
+TEST_F(SettingsCommand, AreWrittenAndReadBackByKind) {
     setSetting(root_.path(), "layoutDirection", "1", said_);
     setSetting(root_.path(), "tapToOpen", "false", said_);
     setSetting(root_.path(), "dailyBar", R"({"index": 2, "name": "daily"})", said_);
@@ -41,12 +41,12 @@ TEST_F(Settings, AreWrittenAndReadBackByKind) {
     EXPECT_EQ(get(), "layoutDirection 1\ntapToOpen false\n");
 }
 
-TEST_F(Settings, SayWhenNobodyListens) {
+TEST_F(SettingsCommand, SayWhenNobodyListens) {
     setSetting(root_.path(), "tapToOpen", "true", said_);
     EXPECT_NE(said_.str().find("only the file was written"), std::string::npos);
 }
 
-TEST_F(Settings, RefuseWhatCannotBe) {
+TEST_F(SettingsCommand, RefuseWhatCannotBe) {
     EXPECT_THROW(setSetting(root_.path() / "nowhere", "a", "1", said_), std::runtime_error);
     EXPECT_FALSE(std::filesystem::exists(root_.path() / "nowhere"));
     EXPECT_THROW(setSetting(root_.path(), "a", "{", said_), std::runtime_error);
@@ -56,7 +56,7 @@ TEST_F(Settings, RefuseWhatCannotBe) {
     EXPECT_EQ(get(), "");
 }
 
-TEST_F(Settings, TellAListenerInAnotherProcess) {
+TEST_F(SettingsCommand, TellAListenerInAnotherProcess) {
     DarwinListener listener(root_.path());
     const pid_t pane = fork();
     if (pane == 0) {
