@@ -1,18 +1,20 @@
 // vantori-simulator: a small phone on Linux that loads the extension as a real one does, and the
 // commands that reach it.
-#include <unistd.h>
-
 #include <CLI/CLI.hpp>
 #include <filesystem>
 #include <iostream>
+#include <optional>
 #include <sstream>
 #include <string>
 #include <vector>
 
-#include "simulator/scenario/console.hpp"
 #include "simulator/scenario/phone.hpp"
 #include "simulator/scenario/runner.hpp"
 #include "simulator/scenario/statements.hpp"
+#include "simulator/window/demo.hpp"
+#include "simulator/window/live_phone.hpp"
+#include "simulator/window/settings_command.hpp"
+#include "simulator/window/window.hpp"
 
 #ifndef VANTORI_VERSION
 #define VANTORI_VERSION "1.2.1"
@@ -21,6 +23,7 @@
 namespace {
 
 using simulator::scenario::RunOptions;
+using simulator::window::LiveOptions;
 
 constexpr int misused = 2;
 
@@ -46,10 +49,50 @@ int run(const std::vector<std::string>& files, const RunOptions& options) {
                                         std::cerr);
 }
 
-int console(const RunOptions& options) {
-    const auto phone = simulator::makePhone({options.root});
-    return simulator::scenario::runConsole(*phone, {options.pictures, isatty(STDIN_FILENO) != 0},
-                                           std::cin, std::cout);
+// The settings command: `set KEY JSON`, `unset KEY`, `get [KEY]`.
+struct SettingsCommand {
+    CLI::App* set = nullptr;
+    CLI::App* unset = nullptr;
+    CLI::App* get = nullptr;
+    std::filesystem::path root;
+    std::string key;
+    std::string json;
+
+    void addTo(CLI::App& program) {
+        CLI::App* settings = program.add_subcommand(
+            "settings", "Change the settings of a phone, also while it runs, as its pane does");
+        settings->require_subcommand(1);
+        set = settings->add_subcommand("set", "Put a JSON value under a key");
+        unset = settings->add_subcommand("unset", "Take a key out");
+        get = settings->add_subcommand("get", "Print one setting, or all");
+        for (CLI::App* command : {set, unset, get}) {
+            command->add_option("--root", root, "Folder of the phone's file system")
+                ->required()
+                ->type_name("DIR");
+            auto* option = command->add_option("key", key, "The setting");
+            if (command != get) option->required();
+        }
+        set->add_option("json", json, "Its value: true, 3, '\"text\"' …")->required();
+    }
+    int run() const {
+        using namespace simulator::window;
+        if (*set) setSetting(root, key, json, std::cout);
+        if (*unset) unsetSetting(root, key, std::cout);
+        if (*get) getSettings(root, key.empty() ? std::nullopt : std::optional(key), std::cout);
+        return 0;
+    }
+};
+
+void addPhone(CLI::App& command, LiveOptions& options) {
+    command.add_option("--device", options.device, "Machine identifier (iPhone10,3)")
+        ->type_name("IDENT");
+    command.add_option("--system", options.system, "System version (13.3)")->type_name("X.Y");
+    command.add_option("--setting", options.settings, "Put a setting in the settings file")
+        ->type_name("KEY=JSON")
+        ->allow_extra_args(false);
+    command.add_option("--out", options.pictures, "Folder for pictures")->type_name("DIR");
+    command.add_option("--root", options.root, "Keep the phone's file system there")
+        ->type_name("DIR");
 }
 
 }  // namespace
@@ -72,13 +115,33 @@ int main(int argc, char** argv) {
 
     CLI::App* consoleCommand =
         program.add_subcommand("console", "Read statements one at a time and carry them out");
-    addFolders(*consoleCommand, options);
+    LiveOptions live;
+    addPhone(*consoleCommand, live);
     consoleCommand->footer(statementsHelp());
+
+    CLI::App* windowCommand = program.add_subcommand("window", "Show the phone in a window");
+    addPhone(*windowCommand, live);
+    windowCommand->footer(simulator::window::keysHelp() +
+                          "\nStatements of a scenario can be typed in the terminal meanwhile.");
+
+    CLI::App* demoCommand =
+        program.add_subcommand("demo", "Draw the toolbar at work; needs no display");
+    std::filesystem::path demoFolder;
+    demoCommand->add_option("--out", demoFolder, "Folder for the pictures")
+        ->required()
+        ->type_name("DIR");
+
+    SettingsCommand settings;
+    settings.addTo(program);
 
     try {
         program.parse(argc, argv);
         if (runCommand->parsed()) return run(files, options);
-        if (consoleCommand->parsed()) return console(options);
+        if (consoleCommand->parsed()) return simulator::window::runLiveConsole(live, std::cout);
+        if (windowCommand->parsed()) return simulator::window::runWindow(live, std::cout);
+        if (demoCommand->parsed())
+            return simulator::window::runDemo(demoFolder, std::cout, std::cerr);
+        if (program.got_subcommand("settings")) return settings.run();
         std::cerr << program.help();
         return misused;
     } catch (const CLI::ParseError& error) {

@@ -61,6 +61,11 @@ void writePreference(const std::string& domain, const std::string& key,
               encodePropertyList(contents, PropertyListFormat::binary));
 }
 
+nlohmann::json readPreferences(const std::string& domain) {
+    const NSDictionary contents = fileOf(domain);
+    return contents ? propertyListJson(contents) : nlohmann::json::object();
+}
+
 }  // namespace simulator
 
 VANTORI_EXPORT unsigned char CFPreferencesAppSynchronize(CFStringRef applicationId) {

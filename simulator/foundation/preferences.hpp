@@ -18,4 +18,7 @@ std::string preferencesPath(const std::string& domain);
 void writePreference(const std::string& domain, const std::string& key,
                      const std::optional<nlohmann::json>& value);
 
+// What the domain's file holds; an empty object when there is none.
+nlohmann::json readPreferences(const std::string& domain);
+
 }  // namespace simulator

@@ -43,6 +43,39 @@ Object dictionary(const nlohmann::json& value) {
     return result;
 }
 
+nlohmann::json numberJson(NSNumber number) {
+    switch (*number.send<"objCType", const char*>()) {
+        case 'B':
+        case 'c':
+        case 'C':  // the encodings that booleans have
+            return number.send<"boolValue", unsigned char>() != 0;
+        case 'f':
+        case 'd':
+            return number.send<"doubleValue", double>();
+        default:
+            return number.send<"longLongValue", long long>();
+    }
+}
+
+nlohmann::json listJson(NSArray array) {
+    nlohmann::json result = nlohmann::json::array();
+    const auto count = array.send<"count", unsigned long>();
+    for (unsigned long i = 0; i < count; ++i)
+        result.push_back(propertyListJson(array.send<"objectAtIndex:", Object>(i)));
+    return result;
+}
+
+nlohmann::json dictionaryJson(platform::NSDictionary dictionary) {
+    nlohmann::json result = nlohmann::json::object();
+    const NSArray keys = dictionary.send<"allKeys", NSArray>();
+    const auto count = keys.send<"count", unsigned long>();
+    for (unsigned long i = 0; i < count; ++i) {
+        const auto key = keys.send<"objectAtIndex:", NSString>(i);
+        result[key.utf8()] = propertyListJson(dictionary.send<"objectForKey:", Object>(key));
+    }
+    return result;
+}
+
 NSData dataOf(std::string_view bytes) {
     return sendClass<NSData, "dataWithBytes:length:", NSData>(
         static_cast<const void*>(bytes.data()), static_cast<unsigned long>(bytes.size()));
@@ -70,6 +103,16 @@ Object propertyListObject(const nlohmann::json& value) {
         default:
             throw std::invalid_argument("a property list holds no null");
     }
+}
+
+nlohmann::json propertyListJson(Object value) {
+    using platform::classOf;
+    if (value.isKindOfClass(classOf<NSString>())) return platform::as<NSString>(value).utf8();
+    if (value.isKindOfClass(classOf<NSNumber>())) return numberJson(platform::as<NSNumber>(value));
+    if (value.isKindOfClass(classOf<NSArray>())) return listJson(platform::as<NSArray>(value));
+    if (value.isKindOfClass(classOf<platform::NSDictionary>()))
+        return dictionaryJson(platform::as<platform::NSDictionary>(value));
+    return value.send<"description", NSString>().utf8();
 }
 
 std::string encodePropertyList(Object root, PropertyListFormat format) {

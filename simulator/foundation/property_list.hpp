@@ -21,6 +21,9 @@ enum class PropertyListFormat : unsigned long {
 // null, which no property list holds.
 platform::Object propertyListObject(const nlohmann::json& value);
 
+// The way back. Dates and data, which JSON lacks, become the text that describes them.
+nlohmann::json propertyListJson(platform::Object value);
+
 std::string encodePropertyList(platform::Object root, PropertyListFormat format);
 
 // The root object (autoreleased); empty when the bytes are no property list, or too large (1 MiB)

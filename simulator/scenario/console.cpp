@@ -3,8 +3,6 @@
 
 #include <string>
 
-#include "simulator/scenario/parser.hpp"
-#include "simulator/scenario/session.hpp"
 #include "simulator/scenario/statements.hpp"
 
 namespace simulator::scenario {
@@ -20,30 +18,44 @@ std::string trimmed(const std::string& text) {
 
 }  // namespace
 
+Console::Console(Phone& phone, const ConsoleOptions& options, std::ostream& output)
+    : options_(options), output_(output), session_(phone, name, options.pictures, output) {}
+
+void Console::greet() {
+    if (options_.prompt) output_ << "`help` lists the statements, `quit` ends.\n";
+}
+
+void Console::prompt() {
+    if (options_.prompt) output_ << "> " << std::flush;
+}
+
+bool Console::take(const std::string& text) {
+    ++lines_;
+    const std::string command = trimmed(text);
+    if (command == "quit" || command == "exit") return false;
+    if (command == "help") {
+        printStatements(output_);
+        return true;
+    }
+    try {
+        if (const auto statement = parser_.line(text, lines_)) session_.run(*statement);
+    } catch (const SyntaxError& error) {
+        malformed_ = true;
+        output_ << error.report(name) << std::endl;
+    }
+    return true;
+}
+
+int Console::status() const { return malformed_ || session_.failed() > 0 ? 1 : 0; }
+
 int runConsole(Phone& phone, const ConsoleOptions& options, std::istream& input,
                std::ostream& output) {
-    Session session(phone, name, options.pictures, output);
-    Parser parser;
-    bool malformed = false;
+    Console console(phone, options, output);
     std::string text;
-    if (options.prompt) output << "`help` lists the statements, `quit` ends.\n";
-    for (int number = 1;; ++number) {
-        if (options.prompt) output << "> " << std::flush;
-        if (!std::getline(input, text)) break;
-        const std::string command = trimmed(text);
-        if (command == "quit" || command == "exit") break;
-        if (command == "help") {
-            printStatements(output);
-            continue;
-        }
-        try {
-            if (const auto statement = parser.line(text, number)) session.run(*statement);
-        } catch (const SyntaxError& error) {
-            malformed = true;
-            output << error.report(name) << std::endl;
-        }
-    }
-    return malformed || session.failed() > 0 ? 1 : 0;
+    console.greet();
+    do console.prompt();
+    while (std::getline(input, text) && console.take(text));
+    return console.status();
 }
 
 }  // namespace simulator::scenario

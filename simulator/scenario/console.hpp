@@ -4,8 +4,11 @@
 #include <filesystem>
 #include <istream>
 #include <ostream>
+#include <string>
 
+#include "simulator/scenario/parser.hpp"
 #include "simulator/scenario/phone.hpp"
+#include "simulator/scenario/session.hpp"
 
 namespace simulator::scenario {
 
@@ -14,7 +17,28 @@ struct ConsoleOptions {
     bool prompt = true;  // off when no one is there to see it
 };
 
-// Reads until `quit` or the end of the input. 1 when a statement failed or was malformed, else 0.
+// Takes lines as they come; where they come from is the caller's business.
+class Console {
+  public:
+    Console(Phone& phone, const ConsoleOptions& options, std::ostream& output);
+
+    void greet();
+    void prompt();
+    // False when the line says `quit`.
+    bool take(const std::string& text);
+    // 1 when a statement failed or was malformed, else 0.
+    int status() const;
+
+  private:
+    ConsoleOptions options_;
+    std::ostream& output_;
+    Session session_;
+    Parser parser_;
+    int lines_ = 0;
+    bool malformed_ = false;
+};
+
+// Reads until `quit` or the end of the input; the console's status.
 int runConsole(Phone& phone, const ConsoleOptions& options, std::istream& input,
                std::ostream& output);
 

@@ -109,8 +109,10 @@ constexpr std::array<Form, 20> forms{{
     {"clear", always, "forgets all that was counted so far",
      [](Line& line) { line.phone().clear(); }},
     {"tree [VIEW]", booted, "prints the view tree", printTree},
-    {"shot FILE", booted, "a picture of the screen as it is now",
-     [](Line& line) { line.phone().shot(line.picture("FILE")); }},
+    {"shot FILE [at SCALE]", booted, "a picture of the screen as it is now, SCALE pixels a point",
+     [](Line& line) {
+         line.phone().shot(line.picture("FILE"), line.given("SCALE") ? line.number("SCALE") : 1);
+     }},
     {"film FILE FRAMES over S", booted, "lets S seconds pass, FRAMES pictures side by side", film},
 }};
 

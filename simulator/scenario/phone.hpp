@@ -127,7 +127,7 @@ class Phone {
     virtual std::optional<std::string> crashed() = 0;  // why it did first
     virtual void clear() = 0;
     virtual std::string tree(objc_object* root) = 0;  // of the whole screen for a null root
-    virtual void shot(const std::filesystem::path& file) = 0;
+    virtual void shot(const std::filesystem::path& file, double pixelsPerPoint) = 0;
     virtual void film(const Film& film) = 0;
 };
 

@@ -314,9 +314,12 @@ class SimulatedPhone final : public Phone {
         forgetCrash();
     }
     std::string tree(objc_object* root) override { return viewTree(UIView(root)); }
-    void shot(const std::filesystem::path& file) override {
+    void shot(const std::filesystem::path& file, double pixelsPerPoint) override {
         requireOn();
-        saved([&] { return saveScreen(file); });
+        if (!(pixelsPerPoint >= 1 && pixelsPerPoint <= 4)) {
+            throw PhoneError("a picture has 1 to 4 pixels for a point");
+        }
+        saved([&] { return saveScreen(file, pixelsPerPoint); });
     }
     void film(const Film& film) override {
         requireOn();

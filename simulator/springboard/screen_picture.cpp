@@ -37,16 +37,20 @@ std::optional<std::string> write(const rendering::Surface& surface,
 
 }  // namespace
 
-rendering::Surface screenPicture(double pixelsPerPoint) {
+UprightScreen uprightScreen() {
     AutoreleasePool pool;
     long orientation = activeOrientation();
     CGSize size = interfaceSize(orientation);
-    return rendering::render(upright(screenScene(), orientation), {size.width, size.height},
-                             pixelsPerPoint);
+    return {upright(screenScene(), orientation), {size.width, size.height}};
 }
 
-std::optional<std::string> saveScreen(const std::filesystem::path& file) {
-    return write(screenPicture(), file);
+rendering::Surface screenPicture(double pixelsPerPoint) {
+    UprightScreen screen = uprightScreen();
+    return rendering::render(screen.root, screen.size, pixelsPerPoint);
+}
+
+std::optional<std::string> saveScreen(const std::filesystem::path& file, double pixelsPerPoint) {
+    return write(screenPicture(pixelsPerPoint), file);
 }
 
 void FilmStrip::add() { frames_.push_back(screenPicture()); }

@@ -115,7 +115,12 @@ void FakePhone::clear() { note("clear"); }
 std::string FakePhone::tree(objc_object* root) {
     return root == nullptr ? "the screen\n" : "the view\n";
 }
-void FakePhone::shot(const std::filesystem::path& file) { note("shot", file.string()); }
+void FakePhone::shot(const std::filesystem::path& file, double pixelsPerPoint) {
+    if (pixelsPerPoint == 1)
+        note("shot", file.string());
+    else
+        note("shot", file.string(), pixelsPerPoint);
+}
 void FakePhone::film(const Film& film) {
     note("film", film.file.string(), film.frames, film.seconds);
 }

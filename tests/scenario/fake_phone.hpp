@@ -81,7 +81,7 @@ class FakePhone : public Phone {
     std::optional<std::string> crashed() override { return crash; }
     void clear() override;
     std::string tree(objc_object* root) override;
-    void shot(const std::filesystem::path& file) override;
+    void shot(const std::filesystem::path& file, double pixelsPerPoint) override;
     void film(const Film& film) override;
 
   private:

@@ -1,0 +1,112 @@
+#include "simulator/window/display.hpp"
+
+#include <cmath>
+#include <cstring>
+#include <stdexcept>
+#include <string_view>
+
+namespace simulator::window {
+
+namespace {
+
+constexpr const char* noDisplay =
+    "there is no display for a window (`vantori-simulator demo --out DIR` draws without one)";
+
+[[noreturn]] void fail(const std::string& what) {
+    throw std::runtime_error(what + ": " + SDL_GetError());
+}
+
+rendering::Size usableDisplay() {
+    SDL_Rect area{};
+    if (SDL_GetDisplayUsableBounds(0, &area) != 0) return {};
+    return {static_cast<double>(area.w), static_cast<double>(area.h)};
+}
+
+int whole(double length) { return static_cast<int>(std::lround(length)); }
+
+bool differ(rendering::Size a, rendering::Size b) {
+    return a.width != b.width || a.height != b.height;
+}
+
+}  // namespace
+
+Display::Display(const std::string& title) : title_(title) {
+    SDL_SetMainReady();
+    SDL_SetHint(SDL_HINT_RENDER_SCALE_QUALITY, "linear");
+    if (SDL_Init(SDL_INIT_VIDEO) != 0) fail(noDisplay);
+    // Without a desktop SDL falls back to a window that nobody sees.
+    if (std::string_view(SDL_GetCurrentVideoDriver()) != "offscreen") return;
+    SDL_Quit();
+    throw std::runtime_error(noDisplay);
+}
+
+Display::~Display() {
+    texture_.reset();
+    renderer_.reset();
+    window_.reset();
+    SDL_Quit();
+}
+
+void Display::openWindow(rendering::Size size) {
+    window_.reset(SDL_CreateWindow(title_.c_str(), SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED,
+                                   whole(size.width), whole(size.height),
+                                   SDL_WINDOW_RESIZABLE | SDL_WINDOW_ALLOW_HIGHDPI));
+    if (!window_) fail("no window could be opened");
+    renderer_.reset(SDL_CreateRenderer(window_.get(), -1, 0));
+    if (!renderer_) fail("nothing can be drawn in the window");
+}
+
+void Display::shape(rendering::Size screen) {
+    if (!differ(screen, screen_)) return;
+    screen_ = screen;
+    const rendering::Size wanted = windowSize(screen, usableDisplay());
+    if (!window_) return openWindow(wanted);
+    SDL_SetWindowSize(window_.get(), whole(wanted.width), whole(wanted.height));
+}
+
+rendering::Size Display::size() const {
+    int width = 0, height = 0;
+    SDL_GetWindowSize(window_.get(), &width, &height);
+    return {static_cast<double>(width), static_cast<double>(height)};
+}
+
+double Display::density() const {
+    int pixels = 0;
+    if (SDL_GetRendererOutputSize(renderer_.get(), &pixels, nullptr) != 0) return 1;
+    const double width = size().width;
+    return width > 0 ? pixels / width : 1;
+}
+
+Fit Display::fitOf(rendering::Size screen) const { return fit(screen, size()); }
+
+double Display::pixelsPerPoint(rendering::Size screen) const {
+    return fitOf(screen).scale * density();
+}
+
+void Display::title(const std::string& text) { SDL_SetWindowTitle(window_.get(), text.c_str()); }
+
+void Display::show(const rendering::Surface& picture, rendering::Size screen) {
+    const int width = picture.width(), height = picture.height();
+    if (width != textureWidth_ || height != textureHeight_ || !texture_) {
+        texture_.reset(SDL_CreateTexture(renderer_.get(), SDL_PIXELFORMAT_ARGB8888,
+                                         SDL_TEXTUREACCESS_STREAMING, width, height));
+        if (!texture_) fail("no picture of that size can be shown");
+        SDL_SetTextureBlendMode(texture_.get(), SDL_BLENDMODE_NONE);
+        textureWidth_ = width;
+        textureHeight_ = height;
+    }
+    cairo_surface_flush(picture.get());
+    SDL_UpdateTexture(texture_.get(), nullptr, cairo_image_surface_get_data(picture.get()),
+                      cairo_image_surface_get_stride(picture.get()));
+    const double scale = density();
+    const Fit place = fitOf(screen);
+    const SDL_Rect target{whole(place.origin.x * scale), whole(place.origin.y * scale),
+                          whole(screen.width * place.scale * scale),
+                          whole(screen.height * place.scale * scale)};
+    SDL_SetRenderDrawColor(renderer_.get(), 18, 18, 20, 255);
+    SDL_RenderClear(renderer_.get());
+    SDL_RenderCopy(renderer_.get(), texture_.get(), nullptr, &target);
+    SDL_RenderPresent(renderer_.get());
+}
+
+}  // namespace simulator::window

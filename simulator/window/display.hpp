@@ -1,0 +1,51 @@
+// A window of the desktop that shows one picture, as large as it fits. Throws std::runtime_error
+// when there is no desktop.
+#pragma once
+
+#include <SDL.h>
+
+#include <memory>
+#include <string>
+
+#include "simulator/rendering/surface.hpp"
+#include "simulator/window/fit.hpp"
+
+namespace simulator::window {
+
+class Display {
+  public:
+    explicit Display(const std::string& title);
+    ~Display();
+    Display(const Display&) = delete;
+    Display& operator=(const Display&) = delete;
+
+    // Opens the window, or changes its shape when the screen has turned.
+    void shape(rendering::Size screen);
+    // Where the screen lies, in the units in which the mouse is reported.
+    Fit fitOf(rendering::Size screen) const;
+    // Pixels of the display for a point of the screen.
+    double pixelsPerPoint(rendering::Size screen) const;
+    void show(const rendering::Surface& picture, rendering::Size screen);
+    void title(const std::string& text);
+
+  private:
+    struct Closer {
+        void operator()(SDL_Window* window) const { SDL_DestroyWindow(window); }
+        void operator()(SDL_Renderer* renderer) const { SDL_DestroyRenderer(renderer); }
+        void operator()(SDL_Texture* texture) const { SDL_DestroyTexture(texture); }
+    };
+
+    void openWindow(rendering::Size size);
+    rendering::Size size() const;
+    double density() const;
+
+    std::string title_;
+    rendering::Size screen_;
+    std::unique_ptr<SDL_Window, Closer> window_;
+    std::unique_ptr<SDL_Renderer, Closer> renderer_;
+    std::unique_ptr<SDL_Texture, Closer> texture_;
+    int textureWidth_ = 0;
+    int textureHeight_ = 0;
+};
+
+}  // namespace simulator::window

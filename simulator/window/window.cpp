@@ -1,0 +1,253 @@
+#include "simulator/window/window.hpp"
+
+#include <SDL.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <cmath>
+#include <optional>
+#include <sstream>
+
+#include "simulator/rendering/canvas.hpp"
+#include "simulator/rendering/fingerprint.hpp"
+#include "simulator/runtime/clock.hpp"
+#include "simulator/springboard/lock_screen.hpp"
+#include "simulator/springboard/orientation.hpp"
+#include "simulator/springboard/screen_picture.hpp"
+#include "simulator/uikit/screen/screen.hpp"
+#include "simulator/window/display.hpp"
+
+namespace simulator::window {
+
+namespace {
+
+using Seconds = std::chrono::duration<double>;
+
+constexpr double slowly = 0.1;       // of real time, in slow motion
+constexpr double longestGap = 0.1;   // seconds of real time that are made up for at most
+constexpr double finestDrawing = 2;  // pixels a point; more costs frames and shows nothing
+
+class PhoneWindow;
+
+struct Key {
+    SDL_Keycode code;
+    const char* name;
+    const char* help;
+    void (PhoneWindow::*press)();
+};
+
+class PhoneWindow {
+  public:
+    PhoneWindow(const LiveOptions& options, std::ostream& output)
+        : output_(output),
+          display_("Vantori"),
+          live_(options, isatty(STDIN_FILENO) != 0, output),
+          hasConsole_(isatty(STDIN_FILENO) != 0),
+          pictures_(options.pictures) {}
+
+    int run();
+
+    void home() { phone().home(); }
+    void lock() { isLocked() ? phone().unlock() : phone().lock(); }
+    void rotate() {
+        // Through the ways that a phone is really held: portrait, then on either side.
+        const long now = activeOrientation();
+        phone().rotate(now == 1   ? Orientation::landscapeRight
+                       : now == 3 ? Orientation::landscapeLeft
+                                  : Orientation::portrait);
+    }
+    void changeAppearance() {
+        constexpr long dark = 2;  // UIUserInterfaceStyle
+        phone().appearance(simulator::screen().style != dark);
+    }
+    void changeSpeed() {
+        slow_ = !slow_;
+        display_.title(slow_ ? "Vantori (slow motion)" : "Vantori");
+    }
+    void takePicture() {
+        const std::filesystem::path file = freeName();
+        phone().shot(file, finestDrawing);
+        output_ << file.string() << std::endl;
+    }
+    void quit() { open_ = false; }
+    void help() { output_ << keysHelp() << std::flush; }
+
+  private:
+    Phone& phone() { return live_.phone(); }
+    rendering::Size screen() {
+        const ScreenBounds bounds = phone().screenBounds();
+        return {bounds.width, bounds.height};
+    }
+    rendering::Point place(int x, int y) const {
+        return display_.fitOf(shown_).toPhone({static_cast<double>(x), static_cast<double>(y)});
+    }
+
+    void handle(const SDL_Event& event);
+    void press(const SDL_Keysym& key);
+    void finger(const SDL_Event& event);
+    void lift(bool cancelled);
+    void hearConsole();
+    void passTime();
+    void draw();
+    std::filesystem::path freeName() const;
+
+    // What the phone refuses is told; it stays as it was.
+    template <class Work>
+    void attempt(Work work) {
+        try {
+            work();
+        } catch (const PhoneError& error) {
+            output_ << error.what() << std::endl;
+        }
+    }
+
+    std::ostream& output_;
+    Display display_;
+    LivePhone live_;
+    bool hasConsole_;
+    std::filesystem::path pictures_;
+    LineReader input_{STDIN_FILENO};
+    rendering::Size shown_;
+    std::optional<std::uint64_t> drawn_;
+    std::chrono::steady_clock::time_point before_ = std::chrono::steady_clock::now();
+    double behind_ = 0;  // seconds of real time for which the phone's clock has not moved yet
+    bool open_ = true;
+    bool fingerDown_ = false;
+    bool slow_ = false;
+};
+
+constexpr std::array<Key, 8> keys{{
+    {SDLK_h, "h", "home", &PhoneWindow::home},
+    {SDLK_l, "l", "lock, unlock", &PhoneWindow::lock},
+    {SDLK_r, "r", "turn the phone", &PhoneWindow::rotate},
+    {SDLK_a, "a", "light or dark appearance", &PhoneWindow::changeAppearance},
+    {SDLK_s, "s", "slow motion, ten times", &PhoneWindow::changeSpeed},
+    {SDLK_p, "p", "a picture of the screen, into a file", &PhoneWindow::takePicture},
+    {SDLK_q, "q", "quit", &PhoneWindow::quit},
+    {SDLK_QUESTION, "?", "these keys", &PhoneWindow::help},
+}};
+
+int PhoneWindow::run() {
+    live_.console().take("boot");
+    if (live_.console().status() != 0) return 1;
+    shown_ = screen();
+    display_.shape(shown_);
+    help();
+    live_.console().prompt();
+    before_ = std::chrono::steady_clock::now();
+    while (open_) {
+        SDL_Event event;
+        const int rest = static_cast<int>(std::ceil((Clock::frame - behind_) * 1000));
+        if (SDL_WaitEventTimeout(&event, std::clamp(rest, 1, 16)) != 0) {
+            do handle(event);
+            while (open_ && SDL_PollEvent(&event) != 0);
+        }
+        if (hasConsole_) hearConsole();
+        live_.hearNotifications();
+        passTime();
+        draw();
+    }
+    return 0;
+}
+
+void PhoneWindow::handle(const SDL_Event& event) {
+    switch (event.type) {
+        case SDL_QUIT:
+            return quit();
+        case SDL_KEYDOWN:
+            if (event.key.repeat == 0) press(event.key.keysym);
+            return;
+        case SDL_WINDOWEVENT:
+            if (event.window.event == SDL_WINDOWEVENT_LEAVE) lift(true);
+            drawn_.reset();
+            return;
+        default:
+            return finger(event);
+    }
+}
+
+void PhoneWindow::press(const SDL_Keysym& pressed) {
+    // The question mark is a shifted key on most keyboards.
+    const bool asks = pressed.sym == SDLK_SLASH && (pressed.mod & KMOD_SHIFT) != 0;
+    const SDL_Keycode code = asks ? SDL_Keycode{SDLK_QUESTION} : pressed.sym;
+    for (const Key& key : keys) {
+        if (key.code == code) attempt([&] { (this->*key.press)(); });
+    }
+}
+
+void PhoneWindow::finger(const SDL_Event& event) {
+    if (event.type == SDL_MOUSEBUTTONDOWN && event.button.button == SDL_BUTTON_LEFT) {
+        const rendering::Point at = place(event.button.x, event.button.y);
+        if (fingerDown_ || !contains(shown_, at)) return;
+        fingerDown_ = true;
+        attempt([&] { phone().touchDown(at.x, at.y); });
+    } else if (event.type == SDL_MOUSEMOTION && fingerDown_) {
+        const rendering::Point at = place(event.motion.x, event.motion.y);
+        if (!contains(shown_, at)) return lift(true);
+        attempt([&] { phone().touchMove(at.x, at.y, 0); });
+    } else if (event.type == SDL_MOUSEBUTTONUP && event.button.button == SDL_BUTTON_LEFT) {
+        lift(false);
+    }
+}
+
+void PhoneWindow::lift(bool cancelled) {
+    if (!fingerDown_) return;
+    fingerDown_ = false;
+    attempt([&] { cancelled ? phone().touchCancel() : phone().touchUp(); });
+}
+
+void PhoneWindow::hearConsole() {
+    if (waitForInput(STDIN_FILENO, -1, 0).first) input_.read();
+    while (const std::optional<std::string> text = input_.line()) {
+        if (!live_.console().take(*text)) return quit();
+        live_.console().prompt();
+    }
+    if (input_.atEnd()) hasConsole_ = false;
+}
+
+void PhoneWindow::passTime() {
+    const auto now = std::chrono::steady_clock::now();
+    behind_ = std::min(behind_ + Seconds(now - before_).count(), longestGap);
+    before_ = now;
+    for (; behind_ >= Clock::frame; behind_ -= Clock::frame)
+        attempt([&] { phone().wait(Clock::frame * (slow_ ? slowly : 1)); });
+}
+
+void PhoneWindow::draw() {
+    const UprightScreen screen = uprightScreen();
+    if (screen.size.width != shown_.width) {
+        shown_ = screen.size;
+        lift(true);
+        display_.shape(shown_);
+        drawn_.reset();
+    }
+    const std::uint64_t print = rendering::fingerprint(screen.root);
+    if (drawn_ == print) return;
+    drawn_ = print;
+    const double scale = std::clamp(display_.pixelsPerPoint(shown_), 0.1, finestDrawing);
+    display_.show(rendering::render(screen.root, shown_, scale), shown_);
+}
+
+std::filesystem::path PhoneWindow::freeName() const {
+    for (int number = 1;; ++number) {
+        std::filesystem::path file = pictures_ / ("vantori-" + std::to_string(number) + ".png");
+        if (!std::filesystem::exists(file)) return file;
+    }
+}
+
+}  // namespace
+
+std::string keysHelp() {
+    std::ostringstream text;
+    text << "The mouse is the finger. Keys:\n";
+    for (const Key& key : keys) text << "  " << key.name << "  " << key.help << '\n';
+    return text.str();
+}
+
+int runWindow(const LiveOptions& options, std::ostream& output) {
+    return PhoneWindow(options, output).run();
+}
+
+}  // namespace simulator::window
