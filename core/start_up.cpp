@@ -91,9 +91,9 @@ void installSpringBoardHooks() {
 
 void startUp() {
     AutoreleasePool pool;
-    registerClasses();  // classes of a loaded library exist, whatever the settings
     enabled = boolSetting("enabled"_ns, true);
     if (!enabled) return;
+    registerClasses();
     install(welcomeHooks());
     addPresentUpdateInfo();
 
