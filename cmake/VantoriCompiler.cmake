@@ -18,7 +18,7 @@ add_library(vantori_warnings INTERFACE)
 # Implementations travel as IMP and are cast back where they are called: that is the runtime's way.
 # g++ 12 sees overlapping copies inside std::string where there are none.
 target_compile_options(vantori_warnings INTERFACE
-  -Wall -Wextra -Wpedantic -Wshadow -Werror -Wno-cast-function-type -Wno-restrict)
+  -Wall -Wextra -Wpedantic -Wshadow -Werror -Wno-cast-function-type $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
 if(VANTORI_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer -O1 -g1)
   add_link_options(-fsanitize=address,undefined)
