@@ -1,29 +1,11 @@
-// The pages of toggles and sliders, as the toolbars see them.
+// Every class of the pages of toggles and sliders, for those who make them all.
 #pragma once
 
-#include "platform/uikit.hpp"
+#include "toggles/brightness_panel.hpp"
+#include "toggles/everyday_page.hpp"
+#include "toggles/volume_panel.hpp"
 
 namespace vantori {
-
-using namespace platform;
-
-struct VNTDailyToolBarViewController : UIViewController {
-    static constexpr FixedString name{"VNTDailyToolBarViewController"};
-    using UIViewController::UIViewController;
-    UIView toggleContainerView() const { return send<"toggleContainerView", UIView>(); }
-    void refreshAllToggles() const { send<"refreshAllToggles">(); }
-};
-
-struct VNTBrightnessSliderContainerViewController : UIViewController {
-    static constexpr FixedString name{"VNTBrightnessSliderContainerViewController"};
-    using UIViewController::UIViewController;
-    void setShouldShowSwitcher(bool shows) const { send<"setShouldShowSwitcher:">(shows); }
-};
-
-struct VNTVolumeSliderContainerViewController : UIViewController {
-    static constexpr FixedString name{"VNTVolumeSliderContainerViewController"};
-    using UIViewController::UIViewController;
-};
 
 void registerPanels();
 
