@@ -41,6 +41,8 @@ const std::vector<std::string> springBoardRows = {
     "SBReachabilityManager _toggleReachabilityMode",
     "SBBarSwipeAffordanceView _handleReachabilityPanGesture:",
     "SBSwitcherContainerView didMoveToWindow",
+    "RPControlCenterModuleViewController setAvailable:",
+    "RPControlCenterModuleViewController available",
     "SBLockScreenManager lockUIFromSource:withOptions:",
 };
 const std::vector<std::string> controlCenterRows = {
