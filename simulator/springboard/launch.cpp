@@ -15,6 +15,7 @@
 #include "simulator/runtime/system_log.hpp"
 #include "simulator/services/connectivity.hpp"
 #include "simulator/services/media.hpp"
+#include "simulator/services/module_contents.hpp"
 #include "simulator/services/screen_recording.hpp"
 #include "simulator/springboard/applications.hpp"
 #include "simulator/springboard/configuration.hpp"
@@ -114,6 +115,7 @@ void registerSpringBoard() {
     registerPlatformParts();
     registerMedia();
     registerModuleControllers();
+    registerModules();
     announceScreenRecording();
     registerConnectivity();
     registerSpringBoardApplication();
