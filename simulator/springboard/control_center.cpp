@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "simulator/services/radios.hpp"
 #include "simulator/springboard/artwork.hpp"
 #include "simulator/springboard/configuration.hpp"
 #include "simulator/springboard/module_grid.hpp"
@@ -40,6 +41,7 @@ constexpr double leastPull = 40;        // points that open it at release
 constexpr double leastPush = 60;        // points that close it at release
 constexpr double closingFlick = 300;    // points per second, likewise
 constexpr double groundTravel = 0.45;   // of the travel, after which the blur is whole
+constexpr double headerTravel = 0.25;   // the last part, in which the header comes
 constexpr double beyond = 0.12;         // of what is pulled beyond the travel
 constexpr double level = 1040;
 constexpr double levelAlone = 1080;     // over whatever asked for a module
@@ -99,7 +101,8 @@ void place(double pulled) {
     double away = rest >= 0 ? rest : rest * beyond;
     double shown = std::clamp(pulled / (travel * groundTravel), 0.0, 1.0);
     center.ground.setAlpha(shown);
-    center.header.setAlpha(shown);
+    // Last, so that it is not seen through what slides over it.
+    center.header.setAlpha(std::clamp(1 - rest / (travel * headerTravel), 0.0, 1.0));
     UIView modules = moduleCollection() ? moduleCollection().view() : UIView();
     modules.setTransform({1, 0, 0, 1, 0, center.fromFoot ? away : -away});
 }
@@ -326,6 +329,9 @@ SBSystemPanGestureRecognizer statusBarPan() {
 
 void registerControlCenter() {
     registerModuleGrid();
+    onRadioChange([] {
+        if (controlCenter() && state().header) dressAsStatusBar(state().header, true);
+    });
     standIn<SBControlCenterController, Object, CenterState>()
         .classMethod<"sharedInstance", &sharedInstance>()
         .method<"presentAnimated:completion:", &present>()
