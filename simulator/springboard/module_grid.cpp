@@ -180,7 +180,8 @@ CCUIContentModuleContainerView expandedTile() {
 
 CCUIModuleCollectionViewController moduleCollection() {
     static auto& shared = *new Strong<CCUIModuleCollectionViewController>;
-    if (!shared) shared = create<CCUIModuleCollectionViewController>();
+    const bool ours = Defined<CCUIModuleCollectionViewController>::value != nullptr;
+    if (!shared && ours) shared = create<CCUIModuleCollectionViewController>();
     return shared;
 }
 
