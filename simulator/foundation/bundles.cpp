@@ -77,8 +77,8 @@ id (*systemBundleWithPath)(id, SEL, id) = nullptr;
 id bundleWithPath(id self, SEL command, id path) {
     const char* text = path ? NSString(path).utf8() : nullptr;
     if (!text) return nullptr;
-    Journal::record(object_getClass(self), self, command, path);
     if (std::string_view(text).starts_with("/System/")) {
+        Journal::record(object_getClass(self), self, command, path);
         return systemBundle(withoutTrailingSlash(text)).get();
     }
     std::string mapped = DeviceRoot::shared().map(text);
