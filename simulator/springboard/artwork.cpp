@@ -70,6 +70,9 @@ void addStatusBar(Node& root, rendering::Size size, bool white) {
     if (notch && !upright) return;
     rendering::StatusBar bar;
     bar.colour = ink(white);
+    bar.airplane = isOn(Radio::airplane);
+    bar.wifiOn = isOn(Radio::wifi);
+    if (!bar.wifiOn && isOn(Radio::cellular)) bar.network = "LTE";
     root.children.push_back(rendering::statusBar(bar, size.width, notch));
 }
 
@@ -98,21 +101,9 @@ void dressAsWallpaper(UIView view) {
 void dressAsStatusBar(UIView view, StatusBarParts parts, bool white) {
     rendering::Size size = sizeOf(view);
     Node root = rendering::nodeWithFrame("StatusBar", whole(size));
-<<<<<<< HEAD
-    rendering::StatusBar bar;
-    bar.colour = ink(white);
-    bar.airplane = isOn(Radio::airplane);
-    bar.wifiOn = isOn(Radio::wifi);
-    if (!bar.wifiOn && isOn(Radio::cellular)) bar.network = "LTE";
-    bool upright = size.height > size.width;
-    if (upright || !notch)
-        root.children.push_back(rendering::statusBar(bar, size.width, notch && upright));
-    if (notch) root.children.push_back(rendering::homeIndicator(size, ink(white)));
-=======
     if (parts == StatusBarParts::all) addStatusBar(root, size, white);
     if (!configuration().homeButton)
         root.children.push_back(rendering::homeIndicator(size, ink(white)));
->>>>>>> main
     wear(view, pictureOf(std::move(root), size));
 }
 

@@ -69,7 +69,7 @@ Strong<UIView> makeGround(CGRect bounds) {
 Strong<UIView> makeHeader(CGRect bounds) {
     auto header = create<UIView, "initWithFrame:">(bounds);
     header.setUserInteractionEnabled(false);
-    dressAsStatusBar(header, true);
+    dressAsStatusBar(header, StatusBarParts::all, true);
     return header;
 }
 
@@ -330,7 +330,8 @@ SBSystemPanGestureRecognizer statusBarPan() {
 void registerControlCenter() {
     registerModuleGrid();
     onRadioChange([] {
-        if (controlCenter() && state().header) dressAsStatusBar(state().header, true);
+        if (!controlCenter() || !state().header) return;
+        dressAsStatusBar(state().header, StatusBarParts::all, true);
     });
     standIn<SBControlCenterController, Object, CenterState>()
         .classMethod<"sharedInstance", &sharedInstance>()
