@@ -35,16 +35,16 @@ struct CenterState {
     Stage stage;
 };
 
-constexpr double duration = 0.45;       // seconds, opening and closing
-constexpr double damping = 0.82;        // of opening; closing does not swing
-constexpr double leastPull = 40;        // points that open it at release
-constexpr double leastPush = 60;        // points that close it at release
-constexpr double closingFlick = 300;    // points per second, likewise
-constexpr double groundTravel = 0.45;   // of the travel, after which the blur is whole
-constexpr double headerTravel = 0.25;   // the last part, in which the header comes
-constexpr double beyond = 0.12;         // of what is pulled beyond the travel
+constexpr double duration = 0.45;      // seconds, opening and closing
+constexpr double damping = 0.82;       // of opening; closing does not swing
+constexpr double leastPull = 40;       // points that open it at release
+constexpr double leastPush = 60;       // points that close it at release
+constexpr double closingFlick = 300;   // points per second, likewise
+constexpr double groundTravel = 0.45;  // of the travel, after which the blur is whole
+constexpr double headerTravel = 0.25;  // the last part, in which the header comes
+constexpr double beyond = 0.12;        // of what is pulled beyond the travel
 constexpr double level = 1040;
-constexpr double levelAlone = 1080;     // over whatever asked for a module
+constexpr double levelAlone = 1080;  // over whatever asked for a module
 
 CenterState& state() { return stateOf<CenterState>(controlCenter()); }
 
