@@ -84,7 +84,13 @@ void showTestAlert(Object) {
 void installSpringBoardHooks() {
     addSceneLayoutAccessors();
     install(springBoardHooks());
+    install(laterSpringBoardForms());
     addMethod<"test", &showTestAlert>(objc_getClass("SBFluidSwitcherGestureManager"));
+}
+
+void installControlCenterHooks() {
+    install(controlCenterHooks());
+    install(laterControlCenterForms());
 }
 
 }  // namespace
@@ -103,7 +109,7 @@ void startUp() {
     if (!areFrameworksLoaded(frameworks)) return;
 
     installSpringBoardHooks();
-    if (replaceCC || !hasNoHomeButton()) install(controlCenterHooks());
+    if (replaceCC || !hasNoHomeButton()) installControlCenterHooks();
     observeSettings();
     reloadSettings();
     settingsLoaded = true;

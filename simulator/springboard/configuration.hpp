@@ -24,6 +24,9 @@ struct Configuration {
 
 Configuration& configuration();
 
+// From 13.4 on the system's reports of a pull name the gesture too, in a fourth part.
+bool pullReportsNameTheGesture();
+
 struct InstalledApplication {
     const char* identifier;
     const char* title;

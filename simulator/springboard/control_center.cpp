@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include "simulator/springboard/parts.hpp"
+#include "simulator/springboard/pull_forms.hpp"
 #include "simulator/springboard/uikit_bridge.hpp"
 
 #include "simulator/springboard/orientation.hpp"
@@ -237,18 +238,17 @@ SBSystemPanGestureRecognizer statusBarPan() {
 }
 
 void registerControlCenter() {
-    standIn<SBControlCenterController, Object, CenterState>()
-        .classMethod<"sharedInstance", &sharedInstance>()
-        .method<"presentAnimated:completion:", &present>()
-        .method<"dismissAnimated:completion:", &dismiss>()
-        .method<"isVisible", &isVisible>()
-        .method<"_handleDismissTap:", &handleDismissTap>()
-        .method<"_presentGestureLocationInView", &presentGestureLocation>()
-        .method<"_handleStatusBarPullDownGesture:", &handleStatusBarPullDown>()
-        .method<"grabberTongueBeganPulling:withDistance:andVelocity:", &beganPulling>()
-        .method<"grabberTongueUpdatedPulling:withDistance:andVelocity:", &updatedPulling>()
-        .method<"grabberTongueEndedPulling:withDistance:andVelocity:", &endedPulling>()
-        .method<"grabberTongueCanceledPulling:withDistance:andVelocity:", &canceledPulling>();
+    const auto manager =
+        standIn<SBControlCenterController, Object, CenterState>()
+            .classMethod<"sharedInstance", &sharedInstance>()
+            .method<"presentAnimated:completion:", &present>()
+            .method<"dismissAnimated:completion:", &dismiss>()
+            .method<"isVisible", &isVisible>()
+            .method<"_handleDismissTap:", &handleDismissTap>()
+            .method<"_presentGestureLocationInView", &presentGestureLocation>()
+            .method<"_handleStatusBarPullDownGesture:", &handleStatusBarPullDown>();
+    answerPulls<SBControlCenterController, beganPulling, updatedPulling, endedPulling,
+                canceledPulling>(manager);
 }
 
 }  // namespace simulator
