@@ -97,9 +97,15 @@ def encodings_of(rows):
     return sorted({plain(row.encoding) for row in rows})
 
 
+def is_on_purpose(method, platform):
+    return (method.class_name, method.selector, method.encoding) in platform.ours
+
+
 def check_hooks(hooks, platform):
     """Each hook expects the encoding that the system's method has."""
     for hook in hooks:
+        if is_on_purpose(hook, platform):
+            continue
         name = f"-[{hook.class_name} {hook.selector}]"
         rows = [
             row
@@ -119,14 +125,15 @@ def check_methods(methods, platform):
     """A method that answers a message of the system has the encoding which the system sends."""
     for method in methods:
         rows = [row for row in platform.of_selector(method.selector) if row.kind == method.kind]
-        if not rows or (method.class_name, method.selector) in platform.ours:
+        if not rows or is_on_purpose(method, platform):
             continue
         if plain(method.encoding) not in encodings_of(rows):
             owner = method.class_name or "(a class of the system)"
             like = ", ".join(sorted({f"{row.class_name} ({row.encoding})" for row in rows}))
             yield (
                 f"{method.kind}[{owner} {method.selector}] has the encoding {method.encoding}, but not as in "
-                f"{like}; if it only shares the name, add '{owner} {method.selector}' to device/platform/{OWN}"
+                f"{like}; if it only shares the name, add '{owner} {method.selector} {method.encoding}' to "
+                f"device/platform/{OWN}"
             )
 
 

@@ -72,7 +72,9 @@ class Platform:
             MethodRow(row["class"], row["kind"], row["selector"], row["encoding"])
             for row in read_table(folder / PUBLIC)
         ]
-        self.ours = {(row["class"], row["selector"]) for row in read_table(folder / OWN)}
+        self.ours = {
+            (row["class"], row["selector"], row["encoding"]) for row in read_table(folder / OWN)
+        }
         self.symbols = {row["symbol"]: row for row in read_table(folder / SYMBOLS)}
         self.classes = {row.class_name for row in self.methods}
 

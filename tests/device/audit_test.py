@@ -145,7 +145,7 @@ class AuditTest(unittest.TestCase):
         selector = "gestureRecognizer:shouldReceiveTouch:"
         self.plant("method", "VNTToolBarController", selector, "B@:@@", "v@:@@")
         with (self.platform / "own_methods.tsv").open("a") as table:
-            table.write(f"VNTToolBarController\t{selector}\ta test\n")
+            table.write(f"VNTToolBarController\t{selector}\tv@:@@\ta test\n")
         done = self.audit()
         self.assertNotIn("has the encoding", done.stdout)
 
