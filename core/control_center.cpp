@@ -34,6 +34,13 @@ void releaseStatusBarPull(VNTSBToolBarController toolbar, double velocity, doubl
     toolbar.setIsEnabled(opens);
 }
 
+// The zone test makes a bottom-edge pull ready; here the first pull of all would find no window to be
+// seen in and a heap of buttons.
+void prepareForFirstPull(VNTSBToolBarController toolbar) {
+    toolbar.makeKeyWindow();
+    toolbar.layoutConnectivityButton();
+}
+
 void followStatusBarPull(UIPanGestureRecognizer pan) {
     VNTSBToolBarController toolbar = VNTSBToolBarController::shared();
     UIView container = pan.view().superview();
@@ -43,6 +50,7 @@ void followStatusBarPull(UIPanGestureRecognizer pan) {
         UIScreen::mainScreen().bounds().size.height - rubberBand(distance, toolbar.suggestedY());
     switch (pan.state()) {
         case UIGestureRecognizer::began:
+            prepareForFirstPull(toolbar);
             toolbar.updateYValueWithAnimation(y);
             pan.setTranslation({0, 0}, container);
             break;

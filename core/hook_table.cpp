@@ -7,6 +7,7 @@
 #include "core/hook_welcome.hpp"
 #include "core/pull_reachability.hpp"
 #include "core/pull_tracking.hpp"
+#include "pages/modules_hooks.hpp"
 
 namespace vantori {
 
@@ -38,6 +39,8 @@ std::span<const HookRow> springBoardHooks() {
         hook<"SBReachabilityManager", "_toggleReachabilityMode", &toggleReachability>(),
         hook<"SBBarSwipeAffordanceView", "_handleReachabilityPanGesture:", &handleReachabilityPan>(),
         hook<"SBSwitcherContainerView", "didMoveToWindow", &switcherContainerDidMove>(),
+        hook<"RPControlCenterModuleViewController", "setAvailable:", &moduleSetAvailable>(),
+        hook<"RPControlCenterModuleViewController", "available", &moduleAvailable>(),
         hook<"SBLockScreenManager", "lockUIFromSource:withOptions:", &lockUI>(),
     };
     return rows;

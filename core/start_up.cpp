@@ -81,11 +81,19 @@ void showTestAlert(Object) {
     alert.send<"show">();
 }
 
+// What a long press on a module's round button asks of the grid of modules.
+void expandModule(UIViewController self, NSString identifier) {
+    if (!self.respondsTo(selector<"expandModuleWithIdentifier:">())) return;
+    self.send<"expandModuleWithIdentifier:">(identifier);
+}
+
 void installSpringBoardHooks() {
     addSceneLayoutAccessors();
     install(springBoardHooks());
     install(laterSpringBoardForms());
     addMethod<"test", &showTestAlert>(objc_getClass("SBFluidSwitcherGestureManager"));
+    addMethod<"vntExpandModuleWithIdentifier:", &expandModule>(
+        objc_getClass("CCUIModuleCollectionViewController"));
 }
 
 void installControlCenterHooks() {

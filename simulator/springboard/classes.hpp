@@ -2,6 +2,7 @@
 // are in platform/springboard.hpp.
 #pragma once
 
+#include "platform/control_center.hpp"
 #include "platform/springboard.hpp"
 #include "simulator/uikit/classes.hpp"
 
@@ -39,7 +40,6 @@ VANTORI_CLASS(SBAppLayout, Object);
 VANTORI_CLASS(SBDisplayItem, Object);
 VANTORI_CLASS(SBMediaController, Object);
 VANTORI_CLASS(SBLockScreenManager, Object);
-VANTORI_CLASS(SBControlCenterController, Object);
 VANTORI_CLASS(SBHomeScreenWindow, UIWindow);
 VANTORI_CLASS(SBMainScreenWindow, UIWindow);
 VANTORI_CLASS(SBMainSwitcherWindow, UIWindow);

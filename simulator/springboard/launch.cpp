@@ -8,6 +8,7 @@
 #include "simulator/foundation/files.hpp"
 #include "simulator/foundation/first_use.hpp"
 #include "simulator/foundation/notification_counts.hpp"
+#include "simulator/foundation/observers.hpp"
 #include "simulator/runtime/associations.hpp"
 #include "simulator/runtime/clock.hpp"
 #include "simulator/runtime/crash.hpp"
@@ -15,6 +16,7 @@
 #include "simulator/runtime/system_log.hpp"
 #include "simulator/services/connectivity.hpp"
 #include "simulator/services/media.hpp"
+#include "simulator/services/module_contents.hpp"
 #include "simulator/services/screen_recording.hpp"
 #include "simulator/springboard/applications.hpp"
 #include "simulator/springboard/configuration.hpp"
@@ -95,6 +97,7 @@ void prepareProcess() {
     installBundles();
     installConversions();
     installNotificationCounts();
+    installObservers();
 }
 
 void registerSpringBoard() {
@@ -114,6 +117,7 @@ void registerSpringBoard() {
     registerPlatformParts();
     registerMedia();
     registerModuleControllers();
+    registerModules();
     announceScreenRecording();
     registerConnectivity();
     registerSpringBoardApplication();

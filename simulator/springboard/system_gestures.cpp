@@ -16,7 +16,9 @@ namespace simulator {
 namespace {
 
 constexpr double bottomBand = 8;     // points above the bottom edge where a pull starts
-constexpr double topBand = 20;       // points below the top edge
+// Points below the top edge, as high as the status bar.
+constexpr double topBand = 20;
+constexpr double topBandBesideNotch = 44;
 constexpr double hysteresis = 10;    // points that a finger moves before it is a pan
 constexpr double restingTime = 0.1;  // seconds without a move after which a finger is at rest
 constexpr double unlockDistance = 60;
@@ -128,12 +130,13 @@ void pullFromEdge(double edge, double distance, double seconds, double releaseVe
 
 void SystemGestures::down(CGPoint place) {
     CGSize size = interfaceSize(activeOrientation());
-    // Beside a notch only the right part of the top belongs to Control Center.
+    // Only the right part of the top belongs to Control Center, the rest to the notifications.
     bool right = place.x >= size.width * 2 / 3;
+    bool notch = !configuration().homeButton && size.height > size.width;
     kind_ = Kind::none;
     if (place.y >= size.height - bottomBand) {
         kind_ = Kind::bottomEdge;
-    } else if (place.y <= topBand && right && !configuration().homeButton) {
+    } else if (place.y <= (notch ? topBandBesideNotch : topBand) && right) {
         kind_ = Kind::statusBar;
     }
     taken_ = false;
