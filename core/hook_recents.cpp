@@ -32,9 +32,7 @@ void showRecents(SBRecentAppLayouts recents) {
 
 }  // namespace
 
-Object recentsValidate(System<Object(Object)> system, Object, Object layouts) {
-    return system(layouts);
-}
+void recentsValidate(System<void(Object)> system, Object, Object layouts) { system(layouts); }
 
 void recentsSave(System<void()> system, Object self) {
     system();

@@ -8,9 +8,8 @@ namespace vantori {
 
 using namespace platform;
 
-// Passes on whatever the system's implementation leaves as its result, which is nothing on the
-// systems that declare it so.
-Object recentsValidate(System<Object(Object)> system, Object self, Object layouts);
+// Only passes the call on; the systems that have the method declare it without a result.
+void recentsValidate(System<void(Object)> system, Object self, Object layouts);
 void recentsSave(System<void()> system, Object self);
 
 }  // namespace vantori

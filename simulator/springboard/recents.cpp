@@ -35,6 +35,9 @@ NSDictionary rolesToLayoutItemsMap(SBAppLayout self) {
         Object(sendClass<NSNumber, "numberWithLong:", NSNumber>(primaryRole).get()));
 }
 
+// A name for allValues that the platform's dictionaries have beside it.
+NSArray allObjects(Object dictionary) { return dictionary.send<"allValues", NSArray>(); }
+
 NSArray allItems(SBAppLayout self) {
     Object item = stateOf<AppLayoutState>(self).item;
     return item ? NSArray::with(item) : sendClass<NSArray, "array", NSArray>();
@@ -135,6 +138,7 @@ void restoreRecents() {
 }
 
 void registerRecents() {
+    addMethod<"allObjects", &allObjects>(classOf<NSDictionary>());
     standIn<SBDisplayItem, Object, DisplayItemState>()
         .method<"displayIdentifier", &identifierOf>()
         .method<"bundleIdentifier", &identifierOf>();

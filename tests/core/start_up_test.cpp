@@ -41,6 +41,18 @@ const std::vector<std::string> springBoardRows = {
     "SBReachabilityManager _toggleReachabilityMode",
     "SBBarSwipeAffordanceView _handleReachabilityPanGesture:",
     "SBSwitcherContainerView didMoveToWindow",
+    "SBDockView didMoveToWindow",
+    "SBDockView layoutSubviews",
+    "SBRootFolderDockIconListView visibleIcons",
+    "SBRootFolderDockIconListView setEditing:",
+    "SBRootFolderDockIconListView didMoveToWindow",
+    "SBRootFolderDockIconListView layoutIconsNow",
+    "SBFloatingDockIconListView visibleIcons",
+    "SBFloatingDockIconListView layoutIconsNow",
+    "SBFloatingDockIconListView setEditing:",
+    "SBFloatingDockIconListView didMoveToWindow",
+    "SBRecentAppLayouts _validateAndUpdateRecents:",
+    "SBRecentAppLayouts _saveRecents",
     "SBLockScreenManager lockUIFromSource:withOptions:",
 };
 const std::vector<std::string> controlCenterRows = {
