@@ -231,6 +231,21 @@ TEST_F(RecentRow, ALayoutWithoutItemsIsAnIconOfNothing) {
     EXPECT_FALSE(phone_->crashed());
 }
 
+TEST_F(IconRow, AnIconWithoutAnImageKeepsItsPlaceInTheDocksRow) {
+    boot();
+    NSMutableArray with = icons(3);
+    auto blank = create<SBIcon>();
+    with.send<"insertObject:atIndex:">(blank, 1UL);
+    springBoardPage().setIcons(with);
+    springBoardPage().layoutIconsWithSize(60);
+    expectRow(springBoardPage(), {31, 117, 203, 289}, 55);
+    EXPECT_FALSE((at(springBoardPage(), 1).send<"appImage", Object>()));
+    EXPECT_TRUE(at(springBoardPage(), 1).appButton());
+    EXPECT_FALSE(at(springBoardPage(), 1).applicationIdentifier());
+    openToolbar();
+    EXPECT_FALSE(phone_->crashed());
+}
+
 class IconImage : public Applications {};
 
 TEST_F(IconImage, BeforeThirteenIsOfFormat999) {
