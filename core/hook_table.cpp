@@ -2,6 +2,8 @@
 
 #include "core/control_center.hpp"
 #include "core/gesture_zones.hpp"
+#include "core/hook_dock.hpp"
+#include "core/hook_recents.hpp"
 #include "core/hook_scene_layout.hpp"
 #include "core/hook_springboard.hpp"
 #include "core/hook_welcome.hpp"
@@ -39,6 +41,18 @@ std::span<const HookRow> springBoardHooks() {
         hook<"SBReachabilityManager", "_toggleReachabilityMode", &toggleReachability>(),
         hook<"SBBarSwipeAffordanceView", "_handleReachabilityPanGesture:", &handleReachabilityPan>(),
         hook<"SBSwitcherContainerView", "didMoveToWindow", &switcherContainerDidMove>(),
+        hook<"SBDockView", "didMoveToWindow", &dockDidChange>(),
+        hook<"SBDockView", "layoutSubviews", &dockDidChange>(),
+        hook<"SBRootFolderDockIconListView", "visibleIcons", &rootDockVisibleIcons>(),
+        hook<"SBRootFolderDockIconListView", "setEditing:", &rootDockSetEditing>(),
+        hook<"SBRootFolderDockIconListView", "didMoveToWindow", &rootDockDidMove>(),
+        hook<"SBRootFolderDockIconListView", "layoutIconsNow", &rootDockLayoutIcons>(),
+        hook<"SBFloatingDockIconListView", "visibleIcons", &floatingDockVisibleIcons>(),
+        hook<"SBFloatingDockIconListView", "layoutIconsNow", &floatingDockDidChange>(),
+        hook<"SBFloatingDockIconListView", "setEditing:", &floatingDockSetEditing>(),
+        hook<"SBFloatingDockIconListView", "didMoveToWindow", &floatingDockDidChange>(),
+        hook<"SBRecentAppLayouts", "_validateAndUpdateRecents:", &recentsValidate>(),
+        hook<"SBRecentAppLayouts", "_saveRecents", &recentsSave>(),
         hook<"RPControlCenterModuleViewController", "setAvailable:", &moduleSetAvailable>(),
         hook<"RPControlCenterModuleViewController", "available", &moduleAvailable>(),
         hook<"SBLockScreenManager", "lockUIFromSource:withOptions:", &lockUI>(),

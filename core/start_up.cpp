@@ -10,6 +10,7 @@
 #include "core/variables.hpp"
 #include "platform/definition.hpp"
 #include "platform/loading.hpp"
+#include "toolbar/application_host.hpp"
 #include "toolbar/sb_toolbar_controller.hpp"
 #include "toolbar/update_view_controller.hpp"
 
@@ -31,6 +32,7 @@ struct Frameworks {
 void registerClasses() {
     registerUpdateViewController();
     registerHostWindows();
+    registerApplicationHost();
     registerPages();
     registerPanels();
     registerToolBarController();

@@ -10,6 +10,7 @@ namespace {
 
 }  // namespace
 
+void Phone::floatingDock() { absent("the floating dock"); }
 void Phone::connectivityFails(int) { absent("the connectivity module"); }
 void Phone::connectivityButton(double, double) { absent("the connectivity module"); }
 void Phone::sceneAfter(const std::string&, int) { absent("the process manager"); }

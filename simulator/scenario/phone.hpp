@@ -67,6 +67,7 @@ class Phone {
     virtual void missingClass(const std::string& name) = 0;
     virtual void missingBundle(const std::string& path) = 0;
     virtual void dock(int icons) = 0;
+    virtual void floatingDock();
     virtual void connectivityFails(int creations);
     virtual void sceneAfter(const std::string& bundle, int creation);
     virtual void withoutExtension() = 0;

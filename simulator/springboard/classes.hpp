@@ -4,6 +4,7 @@
 
 #include "platform/control_center.hpp"
 #include "platform/springboard.hpp"
+#include "platform/springboard_icons.hpp"
 #include "simulator/uikit/classes.hpp"
 
 namespace simulator {
@@ -53,15 +54,3 @@ VANTORI_CLASS(SBSystemPanGestureRecognizer, UIPanGestureRecognizer);
 #undef VANTORI_CLASS
 
 }  // namespace simulator
-
-// How an icon is to be drawn, as it travels to generateIconImageWithInfo:.
-struct SBIconImageInfo {
-    CGSize size;
-    double scale;
-    double continuousCornerRadius;
-};
-
-template <>
-struct platform::TypeCode<SBIconImageInfo> {
-    static constexpr FixedString value{"{SBIconImageInfo={CGSize=dd}dd}"};
-};

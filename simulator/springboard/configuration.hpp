@@ -17,6 +17,7 @@ struct Configuration {
     double scale = 3;
     bool homeButton = false;
     int dockIcons = 4;
+    bool floatingDock = false;
     int connectivityFailures = 0;  // creations of the airplane controller that still yield nil
     CGSize connectivityButton{60, 60};
     std::vector<std::string> recents;  // newest first

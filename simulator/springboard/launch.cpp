@@ -27,6 +27,7 @@
 #include "simulator/springboard/icons.hpp"
 #include "simulator/springboard/lock_screen.hpp"
 #include "simulator/springboard/platform_parts.hpp"
+#include "simulator/springboard/processes.hpp"
 #include "simulator/springboard/reachability.hpp"
 #include "simulator/springboard/recents.hpp"
 #include "simulator/springboard/scene_layout.hpp"
@@ -75,7 +76,7 @@ void startSpringBoard() {
     makeWindows();
     makeHomeScreen();
     moveHomeScreenToWindow();
-    setRecents(configuration().recents);
+    restoreRecents();
     gestureManager();
     if (SBMainDisplaySceneLayoutViewController layout = sceneLayoutController()) {
         layout.view();
@@ -112,6 +113,7 @@ void registerSpringBoard() {
     registerSwitcherGestures();
     registerReachability();
     registerRecents();
+    registerProcesses();
     registerLockScreen();
     registerControlCenter();
     registerPlatformParts();

@@ -25,6 +25,7 @@
 #include "simulator/springboard/launch.hpp"
 #include "simulator/springboard/lock_screen.hpp"
 #include "simulator/springboard/orientation.hpp"
+#include "simulator/springboard/processes.hpp"
 #include "simulator/springboard/recents.hpp"
 #include "simulator/springboard/screen_picture.hpp"
 #include "simulator/springboard/system_gestures.hpp"
@@ -107,6 +108,18 @@ class SimulatedPhone final : public Phone {
             throw PhoneError("the dock holds 0 to " + std::to_string(most) + " icons");
         }
         configuration().dockIcons = icons;
+    }
+    void floatingDock() override {
+        requireOff();
+        configuration().floatingDock = true;
+    }
+    void sceneAfter(const std::string& bundle, int creation) override {
+        requireOff();
+        if (!isInstalled(bundle)) throw PhoneError("not installed: " + bundle);
+        if (creation < 1 || creation > latestScene) {
+            throw PhoneError("a scene comes with creation 1 to " + std::to_string(latestScene));
+        }
+        setSceneAfter(bundle, creation);
     }
     void connectivityFails(int creations) override {
         configuration().connectivityFailures = creations;
@@ -336,6 +349,7 @@ class SimulatedPhone final : public Phone {
     }
 
   private:
+    static constexpr int latestScene = 1000;
     static constexpr double sceneTime = 0.5;  // seconds in which an application opens or closes
 
     void requireOff() const {

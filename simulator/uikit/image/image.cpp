@@ -94,6 +94,12 @@ void registerImage() {
             return {picture->size().width, picture->size().height};
         })
         .method<"scale">([](UIImage) -> double { return screen().scale; })
+        .method<"copyWithZone:">([](UIImage self, void*) -> UIImage {
+            auto copy = create<UIImage>();
+            if (!copy) return UIImage();
+            stateOf<ImageState>(copy) = stateOf<ImageState>(self);
+            return UIImage(copy.leak());
+        })
         .readonly<"renderingMode", &ImageState::renderingMode>()
         .method<"imageWithRenderingMode:">(
             [](UIImage self, long mode) { return fresh(stateOf<ImageState>(self).picture, mode); });
