@@ -2,6 +2,7 @@
 
 #include "core/control_center.hpp"
 #include "core/gesture_zones.hpp"
+#include "core/hook_now_playing.hpp"
 #include "core/hook_scene_layout.hpp"
 #include "core/hook_springboard.hpp"
 #include "core/hook_welcome.hpp"
@@ -25,6 +26,8 @@ std::span<const HookRow> springBoardHooks() {
         hook<"SBFluidSwitcherGestureExclusionTrapezoid", "allowHorizontalSwipesOutsideTrapezoid", &allowHorizontalSwipes>(),
         hook<"SpringBoard", "_postActiveInterfaceOrientationChangedNotificationAnimated:", &postOrientationChanged>(),
         hook<"SpringBoard", "applicationDidFinishLaunching:", &didFinishLaunching>(),
+        hook<"SpringBoard", "_nowPlayingAppDidChangeNotification:", &nowPlayingApplicationDidChange>(),
+        hook<"SpringBoard", "setNowPlayingProcessPID:", &setNowPlayingProcess>(),
         hook<"SBMainDisplaySceneLayoutViewController", "viewDidLoad", &sceneLayoutDidLoad>(),
         hook<"SBMainDisplaySceneLayoutViewController", "viewWillLayoutSubviews", &sceneLayoutWillLayout>(),
         hook<"SBMainDisplaySceneLayoutViewController", "viewDidLayoutSubviews", &sceneLayoutDidLayout>(),
@@ -38,6 +41,7 @@ std::span<const HookRow> springBoardHooks() {
         hook<"SBReachabilityManager", "_toggleReachabilityMode", &toggleReachability>(),
         hook<"SBBarSwipeAffordanceView", "_handleReachabilityPanGesture:", &handleReachabilityPan>(),
         hook<"SBSwitcherContainerView", "didMoveToWindow", &switcherContainerDidMove>(),
+        hook<"SBMediaController", "_mediaRemoteNowPlayingApplicationIsPlayingDidChange:", &nowPlayingIsPlayingDidChange>(),
         hook<"SBLockScreenManager", "lockUIFromSource:withOptions:", &lockUI>(),
     };
     return rows;

@@ -2,6 +2,7 @@
 // are in platform/springboard.hpp.
 #pragma once
 
+#include "platform/now_playing.hpp"
 #include "platform/springboard.hpp"
 #include "simulator/uikit/classes.hpp"
 
@@ -25,7 +26,6 @@ VANTORI_CLASS(SBRootFolderDockIconListView, SBDockIconListView);
 VANTORI_CLASS(SBFloatingDockIconListView, SBDockIconListView);
 VANTORI_CLASS(SBDockSuggestionsIconListView, SBFloatingDockIconListView);
 VANTORI_CLASS(SBIconView, UIView);
-VANTORI_CLASS(SBIcon, Object);
 VANTORI_CLASS(SBLeafIcon, SBIcon);
 VANTORI_CLASS(SBApplicationIcon, SBLeafIcon);
 VANTORI_CLASS(SBIconModel, Object);
@@ -37,7 +37,6 @@ VANTORI_CLASS(SBSwitcherContainerView, UIView);
 VANTORI_CLASS(SBRecentAppLayouts, Object);
 VANTORI_CLASS(SBAppLayout, Object);
 VANTORI_CLASS(SBDisplayItem, Object);
-VANTORI_CLASS(SBMediaController, Object);
 VANTORI_CLASS(SBLockScreenManager, Object);
 VANTORI_CLASS(SBControlCenterController, Object);
 VANTORI_CLASS(SBHomeScreenWindow, UIWindow);
@@ -53,15 +52,3 @@ VANTORI_CLASS(SBSystemPanGestureRecognizer, UIPanGestureRecognizer);
 #undef VANTORI_CLASS
 
 }  // namespace simulator
-
-// How an icon is to be drawn, as it travels to generateIconImageWithInfo:.
-struct SBIconImageInfo {
-    CGSize size;
-    double scale;
-    double continuousCornerRadius;
-};
-
-template <>
-struct platform::TypeCode<SBIconImageInfo> {
-    static constexpr FixedString value{"{SBIconImageInfo={CGSize=dd}dd}"};
-};
