@@ -28,6 +28,8 @@ const std::vector<std::string> springBoardRows = {
     "SBFluidSwitcherGestureExclusionTrapezoid allowHorizontalSwipesOutsideTrapezoid",
     "SpringBoard _postActiveInterfaceOrientationChangedNotificationAnimated:",
     "SpringBoard applicationDidFinishLaunching:",
+    "SpringBoard _nowPlayingAppDidChangeNotification:",
+    "SpringBoard setNowPlayingProcessPID:",
     "SBMainDisplaySceneLayoutViewController viewDidLoad",
     "SBMainDisplaySceneLayoutViewController viewWillLayoutSubviews",
     "SBMainDisplaySceneLayoutViewController viewDidLayoutSubviews",
@@ -41,6 +43,7 @@ const std::vector<std::string> springBoardRows = {
     "SBReachabilityManager _toggleReachabilityMode",
     "SBBarSwipeAffordanceView _handleReachabilityPanGesture:",
     "SBSwitcherContainerView didMoveToWindow",
+    "SBMediaController _mediaRemoteNowPlayingApplicationIsPlayingDidChange:",
     "SBLockScreenManager lockUIFromSource:withOptions:",
 };
 const std::vector<std::string> controlCenterRows = {
