@@ -87,14 +87,17 @@ TEST_F(MusicFailures, WithoutTheMediaControllerOnlyTheCommandsAreLost) {
     EXPECT_EQ(posted("com.ferolin.vantori-nowplayingchange"), 0);
 }
 
-TEST_F(MusicFailures, WithoutPicturesTheButtonsAreEmpty) {
-    phone_->remove("/Library/Application Support/Vantori");
-    phone_->boot();
-    phone_->remove("/Library/Application Support/Vantori");
-    get<"middleButton", UIButton>().setImage(UIImage());
-    EXPECT_FALSE(phone_->crashed());
+TEST_F(MusicFailures, AButtonWithoutAReadablePictureIsEmpty) {
+    for (const char* scale : {"@2x", "@3x"}) {
+        phone_->file("/Library/Application Support/Vantori/Pause" + std::string(scale) + ".png",
+                     "no picture");
+    }
+    boot();
+    EXPECT_TRUE(showsPlay());
     play("T", "", "", "");
+    EXPECT_FALSE(middleImage());
     EXPECT_EQ(title(), "T     ");
+    EXPECT_FALSE(phone_->crashed());
 }
 
 struct ThreadWitness : Object {
