@@ -4,6 +4,7 @@
 #include "core/gesture_zones.hpp"
 #include "core/hook_dock.hpp"
 #include "core/hook_recents.hpp"
+#include "core/hook_now_playing.hpp"
 #include "core/hook_scene_layout.hpp"
 #include "core/hook_springboard.hpp"
 #include "core/hook_welcome.hpp"
@@ -28,6 +29,8 @@ std::span<const HookRow> springBoardHooks() {
         hook<"SBFluidSwitcherGestureExclusionTrapezoid", "allowHorizontalSwipesOutsideTrapezoid", &allowHorizontalSwipes>(),
         hook<"SpringBoard", "_postActiveInterfaceOrientationChangedNotificationAnimated:", &postOrientationChanged>(),
         hook<"SpringBoard", "applicationDidFinishLaunching:", &didFinishLaunching>(),
+        hook<"SpringBoard", "_nowPlayingAppDidChangeNotification:", &nowPlayingApplicationDidChange>(),
+        hook<"SpringBoard", "setNowPlayingProcessPID:", &setNowPlayingProcess>(),
         hook<"SBMainDisplaySceneLayoutViewController", "viewDidLoad", &sceneLayoutDidLoad>(),
         hook<"SBMainDisplaySceneLayoutViewController", "viewWillLayoutSubviews", &sceneLayoutWillLayout>(),
         hook<"SBMainDisplaySceneLayoutViewController", "viewDidLayoutSubviews", &sceneLayoutDidLayout>(),
@@ -55,6 +58,7 @@ std::span<const HookRow> springBoardHooks() {
         hook<"SBRecentAppLayouts", "_saveRecents", &recentsSave>(),
         hook<"RPControlCenterModuleViewController", "setAvailable:", &moduleSetAvailable>(),
         hook<"RPControlCenterModuleViewController", "available", &moduleAvailable>(),
+        hook<"SBMediaController", "_mediaRemoteNowPlayingApplicationIsPlayingDidChange:", &nowPlayingIsPlayingDidChange>(),
         hook<"SBLockScreenManager", "lockUIFromSource:withOptions:", &lockUI>(),
     };
     return rows;

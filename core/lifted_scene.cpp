@@ -1,5 +1,7 @@
 #include "core/lifted_scene.hpp"
 
+#include "platform/springboard.hpp"
+
 namespace vantori {
 
 UIView liftedContainer() {
@@ -7,10 +9,13 @@ UIView liftedContainer() {
     return views.count() > 1 ? views.at<UIView>(1) : UIView();
 }
 
-void restScene(UIView container) {
+void lowerLiftedScene(UIView::Completion completion) {
     const CGSize screen = UIScreen::mainScreen().bounds().size;
-    container.setFrame(rect(0, 0, screen.width, screen.height));
-    container.layer().setCornerRadius(0);
+    auto lower = block([container = retained(liftedContainer()), screen] {
+        container.setFrame(rect(0, 0, screen.width, screen.height));
+        container.layer().setCornerRadius(0);
+    });
+    animateWithSharedSpring(lower, completion);
 }
 
 }  // namespace vantori

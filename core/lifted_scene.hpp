@@ -1,17 +1,16 @@
-// The container of the application in front, which a pull lifted and rounded, as those below the
-// toolbars find it: by its place among the views of the scene layout.
+// The scenes of the application in front, as an open toolbar lifts them: how the pages and the
+// dismiss gesture put them back. Points.
 #pragma once
 
-#include "platform/springboard.hpp"
+#include "core/spring.hpp"
 
 namespace vantori {
 
-using namespace platform;
-
-// The second of the layout's views; the first is the toolbar behind it. Empty when there is none.
+// The container of the scenes: the second subview of the view that lays them out. Empty when there
+// is none.
 UIView liftedContainer();
 
-// Where an application rests: the whole screen, with square corners.
-void restScene(UIView container);
+// Springs the container back over the whole screen, with square corners.
+void lowerLiftedScene(UIView::Completion completion = {});
 
 }  // namespace vantori

@@ -18,7 +18,7 @@ void loadImageView(VNTAppButton self, UIImage image) {
     const double side = self.bounds().size.width;
     auto button = create<UIButton, "initWithFrame:">(rect(0, 0, side, side));
     self.setAppButton(button);
-    button.setImage(image, UIButton::normal);
+    button.setImage(image);
     self.addSubview(button);
 }
 

@@ -2,14 +2,12 @@
 
 #include "core/lifted_scene.hpp"
 #include "core/notifications.hpp"
-#include "core/spring.hpp"
 #include "pages/app_button.hpp"
 #include "pages/toolbar_messages.hpp"
 
 namespace vantori {
 
 void launchTapped(VNTIconsContainerViewController, UIView tapped) {
-    auto lower = block([container = retained(liftedContainer())] { restScene(container); });
     // The row may be built anew before the spring is done: the icon is kept until then.
     auto open =
         block<void(bool)>([icon = retained(as<VNTAppButton>(tapped.superview()))](bool finished) {
@@ -17,7 +15,7 @@ void launchTapped(VNTIconsContainerViewController, UIView tapped) {
             SpringBoard::shared().launchApplication(icon.applicationIdentifier(), false);
             toolbars::noteApplicationSideClosed();
         });
-    animateWithSharedSpring(lower, open);
+    lowerLiftedScene(open);
     toolbars::dismissSpringBoardSide();
     postDarwin(darwin::backNow());
 }

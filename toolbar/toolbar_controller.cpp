@@ -9,7 +9,6 @@
 #include "core/settings_file.hpp"
 #include "platform/definition.hpp"
 #include "toolbar/arrangement.hpp"
-#include "toolbar/spring.hpp"
 
 namespace vantori {
 
@@ -297,11 +296,10 @@ bool shouldReceiveTouch(VNTToolBarController self, UIGestureRecognizer, Object t
 
 void handleDismissGesture(VNTToolBarController self, UIGestureRecognizer) {
     post(local::controlCenterBack());
-    auto lower = block([container = retained(liftedContainer())] { restScene(container); });
     auto rearm = block<void(bool)>([toolbar = retained(self)](bool finished) {
         if (finished) toolbar.setCanToggleReachability(true);
     });
-    animateWithSharedSpring(lower, rearm);
+    lowerLiftedScene(rearm);
     VNTToolBarController::shared().setIsEnabled(false);
     postDarwin(darwin::backNow());
 }

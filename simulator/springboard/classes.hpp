@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/control_center.hpp"
+#include "platform/now_playing.hpp"
 #include "platform/springboard.hpp"
 #include "platform/springboard_icons.hpp"
 #include "simulator/uikit/classes.hpp"
@@ -27,7 +28,6 @@ VANTORI_CLASS(SBRootFolderDockIconListView, SBDockIconListView);
 VANTORI_CLASS(SBFloatingDockIconListView, SBDockIconListView);
 VANTORI_CLASS(SBDockSuggestionsIconListView, SBFloatingDockIconListView);
 VANTORI_CLASS(SBIconView, UIView);
-VANTORI_CLASS(SBIcon, Object);
 VANTORI_CLASS(SBLeafIcon, SBIcon);
 VANTORI_CLASS(SBApplicationIcon, SBLeafIcon);
 VANTORI_CLASS(SBIconModel, Object);
@@ -39,7 +39,6 @@ VANTORI_CLASS(SBSwitcherContainerView, UIView);
 VANTORI_CLASS(SBRecentAppLayouts, Object);
 VANTORI_CLASS(SBAppLayout, Object);
 VANTORI_CLASS(SBDisplayItem, Object);
-VANTORI_CLASS(SBMediaController, Object);
 VANTORI_CLASS(SBLockScreenManager, Object);
 VANTORI_CLASS(SBHomeScreenWindow, UIWindow);
 VANTORI_CLASS(SBMainScreenWindow, UIWindow);

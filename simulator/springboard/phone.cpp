@@ -16,6 +16,8 @@
 #include "simulator/runtime/hooking.hpp"
 #include "simulator/runtime/missing.hpp"
 #include "simulator/runtime/system_log.hpp"
+#include "simulator/services/media_player.hpp"
+#include "simulator/services/now_playing.hpp"
 #include "simulator/springboard/applications.hpp"
 #include "simulator/springboard/configuration.hpp"
 #include "simulator/springboard/control_center.hpp"
@@ -265,6 +267,23 @@ class SimulatedPhone final : public Phone {
         requireOn();
         run([&] { pullFromEdge(pull.edge, pull.distance, pull.seconds, pull.flick.value_or(0)); });
     }
+
+    void play(const Song& song) override {
+        requireOn();
+        run([&] {
+            MediaPlayer::shared().play(song.bundle,
+                                       {song.title, song.artist, song.album, song.artworkId});
+        });
+    }
+    void playing(bool yes) override {
+        requireOn();
+        run([&] { MediaPlayer::shared().setPlaying(yes); });
+    }
+    void nothingPlaying() override {
+        requireOn();
+        run([] { MediaPlayer::shared().unload(); });
+    }
+    void playerCallbacks(bool otherThread) override { setNowPlayingOnOtherThread(otherThread); }
 
     void interrupt(objc_object* view) override {
         run([&] { simulator::interrupt(Object(view)); });

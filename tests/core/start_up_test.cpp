@@ -30,6 +30,8 @@ const std::vector<std::string> springBoardRows = {
     "SBFluidSwitcherGestureExclusionTrapezoid allowHorizontalSwipesOutsideTrapezoid",
     "SpringBoard _postActiveInterfaceOrientationChangedNotificationAnimated:",
     "SpringBoard applicationDidFinishLaunching:",
+    "SpringBoard _nowPlayingAppDidChangeNotification:",
+    "SpringBoard setNowPlayingProcessPID:",
     "SBMainDisplaySceneLayoutViewController viewDidLoad",
     "SBMainDisplaySceneLayoutViewController viewWillLayoutSubviews",
     "SBMainDisplaySceneLayoutViewController viewDidLayoutSubviews",
@@ -57,6 +59,7 @@ const std::vector<std::string> springBoardRows = {
     "SBRecentAppLayouts _saveRecents",
     "RPControlCenterModuleViewController setAvailable:",
     "RPControlCenterModuleViewController available",
+    "SBMediaController _mediaRemoteNowPlayingApplicationIsPlayingDidChange:",
     "SBLockScreenManager lockUIFromSource:withOptions:",
 };
 const std::vector<std::string> controlCenterRows = {
