@@ -16,6 +16,7 @@ struct UIColor : Object {
     using Object::Object;
     static UIColor white() { return sendClass<UIColor, "whiteColor", UIColor>(); }
     static UIColor black() { return sendClass<UIColor, "blackColor", UIColor>(); }
+    static UIColor systemGray() { return sendClass<UIColor, "systemGrayColor", UIColor>(); }
     static UIColor clear() { return sendClass<UIColor, "clearColor", UIColor>(); }
     // Each from 0 to 1.
     static UIColor rgba(double red, double green, double blue, double alpha) {
@@ -38,6 +39,7 @@ struct UIView : UIResponder {
     void setBounds(CGRect bounds) const { send<"setBounds:">(bounds); }
     CGPoint center() const { return send<"center", CGPoint>(); }
     void setCenter(CGPoint center) const { send<"setCenter:">(center); }
+    CGAffineTransform transform() const { return send<"transform", CGAffineTransform>(); }
     void setTransform(CGAffineTransform transform) const { send<"setTransform:">(transform); }
     // The layer keeps it as a 32-bit float.
     double alpha() const { return send<"alpha", double>(); }
