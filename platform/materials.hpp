@@ -10,9 +10,8 @@ struct MTMaterialView : UIView {
     using UIView::UIView;
     // Empty where the system has no materials.
     static MTMaterialView with(long recipe, long configuration) {
-        return sendClass<MTMaterialView,
-                         "materialViewWithRecipe:configuration:", MTMaterialView>(recipe,
-                                                                                  configuration);
+        return sendClass<MTMaterialView, "materialViewWithRecipe:configuration:", MTMaterialView>(
+            recipe, configuration);
     }
 };
 

@@ -23,6 +23,7 @@ struct UIColor : Object {
         return sendClass<UIColor, "colorWithRed:green:blue:alpha:", UIColor>(red, green, blue,
                                                                              alpha);
     }
+    CGColorRef cgColor() const { return send<"CGColor", CGColorRef>(); }
 };
 
 struct UIGestureRecognizer;
@@ -73,6 +74,14 @@ struct UIView : UIResponder {
 
     using Changes = BlockRef<void()>;
     using Completion = BlockRef<void(bool)>;
+    static void animate(double duration, Changes changes) {
+        sendClass<UIView, "animateWithDuration:animations:">(duration, changes);
+    }
+    static void animate(double duration, double delay, unsigned long options, Changes changes,
+                        Completion completion) {
+        sendClass<UIView, "animateWithDuration:delay:options:animations:completion:">(
+            duration, delay, options, changes, completion);
+    }
     static void animateWithSpring(double duration, double delay, double damping, double velocity,
                                   unsigned long options, Changes changes, Completion completion) {
         sendClass<UIView,
@@ -211,7 +220,7 @@ struct UITraitCollection : Object {
 struct UIImpactFeedbackGenerator : Object {
     static constexpr FixedString name{"UIImpactFeedbackGenerator"};
     using Object::Object;
-    static constexpr long medium = 1;
+    static constexpr long light = 0, medium = 1;
     void impactOccurred() const { send<"impactOccurred">(); }
 };
 

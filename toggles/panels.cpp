@@ -3,6 +3,7 @@
 namespace vantori {
 
 void registerPanels() {
+    registerSlider();
     registerEverydayPage();
     registerBrightnessPanel();
     registerVolumePanel();

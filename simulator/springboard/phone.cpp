@@ -16,6 +16,8 @@
 #include "simulator/runtime/hooking.hpp"
 #include "simulator/runtime/missing.hpp"
 #include "simulator/runtime/system_log.hpp"
+#include "simulator/services/brightness.hpp"
+#include "simulator/services/volume.hpp"
 #include "simulator/springboard/applications.hpp"
 #include "simulator/springboard/configuration.hpp"
 #include "simulator/springboard/control_center.hpp"
@@ -253,6 +255,25 @@ class SimulatedPhone final : public Phone {
         run([&] { pullFromEdge(pull.edge, pull.distance, pull.seconds, pull.flick.value_or(0)); });
     }
 
+    void volume(double level) override {
+        requireLevel(level);
+        run([&] { setMediaVolume(level); });
+    }
+    void ringer(double level) override {
+        requireLevel(level);
+        run([&] { setRingerVolume(level); });
+    }
+    void brightness(double level) override {
+        requireLevel(level);
+        run([&] { setBrightness(level); });
+    }
+    void route(const std::string& name) override {
+        requireOn();
+        bool known = false;
+        run([&] { known = setAudioRoute(name); });
+        if (!known) throw PhoneError("no such route: " + name);
+    }
+
     void interrupt(objc_object* view) override {
         run([&] { simulator::interrupt(Object(view)); });
     }
@@ -343,6 +364,10 @@ class SimulatedPhone final : public Phone {
     }
     void requireOn() const {
         if (!on_) throw PhoneError("the phone is off: boot it first");
+    }
+    void requireLevel(double level) const {
+        requireOn();
+        if (!(level >= 0 && level <= 1)) throw PhoneError("a level is from 0 to 1");
     }
     void requireTouch() const {
         requireOn();
