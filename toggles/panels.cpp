@@ -1,8 +1,11 @@
 #include "toggles/panels.hpp"
 
+#include "toggles/catalogue.hpp"
+
 namespace vantori {
 
 void registerPanels() {
+    registerToggles();
     registerEverydayPage();
     registerBrightnessPanel();
     registerVolumePanel();
