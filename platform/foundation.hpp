@@ -90,6 +90,12 @@ struct NSFileHandle : Object {
     void close() const { send<"closeFile">(); }
 };
 
+struct NSURL : Object {
+    static constexpr FixedString name{"NSURL"};
+    using Object::Object;
+    static NSURL file(NSString path) { return sendClass<NSURL, "fileURLWithPath:", NSURL>(path); }
+};
+
 struct NSBundle : Object {
     static constexpr FixedString name{"NSBundle"};
     using Object::Object;

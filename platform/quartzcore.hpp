@@ -4,6 +4,9 @@
 #include "platform/encoding.hpp"
 #include "platform/foundation.hpp"
 
+// A package that is a folder of drawings and their states, as Control Center's glyphs are.
+extern "C" id kCAPackageTypeCAMLBundle;
+
 namespace platform {
 
 struct CALayer : Object {
@@ -21,6 +24,18 @@ struct CALayer : Object {
     void setCornerRadius(double points) const { send<"setCornerRadius:">(points); }
     bool masksToBounds() const { return send<"masksToBounds", bool>(); }
     void setMasksToBounds(bool masks) const { send<"setMasksToBounds:">(masks); }
+};
+
+// An archive of layers with named states.
+struct CAPackage : Object {
+    static constexpr FixedString name{"CAPackage"};
+    using Object::Object;
+    // Empty when nothing at the path can be read as a package.
+    static CAPackage fromBundle(NSString path) {
+        return sendClass<CAPackage, "packageWithContentsOfURL:type:options:error:", CAPackage>(
+            NSURL::file(path), NSString(kCAPackageTypeCAMLBundle), Object(),
+            static_cast<id*>(nullptr));
+    }
 };
 
 }  // namespace platform
