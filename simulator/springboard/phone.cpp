@@ -16,6 +16,7 @@
 #include "simulator/runtime/hooking.hpp"
 #include "simulator/runtime/missing.hpp"
 #include "simulator/runtime/system_log.hpp"
+#include "simulator/services/system_settings.hpp"
 #include "simulator/springboard/applications.hpp"
 #include "simulator/springboard/configuration.hpp"
 #include "simulator/springboard/control_center.hpp"
@@ -144,6 +145,10 @@ class SimulatedPhone final : public Phone {
         if (on_) run([] { setRecents(configuration().recents); });
     }
 
+    void flashlightAvailable(bool available) override {
+        run([&] { setFlashlightAvailable(available); });
+    }
+
     void wait(double seconds) override {
         requireOn();
         if (!(seconds >= 0)) throw PhoneError("time does not run back");
@@ -183,7 +188,7 @@ class SimulatedPhone final : public Phone {
     }
     void rotate(Orientation orientation) override {
         requireOn();
-        run([&] { turnInterface(static_cast<long>(orientation)); });
+        run([&] { turnPhone(static_cast<long>(orientation)); });
     }
     void appearance(bool dark) override {
         requireOn();
@@ -251,6 +256,13 @@ class SimulatedPhone final : public Phone {
     void pull(const EdgePull& pull) override {
         requireOn();
         run([&] { pullFromEdge(pull.edge, pull.distance, pull.seconds, pull.flick.value_or(0)); });
+    }
+
+    void toggle(const std::string& name, bool on) override {
+        requireOn();
+        auto setting = settingNamed(name);
+        if (!setting) throw PhoneError("no such setting: " + name);
+        run([&] { setOn(*setting, on); });
     }
 
     void interrupt(objc_object* view) override {
