@@ -6,6 +6,7 @@
 #include "simulator/rendering/nodes.hpp"
 #include "simulator/rendering/painter.hpp"
 #include "simulator/rendering/wallpaper.hpp"
+#include "simulator/services/system_settings.hpp"
 #include "simulator/springboard/configuration.hpp"
 #include "simulator/springboard/uikit_bridge.hpp"
 #include "simulator/uikit/screen/screen.hpp"
@@ -87,6 +88,7 @@ void dressAsStatusBar(UIView view, bool white) {
     Node root = rendering::nodeWithFrame("StatusBar", whole(size));
     rendering::StatusBar bar;
     bar.colour = ink(white);
+    bar.lowPower = isOn(Setting::lowPower);
     bool upright = size.height > size.width;
     if (upright || !notch)
         root.children.push_back(rendering::statusBar(bar, size.width, notch && upright));

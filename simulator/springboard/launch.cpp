@@ -16,7 +16,9 @@
 #include "simulator/services/brightness.hpp"
 #include "simulator/services/connectivity.hpp"
 #include "simulator/services/media.hpp"
+#include "simulator/services/packages.hpp"
 #include "simulator/services/screen_recording.hpp"
+#include "simulator/services/setting_agents.hpp"
 #include "simulator/services/volume.hpp"
 #include "simulator/springboard/applications.hpp"
 #include "simulator/springboard/configuration.hpp"
@@ -30,6 +32,7 @@
 #include "simulator/springboard/reachability.hpp"
 #include "simulator/springboard/recents.hpp"
 #include "simulator/springboard/scene_layout.hpp"
+#include "simulator/springboard/setting_effects.hpp"
 #include "simulator/springboard/springboard_application.hpp"
 #include "simulator/springboard/switcher_gestures.hpp"
 #include "simulator/springboard/uikit_bridge.hpp"
@@ -122,6 +125,10 @@ void registerSpringBoard() {
     registerModuleControllers();
     announceScreenRecording();
     registerConnectivity();
+    registerSettingAgents();
+    announceDoNotDisturb();
+    registerPackages();
+    followSettings();
     registerSpringBoardApplication();
 }
 

@@ -17,6 +17,7 @@
 #include "simulator/runtime/missing.hpp"
 #include "simulator/runtime/system_log.hpp"
 #include "simulator/services/brightness.hpp"
+#include "simulator/services/system_settings.hpp"
 #include "simulator/services/volume.hpp"
 #include "simulator/springboard/applications.hpp"
 #include "simulator/springboard/configuration.hpp"
@@ -146,6 +147,10 @@ class SimulatedPhone final : public Phone {
         if (on_) run([] { setRecents(configuration().recents); });
     }
 
+    void flashlightAvailable(bool available) override {
+        run([&] { setFlashlightAvailable(available); });
+    }
+
     void wait(double seconds) override {
         requireOn();
         if (!(seconds >= 0)) throw PhoneError("time does not run back");
@@ -185,7 +190,7 @@ class SimulatedPhone final : public Phone {
     }
     void rotate(Orientation orientation) override {
         requireOn();
-        run([&] { turnInterface(static_cast<long>(orientation)); });
+        run([&] { turnPhone(static_cast<long>(orientation)); });
     }
     void appearance(bool dark) override {
         requireOn();
@@ -272,6 +277,12 @@ class SimulatedPhone final : public Phone {
         bool known = false;
         run([&] { known = setAudioRoute(name); });
         if (!known) throw PhoneError("no such route: " + name);
+    }
+    void toggle(const std::string& name, bool on) override {
+        requireOn();
+        auto setting = settingNamed(name);
+        if (!setting) throw PhoneError("no such setting: " + name);
+        run([&] { setOn(*setting, on); });
     }
 
     void interrupt(objc_object* view) override {
