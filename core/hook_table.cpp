@@ -4,6 +4,7 @@
 #include "core/gesture_zones.hpp"
 #include "core/hook_scene_layout.hpp"
 #include "core/hook_springboard.hpp"
+#include "core/hook_volume.hpp"
 #include "core/hook_welcome.hpp"
 #include "core/pull_reachability.hpp"
 #include "core/pull_tracking.hpp"
@@ -38,6 +39,7 @@ std::span<const HookRow> springBoardHooks() {
         hook<"SBReachabilityManager", "_toggleReachabilityMode", &toggleReachability>(),
         hook<"SBBarSwipeAffordanceView", "_handleReachabilityPanGesture:", &handleReachabilityPan>(),
         hook<"SBSwitcherContainerView", "didMoveToWindow", &switcherContainerDidMove>(),
+        hook<"MediaControlsVolumeController", "volumeController:volumeValueDidChange:", &volumeValueDidChange>(),
         hook<"SBLockScreenManager", "lockUIFromSource:withOptions:", &lockUI>(),
     };
     return rows;

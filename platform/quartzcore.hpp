@@ -13,6 +13,13 @@ struct CALayer : Object {
     static constexpr FixedString name{"CALayer"};
     using Object::Object;
 
+    NSArray sublayers() const { return send<"sublayers", NSArray>(); }
+    // Shows the layer through the mask's alpha. The mask belongs to no other layer.
+    void setMask(CALayer mask) const { send<"setMask:">(mask); }
+    // Colours what the layer shows, not its background.
+    void setContentsMultiplyColor(CGColorRef color) const {
+        send<"setContentsMultiplyColor:">(color);
+    }
     double cornerRadius() const { return send<"cornerRadius", double>(); }
     void setCornerRadius(double points) const { send<"setCornerRadius:">(points); }
     bool masksToBounds() const { return send<"masksToBounds", bool>(); }

@@ -16,6 +16,7 @@ struct UIColor : Object {
     using Object::Object;
     static UIColor white() { return sendClass<UIColor, "whiteColor", UIColor>(); }
     static UIColor black() { return sendClass<UIColor, "blackColor", UIColor>(); }
+    static UIColor systemGray() { return sendClass<UIColor, "systemGrayColor", UIColor>(); }
     static UIColor clear() { return sendClass<UIColor, "clearColor", UIColor>(); }
     static UIColor systemBlue() { return sendClass<UIColor, "systemBlueColor", UIColor>(); }
     static UIColor systemOrange() { return sendClass<UIColor, "systemOrangeColor", UIColor>(); }
@@ -24,6 +25,7 @@ struct UIColor : Object {
         return sendClass<UIColor, "colorWithRed:green:blue:alpha:", UIColor>(red, green, blue,
                                                                              alpha);
     }
+    CGColorRef cgColor() const { return send<"CGColor", CGColorRef>(); }
 };
 
 struct UIGestureRecognizer;
@@ -40,6 +42,7 @@ struct UIView : UIResponder {
     void setBounds(CGRect bounds) const { send<"setBounds:">(bounds); }
     CGPoint center() const { return send<"center", CGPoint>(); }
     void setCenter(CGPoint center) const { send<"setCenter:">(center); }
+    CGAffineTransform transform() const { return send<"transform", CGAffineTransform>(); }
     void setTransform(CGAffineTransform transform) const { send<"setTransform:">(transform); }
     // The layer keeps it as a 32-bit float.
     double alpha() const { return send<"alpha", double>(); }
@@ -75,6 +78,11 @@ struct UIView : UIResponder {
     using Completion = BlockRef<void(bool)>;
     static void animate(double duration, Changes changes) {
         sendClass<UIView, "animateWithDuration:animations:">(duration, changes);
+    }
+    static void animate(double duration, double delay, unsigned long options, Changes changes,
+                        Completion completion) {
+        sendClass<UIView, "animateWithDuration:delay:options:animations:completion:">(
+            duration, delay, options, changes, completion);
     }
     static void animateWithSpring(double duration, double delay, double damping, double velocity,
                                   unsigned long options, Changes changes, Completion completion) {

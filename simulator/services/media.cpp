@@ -6,16 +6,8 @@ namespace simulator {
 
 namespace {
 
-struct MediaControlsVolumeController : Object {
-    static constexpr FixedString name{"MediaControlsVolumeController"};
-    using Object::Object;
-};
-
 struct MediaState {
     bool playing;
-};
-struct VolumeState {
-    float value;
 };
 
 SBMediaController sharedInstance(Class cls) {
@@ -36,12 +28,6 @@ bool pause(SBMediaController self, long) {
 
 void playingDidChange(SBMediaController, Object) {}
 
-void volumeDidChange(MediaControlsVolumeController self, Object, float value) {
-    stateOf<VolumeState>(self).value = value;
-}
-
-float volumeValue(MediaControlsVolumeController self) { return stateOf<VolumeState>(self).value; }
-
 }  // namespace
 
 void registerMedia() {
@@ -52,9 +38,6 @@ void registerMedia() {
         .method<"playForEventSource:", &play>()
         .method<"pauseForEventSource:", &pause>()
         .method<"_mediaRemoteNowPlayingApplicationIsPlayingDidChange:", &playingDidChange>();
-    standIn<MediaControlsVolumeController, Object, VolumeState>()
-        .method<"volumeController:volumeValueDidChange:", &volumeDidChange>()
-        .method<"volumeValue", &volumeValue>();
 }
 
 }  // namespace simulator

@@ -1,5 +1,4 @@
-// SpringBoard's media controller and the volume controller of Control Center's media module: the
-// objects that the rest of the system talks to.
+// SpringBoard's media controller: the object that the rest of the system talks to.
 #pragma once
 
 namespace simulator {

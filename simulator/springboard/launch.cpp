@@ -13,11 +13,13 @@
 #include "simulator/runtime/crash.hpp"
 #include "simulator/runtime/machine.hpp"
 #include "simulator/runtime/system_log.hpp"
+#include "simulator/services/brightness.hpp"
 #include "simulator/services/connectivity.hpp"
 #include "simulator/services/media.hpp"
 #include "simulator/services/packages.hpp"
 #include "simulator/services/screen_recording.hpp"
 #include "simulator/services/setting_agents.hpp"
+#include "simulator/services/volume.hpp"
 #include "simulator/springboard/applications.hpp"
 #include "simulator/springboard/configuration.hpp"
 #include "simulator/springboard/control_center.hpp"
@@ -39,6 +41,7 @@
 #include "simulator/uikit/image/image.hpp"
 #include "simulator/uikit/screen/screen.hpp"
 #include "simulator/uikit/uikit.hpp"
+#include "simulator/uikit/view/effect/material.hpp"
 
 namespace simulator {
 
@@ -116,6 +119,9 @@ void registerSpringBoard() {
     registerControlCenter();
     registerPlatformParts();
     registerMedia();
+    registerMaterials();
+    registerVolume();
+    registerBrightness();
     registerModuleControllers();
     announceScreenRecording();
     registerConnectivity();

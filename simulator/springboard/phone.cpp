@@ -16,7 +16,9 @@
 #include "simulator/runtime/hooking.hpp"
 #include "simulator/runtime/missing.hpp"
 #include "simulator/runtime/system_log.hpp"
+#include "simulator/services/brightness.hpp"
 #include "simulator/services/system_settings.hpp"
+#include "simulator/services/volume.hpp"
 #include "simulator/springboard/applications.hpp"
 #include "simulator/springboard/configuration.hpp"
 #include "simulator/springboard/control_center.hpp"
@@ -264,6 +266,24 @@ class SimulatedPhone final : public Phone {
         if (!setting) throw PhoneError("no such setting: " + name);
         run([&] { setOn(*setting, on); });
     }
+    void volume(double level) override {
+        requireLevel(level);
+        run([&] { setMediaVolume(level); });
+    }
+    void ringer(double level) override {
+        requireLevel(level);
+        run([&] { setRingerVolume(level); });
+    }
+    void brightness(double level) override {
+        requireLevel(level);
+        run([&] { setBrightness(level); });
+    }
+    void route(const std::string& name) override {
+        requireOn();
+        bool known = false;
+        run([&] { known = setAudioRoute(name); });
+        if (!known) throw PhoneError("no such route: " + name);
+    }
 
     void interrupt(objc_object* view) override {
         run([&] { simulator::interrupt(Object(view)); });
@@ -355,6 +375,10 @@ class SimulatedPhone final : public Phone {
     }
     void requireOn() const {
         if (!on_) throw PhoneError("the phone is off: boot it first");
+    }
+    void requireLevel(double level) const {
+        requireOn();
+        if (!(level >= 0 && level <= 1)) throw PhoneError("a level is from 0 to 1");
     }
     void requireTouch() const {
         requireOn();

@@ -83,6 +83,7 @@ rendering::Node sceneOf(CALayer layer) {
     node.name = class_getName(object_getClass(named.get()));
     if (node.hidden || node.opacity <= 0) return node;
     node.content = contentOf(layer);
+    if (state.mask) node.mask = std::make_shared<rendering::Node>(sceneOf(state.mask));
     for (const auto& sublayer : state.sublayers) node.children.push_back(sceneOf(sublayer));
     return node;
 }
