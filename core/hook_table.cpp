@@ -3,10 +3,11 @@
 #include "core/control_center.hpp"
 #include "core/gesture_zones.hpp"
 #include "core/hook_dock.hpp"
-#include "core/hook_recents.hpp"
 #include "core/hook_now_playing.hpp"
+#include "core/hook_recents.hpp"
 #include "core/hook_scene_layout.hpp"
 #include "core/hook_springboard.hpp"
+#include "core/hook_volume.hpp"
 #include "core/hook_welcome.hpp"
 #include "core/pull_reachability.hpp"
 #include "core/pull_tracking.hpp"
@@ -56,6 +57,7 @@ std::span<const HookRow> springBoardHooks() {
         hook<"SBFloatingDockIconListView", "didMoveToWindow", &floatingDockDidChange>(),
         hook<"SBRecentAppLayouts", "_validateAndUpdateRecents:", &recentsValidate>(),
         hook<"SBRecentAppLayouts", "_saveRecents", &recentsSave>(),
+        hook<"MediaControlsVolumeController", "volumeController:volumeValueDidChange:", &volumeValueDidChange>(),
         hook<"RPControlCenterModuleViewController", "setAvailable:", &moduleSetAvailable>(),
         hook<"RPControlCenterModuleViewController", "available", &moduleAvailable>(),
         hook<"SBMediaController", "_mediaRemoteNowPlayingApplicationIsPlayingDidChange:", &nowPlayingIsPlayingDidChange>(),

@@ -9,15 +9,6 @@ namespace simulator {
 
 namespace {
 
-struct MediaControlsVolumeController : Object {
-    static constexpr FixedString name{"MediaControlsVolumeController"};
-    using Object::Object;
-};
-
-struct VolumeState {
-    float value;
-};
-
 SBMediaController sharedInstance(Class cls) {
     static id shared = Object(classObject(cls)).send<"new", Object>().get();
     return SBMediaController(shared);
@@ -72,12 +63,6 @@ void tellSpringBoard(MediaPlayer::Change change) {
     }
 }
 
-void volumeDidChange(MediaControlsVolumeController self, Object, float value) {
-    stateOf<VolumeState>(self).value = value;
-}
-
-float volumeValue(MediaControlsVolumeController self) { return stateOf<VolumeState>(self).value; }
-
 }  // namespace
 
 void registerMedia() {
@@ -90,9 +75,6 @@ void registerMedia() {
         .method<"playForEventSource:", &play>()
         .method<"pauseForEventSource:", &pause>()
         .method<"_mediaRemoteNowPlayingApplicationIsPlayingDidChange:", &playingDidChange>();
-    standIn<MediaControlsVolumeController, Object, VolumeState>()
-        .method<"volumeController:volumeValueDidChange:", &volumeDidChange>()
-        .method<"volumeValue", &volumeValue>();
     MediaPlayer::shared().listen(&tellSpringBoard);
     registerNowPlaying();
     registerMarqueeView();

@@ -1,5 +1,5 @@
-// SpringBoard's side of what plays: the controller that takes commands and SpringBoard's reports of
-// the application that plays; and the controller that a volume view listens through.
+// SpringBoard's side of what plays: the controller that takes commands, and SpringBoard's reports of
+// the application that plays.
 #pragma once
 
 namespace simulator {

@@ -14,10 +14,14 @@
 #include "simulator/runtime/crash.hpp"
 #include "simulator/runtime/machine.hpp"
 #include "simulator/runtime/system_log.hpp"
+#include "simulator/services/brightness.hpp"
 #include "simulator/services/connectivity.hpp"
 #include "simulator/services/media.hpp"
 #include "simulator/services/module_contents.hpp"
+#include "simulator/services/packages.hpp"
 #include "simulator/services/screen_recording.hpp"
+#include "simulator/services/setting_agents.hpp"
+#include "simulator/services/volume.hpp"
 #include "simulator/springboard/applications.hpp"
 #include "simulator/springboard/configuration.hpp"
 #include "simulator/springboard/control_center.hpp"
@@ -31,6 +35,7 @@
 #include "simulator/springboard/reachability.hpp"
 #include "simulator/springboard/recents.hpp"
 #include "simulator/springboard/scene_layout.hpp"
+#include "simulator/springboard/setting_effects.hpp"
 #include "simulator/springboard/springboard_application.hpp"
 #include "simulator/springboard/switcher_gestures.hpp"
 #include "simulator/springboard/uikit_bridge.hpp"
@@ -39,6 +44,7 @@
 #include "simulator/uikit/image/image.hpp"
 #include "simulator/uikit/screen/screen.hpp"
 #include "simulator/uikit/uikit.hpp"
+#include "simulator/uikit/view/effect/material.hpp"
 
 namespace simulator {
 
@@ -118,10 +124,17 @@ void registerSpringBoard() {
     registerControlCenter();
     registerPlatformParts();
     registerMedia();
+    registerMaterials();
+    registerVolume();
+    registerBrightness();
     registerModuleControllers();
     registerModules();
     announceScreenRecording();
     registerConnectivity();
+    registerSettingAgents();
+    announceDoNotDisturb();
+    registerPackages();
+    followSettings();
     registerSpringBoardApplication();
 }
 

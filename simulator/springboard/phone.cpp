@@ -16,8 +16,11 @@
 #include "simulator/runtime/hooking.hpp"
 #include "simulator/runtime/missing.hpp"
 #include "simulator/runtime/system_log.hpp"
+#include "simulator/services/brightness.hpp"
 #include "simulator/services/media_player.hpp"
 #include "simulator/services/now_playing.hpp"
+#include "simulator/services/system_settings.hpp"
+#include "simulator/services/volume.hpp"
 #include "simulator/springboard/applications.hpp"
 #include "simulator/springboard/configuration.hpp"
 #include "simulator/springboard/control_center.hpp"
@@ -159,6 +162,10 @@ class SimulatedPhone final : public Phone {
         if (on_) run([] { setRecents(configuration().recents); });
     }
 
+    void flashlightAvailable(bool available) override {
+        run([&] { setFlashlightAvailable(available); });
+    }
+
     void wait(double seconds) override {
         requireOn();
         if (!(seconds >= 0)) throw PhoneError("time does not run back");
@@ -198,7 +205,7 @@ class SimulatedPhone final : public Phone {
     }
     void rotate(Orientation orientation) override {
         requireOn();
-        run([&] { turnInterface(static_cast<long>(orientation)); });
+        run([&] { turnPhone(static_cast<long>(orientation)); });
     }
     void appearance(bool dark) override {
         requireOn();
@@ -284,6 +291,30 @@ class SimulatedPhone final : public Phone {
         run([] { MediaPlayer::shared().unload(); });
     }
     void playerCallbacks(bool otherThread) override { setNowPlayingOnOtherThread(otherThread); }
+    void toggle(const std::string& name, bool on) override {
+        requireOn();
+        auto setting = settingNamed(name);
+        if (!setting) throw PhoneError("no such setting: " + name);
+        run([&] { setOn(*setting, on); });
+    }
+    void volume(double level) override {
+        requireLevel(level);
+        run([&] { setMediaVolume(level); });
+    }
+    void ringer(double level) override {
+        requireLevel(level);
+        run([&] { setRingerVolume(level); });
+    }
+    void brightness(double level) override {
+        requireLevel(level);
+        run([&] { setBrightness(level); });
+    }
+    void route(const std::string& name) override {
+        requireOn();
+        bool known = false;
+        run([&] { known = setAudioRoute(name); });
+        if (!known) throw PhoneError("no such route: " + name);
+    }
 
     void interrupt(objc_object* view) override {
         run([&] { simulator::interrupt(Object(view)); });
@@ -376,6 +407,10 @@ class SimulatedPhone final : public Phone {
     }
     void requireOn() const {
         if (!on_) throw PhoneError("the phone is off: boot it first");
+    }
+    void requireLevel(double level) const {
+        requireOn();
+        if (!(level >= 0 && level <= 1)) throw PhoneError("a level is from 0 to 1");
     }
     void requireTouch() const {
         requireOn();
