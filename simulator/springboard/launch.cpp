@@ -8,6 +8,7 @@
 #include "simulator/foundation/files.hpp"
 #include "simulator/foundation/first_use.hpp"
 #include "simulator/foundation/notification_counts.hpp"
+#include "simulator/foundation/observers.hpp"
 #include "simulator/runtime/associations.hpp"
 #include "simulator/runtime/clock.hpp"
 #include "simulator/runtime/crash.hpp"
@@ -101,6 +102,7 @@ void prepareProcess() {
     installBundles();
     installConversions();
     installNotificationCounts();
+    installObservers();
 }
 
 void registerSpringBoard() {

@@ -207,7 +207,7 @@ INSTANTIATE_TEST_SUITE_P(
         ListCase{"ANumberForTheList", "[7]", {"-", "-", "-", "-", "-", "-"}, 0},
         ListCase{"ADictionaryForTheList", R"([{"0":"Mute"}])", {"-", "-", "-", "-", "-", "-"}, 0},
         ListCase{"ADictionaryForTheRoot", R"({"0":["Mute"]})", {"-", "-", "-", "-", "-", "-"}, 0}),
-    [](const auto& info) { return std::string(info.param.name); });
+    [](const auto& listed) { return std::string(listed.param.name); });
 
 TEST_F(Everyday, ShowsAnEmptyRowForAFileThatIsNoPropertyList) {
     for (const char* bytes : {"", "bplist00\xff\xff", "((((((", "\x01\x02\x03"}) {
@@ -306,7 +306,7 @@ INSTANTIATE_TEST_SUITE_P(
                               brightnessPanel, 100},
                     SlideCase{"HideVolume", "should-hide-volumeSlider", 1, 0, volumePanel, 0, -100,
                               brightnessPanel, 100}),
-    [](const auto& info) { return std::string(info.param.name); });
+    [](const auto& listed) { return std::string(listed.param.name); });
 
 TEST_F(Everyday, ItsSwitchesAskForTheirPanelsAtEveryTap) {
     boot();

@@ -57,6 +57,16 @@ class SliderPhone : public LibraryPhone {
     int called(const char* cls, const char* message) const {
         return phone_->calledCount(cls, message);
     }
+    // The first argument of the latest run; less than any level when there was none.
+    double given(const char* cls, const char* message) const {
+        auto call = phone_->lastCall(cls, message);
+        if (!call) return -1;
+        return static_cast<double>(simulator::scenario::asNumber(call->front())->value);
+    }
+    double brightnessGiven() const {
+        return given("SBBrightnessController", "_setBrightnessLevel:showHUD:");
+    }
+    double volumeGiven() const { return given("AVSystemController", "setActiveCategoryVolumeTo:"); }
     void expectUnhurt() const { EXPECT_EQ(phone_->crashed(), std::nullopt); }
 };
 

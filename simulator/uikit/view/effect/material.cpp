@@ -17,7 +17,7 @@ constexpr long lightGround = 3;  // the configuration of what lies on top
 
 rendering::Colour colourOf(const MaterialState& material, bool dark) {
     if (material.configuration == lightGround) {
-        return dark ? rendering::Colour{1, 1, 1, 0.62} : rendering::Colour{1, 1, 1, 0.82};
+        return dark ? rendering::Colour{1, 1, 1, 0.76} : rendering::Colour{1, 1, 1, 0.82};
     }
     return dark ? rendering::Colour{0.62, 0.62, 0.66, 0.26} : rendering::Colour{0, 0, 0, 0.2};
 }
