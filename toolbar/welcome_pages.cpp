@@ -36,7 +36,7 @@ WelcomeText welcomeText(unsigned long page) {
         default:
             return {"Made to Extend"_ns,
                     "Extensions add pages of their own to the toolbar. Pick yours in Settings, "
-                    "and pull up."_ns};
+                    "and they are one pull away."_ns};
     }
 }
 
