@@ -22,6 +22,7 @@
 #include "simulator/services/screen_recording.hpp"
 #include "simulator/services/setting_agents.hpp"
 #include "simulator/services/volume.hpp"
+#include "simulator/springboard/addresses.hpp"
 #include "simulator/springboard/applications.hpp"
 #include "simulator/springboard/configuration.hpp"
 #include "simulator/springboard/control_center.hpp"
@@ -74,6 +75,13 @@ void installSupportFiles() {
                  error);
         return;
     }
+}
+
+// A plain name is one of SpringBoard's own bundle.
+std::string imagePath(const std::string& path) {
+    const bool named = !path.starts_with('/');
+    return DeviceRoot::shared().map(named ? "/System/Library/CoreServices/SpringBoard.app/" + path
+                                          : path);
 }
 
 void startSpringBoard() {
@@ -143,8 +151,9 @@ void launchPhone(Extension extension) {
     setUpScreen();
     installSupportFiles();
     registerUIKit();
-    setImagePaths([](const std::string& path) { return DeviceRoot::shared().map(path); });
+    setImagePaths(&imagePath);
     registerSpringBoard();
+    installAddresses();
     if (extension == Extension::load) loadExtension();
     startSpringBoard();
     settle(launchingTime);

@@ -17,7 +17,6 @@ using namespace platform;  // the phone is written in the same object layer as t
 
 VANTORI_CLASS(UITouch, Object, "UITouch");
 VANTORI_CLASS(UIEvent, Object, "UIEvent");
-VANTORI_CLASS(UIApplication, UIResponder, "UIApplication");
 VANTORI_CLASS(UIVisualEffect, Object, "UIVisualEffect");
 VANTORI_CLASS(UIBackdropView, UIView, "_UIBackdropView");
 VANTORI_CLASS(UILongPressGestureRecognizer, UIGestureRecognizer, "UILongPressGestureRecognizer");
