@@ -6,6 +6,7 @@
 #include "platform/foundation.hpp"
 #include "simulator/foundation/device_root.hpp"
 #include "simulator/foundation/replacement.hpp"
+#include "simulator/runtime/journal.hpp"
 #include "simulator/runtime/stand_in.hpp"
 
 namespace simulator {
@@ -54,6 +55,8 @@ SystemBundle systemBundle(const std::string& path) {
 }
 
 bool load(SystemBundle self) {
+    // Whoever looks for what NSBundle did need not know of the class that does it here.
+    Journal::record(objc_getClass("NSBundle"), self.get(), sel_registerName("load"));
     State& state = platform::stateOf<State>(self);
     std::string path = state.path.utf8();
     if (bundles().missing.contains(path)) return false;
@@ -75,6 +78,7 @@ id bundleWithPath(id self, SEL command, id path) {
     const char* text = path ? NSString(path).utf8() : nullptr;
     if (!text) return nullptr;
     if (std::string_view(text).starts_with("/System/")) {
+        Journal::record(object_getClass(self), self, command, path);
         return systemBundle(withoutTrailingSlash(text)).get();
     }
     std::string mapped = DeviceRoot::shared().map(text);

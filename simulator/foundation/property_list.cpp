@@ -4,6 +4,7 @@
 #include <stdexcept>
 
 #include "simulator/foundation/property_list_guard.hpp"
+#include "simulator/runtime/leaks.hpp"
 
 namespace simulator {
 
@@ -124,13 +125,7 @@ std::string encodePropertyList(Object root, PropertyListFormat format) {
             data.send<"length", unsigned long>()};
 }
 
-Object decodePropertyList(std::string_view bytes) {
-    if (!isHarmlessPropertyList(bytes)) return {};
-    // The declaration is optional to the platform, but not to the reader underneath.
-    if (bytes.starts_with("<plist") || bytes.starts_with("<!DOCTYPE")) {
-        return decodePropertyList("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n" +
-                                  std::string(bytes));
-    }
+static Object readPropertyList(std::string_view bytes) {
     try {
         return sendClass<NSPropertyListSerialization,
                          "propertyListWithData:options:format:error:", Object>(
@@ -138,6 +133,24 @@ Object decodePropertyList(std::string_view bytes) {
     } catch (...) {  // malformed binary lists raise
         return {};
     }
+}
+
+static bool isReadable(std::string_view bytes) {
+    LeaksAllowed allowed;
+    platform::AutoreleasePool pool;
+    return bool(readPropertyList(bytes));
+}
+
+Object decodePropertyList(std::string_view bytes) {
+    if (!isHarmlessPropertyList(bytes)) return {};
+    // The declaration is optional to the platform, but not to the reader underneath.
+    if (bytes.starts_with("<plist") || bytes.starts_with("<!DOCTYPE")) {
+        return decodePropertyList("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n" +
+                                  std::string(bytes));
+    }
+    // The reader loses a string when it gives up on a malformed list.
+    if (leaksAreChecked && !isReadable(bytes)) return {};
+    return readPropertyList(bytes);
 }
 
 std::optional<std::string> readFile(const std::filesystem::path& path, std::size_t limit) {

@@ -62,6 +62,16 @@ rendering::Colour ink(bool white) {
 
 rendering::Rect whole(rendering::Size size) { return {{0, 0}, size}; }
 
+// A phone with a notch shows none while it lies on its side.
+void addStatusBar(Node& root, rendering::Size size, bool white) {
+    bool notch = !configuration().homeButton;
+    bool upright = size.height > size.width;
+    if (notch && !upright) return;
+    rendering::StatusBar bar;
+    bar.colour = ink(white);
+    root.children.push_back(rendering::statusBar(bar, size.width, notch));
+}
+
 }  // namespace
 
 UIImage iconImage(const std::string& identifier, double side) {
@@ -73,7 +83,10 @@ UIImage iconImage(const std::string& identifier, double side) {
 
 void dressAsApplication(UIView view, const std::string& identifier) {
     rendering::Size size = sizeOf(view);
-    wear(view, pictureOf(rendering::appScreen(identifier, size, isDark()), size));
+    Node root = rendering::nodeWithFrame("Application", whole(size));
+    root.children.push_back(rendering::appScreen(identifier, size, isDark()));
+    addStatusBar(root, size, wantsWhiteStatusBar(identifier));
+    wear(view, pictureOf(std::move(root), size));
 }
 
 void dressAsWallpaper(UIView view) {
@@ -81,16 +94,12 @@ void dressAsWallpaper(UIView view) {
     wear(view, rendering::wallpaper(size, configuration().scale, isDark()));
 }
 
-void dressAsStatusBar(UIView view, bool white) {
-    bool notch = !configuration().homeButton;
+void dressAsStatusBar(UIView view, StatusBarParts parts, bool white) {
     rendering::Size size = sizeOf(view);
     Node root = rendering::nodeWithFrame("StatusBar", whole(size));
-    rendering::StatusBar bar;
-    bar.colour = ink(white);
-    bool upright = size.height > size.width;
-    if (upright || !notch)
-        root.children.push_back(rendering::statusBar(bar, size.width, notch && upright));
-    if (notch) root.children.push_back(rendering::homeIndicator(size, ink(white)));
+    if (parts == StatusBarParts::all) addStatusBar(root, size, white);
+    if (!configuration().homeButton)
+        root.children.push_back(rendering::homeIndicator(size, ink(white)));
     wear(view, pictureOf(std::move(root), size));
 }
 

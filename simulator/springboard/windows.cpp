@@ -64,7 +64,9 @@ void refreshWindows() {
     std::string front = frontMostIdentifier();
     bool white = isLocked() || wantsWhiteStatusBar(front);
     if (all.wallpaper) dressAsWallpaper(all.wallpaper);
-    if (all.statusBar) dressAsStatusBar(all.statusBar, white);
+    // An application's status bar is its scene's, and moves with it.
+    auto parts = isLocked() || front.empty() ? StatusBarParts::all : StatusBarParts::indicatorOnly;
+    if (all.statusBar) dressAsStatusBar(all.statusBar, parts, white);
     if (all.coverSheet && isLocked()) dressAsLockScreen(all.coverSheet);
     refreshScene();
 }
