@@ -24,6 +24,11 @@ set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 set(CMAKE_LIBRARY_ARCHITECTURE aarch64-linux-gnu)
 
+# How this machine runs what is built; arm64 needs no help.
+if(NOT CMAKE_HOST_SYSTEM_PROCESSOR STREQUAL "aarch64")
+  set(CMAKE_CROSSCOMPILING_EMULATOR qemu-aarch64-static -L "${CMAKE_SYSROOT}")
+endif()
+
 # pkg-config reads the sysroot's descriptions, and nothing of this machine.
 set(ENV{PKG_CONFIG_SYSROOT_DIR} "${CMAKE_SYSROOT}")
 set(ENV{PKG_CONFIG_LIBDIR}
