@@ -149,7 +149,7 @@ class BindMachine {
         : file_(file), kind_(kind), list_(list), place_(file), found_(found) {}
 
     void run(Bytes opcodes) {
-        Cursor cursor(opcodes, list_);
+        Cursor cursor(opcodes, "the " + std::string(list_));
         while (!cursor.done()) {
             const std::uint8_t next = cursor.byte();
             const std::uint8_t opcode = next & opcodeMask;
