@@ -16,9 +16,9 @@ struct State {
     Strong<UIViewController> hotspot;
     Strong<UIViewController> wifi;
     Strong<UIViewController> bluetooth;
-    Strong<UIViewController> airDrop;  // a slot that the page never fills
-    Strong<NSArray> controllers;       // in display order
-    Strong<NSArray> readControllers;   // not used by the page
+    Strong<UIViewController> airDrop;        // a slot that the page never fills
+    Strong<NSArray> controllers;             // in display order
+    Strong<NSArray> readControllers;         // not used by the page
     Strong<NSDictionary> controllersByName;  // likewise
     Strong<UIView> container;
     bool hasSetUp;
