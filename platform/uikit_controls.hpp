@@ -49,7 +49,9 @@ struct UIImage : Object {
     static constexpr long alwaysTemplate = 2;
     // Of the process's own bundle, or at an absolute path; the file of the screen's scale
     // (name@3x.png beside name.png) comes first. Empty when there is none.
-    static UIImage named(NSString name) { return sendClass<UIImage, "imageNamed:", UIImage>(name); }
+    static UIImage named(NSString nameOrPath) {
+        return sendClass<UIImage, "imageNamed:", UIImage>(nameOrPath);
+    }
     // The file of the screen's scale comes first here too.
     static UIImage withContentsOfFile(NSString path) {
         return sendClass<UIImage, "imageWithContentsOfFile:", UIImage>(path);
