@@ -87,7 +87,7 @@ void statusBarPulledDown(System<void(Object)> system, Object, Object recognizer)
     followStatusBarPull(as<UIPanGestureRecognizer>(recognizer));
 }
 
-void controlCenterPullBegan(TongueReport system, Object self, Object tongue, double distance,
+void controlCenterPullBegan(const TongueReport& system, Object self, Object tongue, double distance,
                             double velocity) {
     VNTSBToolBarController::shared().makeKeyWindow();
     clearPull();
@@ -98,19 +98,19 @@ void controlCenterPullBegan(TongueReport system, Object self, Object tongue, dou
     beginPull(system, sourceOf(self), tongue, distance, velocity);
 }
 
-void controlCenterPullUpdated(TongueReport system, Object self, Object tongue, double distance,
-                              double velocity) {
+void controlCenterPullUpdated(const TongueReport& system, Object self, Object tongue,
+                              double distance, double velocity) {
     sourceOf(self);  // location and orientation are taken afresh on each report
     updatePull(system, tongue, distance, velocity);
 }
 
-void controlCenterPullEnded(TongueReport system, Object, Object tongue, double distance,
+void controlCenterPullEnded(const TongueReport& system, Object, Object tongue, double distance,
                             double velocity) {
     if (leavesToSystem()) clearPull();
     endPull(system, tongue, distance, velocity);
 }
 
-void controlCenterPullCancelled(TongueReport system, Object, Object tongue, double distance,
+void controlCenterPullCancelled(const TongueReport& system, Object, Object tongue, double distance,
                                 double velocity) {
     if (leavesToSystem()) clearPull();
     cancelPull(system, tongue, distance, velocity);

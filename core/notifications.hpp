@@ -23,8 +23,18 @@ inline NSString zoneAccepted() { return "com.ferlin.vantori-finish-launching"_ns
 inline NSString finishLaunching() { return "com.ferolin.vantori-finish-launching"_ns; }
 inline NSString controlCenterBack() { return "com.ferolin.vantori-ccback"_ns; }
 inline NSString didRotate() { return "com.ferolin.vantori.did-rotated"_ns; }
+inline NSString nowPlayingChange() { return "com.ferolin.vantori-nowplayingchange"_ns; }
 inline NSString shouldRefreshState() { return "should-refresh-state"_ns; }
 inline NSString shouldRefreshValue() { return "should-refresh-value"_ns; }
+inline NSString shouldShowBrightnessSlider() { return "should-show-brightnessSlider"_ns; }
+inline NSString shouldHideBrightnessSlider() { return "should-hide-brightnessSlider"_ns; }
+inline NSString shouldShowVolumeSlider() { return "should-show-volumeSlider"_ns; }
+inline NSString shouldHideVolumeSlider() { return "should-hide-volumeSlider"_ns; }
+inline NSString volumeShouldRefreshValue() { return "com.ferolin.volume.should-refresh-value"_ns; }
+inline NSString systemVolumeDidChange() {
+    return "AVSystemController_SystemVolumeDidChangeNotification"_ns;
+}
+inline NSString screenBrightnessDidChange() { return "UIScreenBrightnessDidChangeNotification"_ns; }
 inline NSString shouldLockScrollView() { return "should-lock-ScrollView"_ns; }
 inline NSString shouldUnlockScrollView() { return "should-unlock-ScrollView"_ns; }
 inline NSString deviceOrientationDidChange() {

@@ -10,6 +10,7 @@
 #include "core/variables.hpp"
 #include "platform/definition.hpp"
 #include "platform/loading.hpp"
+#include "toolbar/application_host.hpp"
 #include "toolbar/sb_toolbar_controller.hpp"
 #include "toolbar/update_view_controller.hpp"
 
@@ -31,6 +32,7 @@ struct Frameworks {
 void registerClasses() {
     registerUpdateViewController();
     registerHostWindows();
+    registerApplicationHost();
     registerPages();
     registerPanels();
     registerToolBarController();
@@ -90,9 +92,15 @@ void expandModule(UIViewController self, NSString identifier) {
 void installSpringBoardHooks() {
     addSceneLayoutAccessors();
     install(springBoardHooks());
+    install(laterSpringBoardForms());
     addMethod<"test", &showTestAlert>(objc_getClass("SBFluidSwitcherGestureManager"));
     addMethod<"vntExpandModuleWithIdentifier:", &expandModule>(
         objc_getClass("CCUIModuleCollectionViewController"));
+}
+
+void installControlCenterHooks() {
+    install(controlCenterHooks());
+    install(laterControlCenterForms());
 }
 
 }  // namespace
@@ -111,7 +119,7 @@ void startUp() {
     if (!areFrameworksLoaded(frameworks)) return;
 
     installSpringBoardHooks();
-    if (replaceCC || !hasNoHomeButton()) install(controlCenterHooks());
+    if (replaceCC || !hasNoHomeButton()) installControlCenterHooks();
     observeSettings();
     reloadSettings();
     settingsLoaded = true;

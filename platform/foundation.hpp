@@ -59,6 +59,10 @@ struct NSArray : Object {
     Object last() const { return send<"lastObject", Object>(); }
     NSArray adding(Object element) const { return send<"arrayByAddingObject:", NSArray>(element); }
     bool contains(Object element) const { return send<"containsObject:", bool>(element); }
+    // Of the first that is equal; it must be there.
+    unsigned long indexOf(Object element) const {
+        return send<"indexOfObject:", unsigned long>(element);
+    }
     bool writeToFile(NSString path, bool atomically) const {
         return send<"writeToFile:atomically:", bool>(path, atomically);
     }
@@ -68,7 +72,13 @@ struct NSMutableArray : NSArray {
     static constexpr FixedString name{"NSMutableArray"};
     using NSArray::NSArray;
     static NSMutableArray empty() { return sendClass<NSMutableArray, "array", NSMutableArray>(); }
+    static NSMutableArray withCapacity(unsigned long capacity) {
+        return sendClass<NSMutableArray, "arrayWithCapacity:", NSMutableArray>(capacity);
+    }
     void add(Object element) const { send<"addObject:">(element); }
+    void replace(unsigned long index, Object element) const {
+        send<"replaceObjectAtIndex:withObject:">(index, element);
+    }
 };
 
 struct NSDictionary : Object {
@@ -78,6 +88,20 @@ struct NSDictionary : Object {
         return sendClass<NSDictionary, "dictionaryWithContentsOfFile:", NSDictionary>(path);
     }
     Object at(NSString key) const { return send<"objectForKey:", Object>(key); }
+    // Of one entry; empty when there is no value, which the platform would refuse.
+    static NSDictionary with(Object value, NSString key) {
+        if (!value) return NSDictionary();
+        return sendClass<NSDictionary, "dictionaryWithObject:forKey:", NSDictionary>(value, key);
+    }
+};
+
+struct NSFileManager : Object {
+    static constexpr FixedString name{"NSFileManager"};
+    using Object::Object;
+    static NSFileManager shared() {
+        return sendClass<NSFileManager, "defaultManager", NSFileManager>();
+    }
+    bool fileExists(NSString path) const { return send<"fileExistsAtPath:", bool>(path); }
 };
 
 struct NSFileHandle : Object {
@@ -88,6 +112,15 @@ struct NSFileHandle : Object {
         return sendClass<NSFileHandle, "fileHandleForReadingAtPath:", NSFileHandle>(path);
     }
     void close() const { send<"closeFile">(); }
+};
+
+struct NSURL : Object {
+    static constexpr FixedString name{"NSURL"};
+    using Object::Object;
+    static NSURL from(NSString address) {
+        return sendClass<NSURL, "URLWithString:", NSURL>(address);
+    }
+    static NSURL file(NSString path) { return sendClass<NSURL, "fileURLWithPath:", NSURL>(path); }
 };
 
 struct NSBundle : Object {

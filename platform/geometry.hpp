@@ -27,6 +27,13 @@ namespace platform {
 
 inline constexpr CGAffineTransform identityTransform{1, 0, 0, 1, 0, 0};
 
+constexpr CGAffineTransform scaling(double factor) { return {factor, 0, 0, factor, 0, 0}; }
+
+// The translation happens first, in the coordinates that t maps from.
+constexpr CGAffineTransform translated(const CGAffineTransform& t, double x, double y) {
+    return {t.a, t.b, t.c, t.d, t.a * x + t.c * y + t.tx, t.b * x + t.d * y + t.ty};
+}
+
 constexpr CGRect rect(double x, double y, double width, double height) {
     return {{x, y}, {width, height}};
 }

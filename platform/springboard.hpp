@@ -28,6 +28,7 @@ struct SpringBoard : UIResponder {
     void addActiveOrientationObserver(Object observer) const {
         send<"addActiveOrientationObserver:">(observer);
     }
+    bool isNowPlayingApplicationPlaying() const { return send<"isNowPlayingAppPlaying", bool>(); }
     // Answers whether the launch was accepted. Suspended: it does not come to the front.
     bool launchApplication(NSString identifier, bool suspended) const {
         return send<"launchApplicationWithIdentifier:suspended:", bool>(identifier, suspended);

@@ -16,12 +16,16 @@ struct UIColor : Object {
     using Object::Object;
     static UIColor white() { return sendClass<UIColor, "whiteColor", UIColor>(); }
     static UIColor black() { return sendClass<UIColor, "blackColor", UIColor>(); }
+    static UIColor systemGray() { return sendClass<UIColor, "systemGrayColor", UIColor>(); }
     static UIColor clear() { return sendClass<UIColor, "clearColor", UIColor>(); }
+    static UIColor systemBlue() { return sendClass<UIColor, "systemBlueColor", UIColor>(); }
+    static UIColor systemOrange() { return sendClass<UIColor, "systemOrangeColor", UIColor>(); }
     // Each from 0 to 1.
     static UIColor rgba(double red, double green, double blue, double alpha) {
         return sendClass<UIColor, "colorWithRed:green:blue:alpha:", UIColor>(red, green, blue,
                                                                              alpha);
     }
+    CGColorRef cgColor() const { return send<"CGColor", CGColorRef>(); }
 };
 
 struct UIGestureRecognizer;
@@ -38,6 +42,7 @@ struct UIView : UIResponder {
     void setBounds(CGRect bounds) const { send<"setBounds:">(bounds); }
     CGPoint center() const { return send<"center", CGPoint>(); }
     void setCenter(CGPoint center) const { send<"setCenter:">(center); }
+    CGAffineTransform transform() const { return send<"transform", CGAffineTransform>(); }
     void setTransform(CGAffineTransform transform) const { send<"setTransform:">(transform); }
     // The layer keeps it as a 32-bit float.
     double alpha() const { return send<"alpha", double>(); }
@@ -71,6 +76,14 @@ struct UIView : UIResponder {
 
     using Changes = BlockRef<void()>;
     using Completion = BlockRef<void(bool)>;
+    static void animate(double duration, Changes changes) {
+        sendClass<UIView, "animateWithDuration:animations:">(duration, changes);
+    }
+    static void animate(double duration, double delay, unsigned long options, Changes changes,
+                        Completion completion) {
+        sendClass<UIView, "animateWithDuration:delay:options:animations:completion:">(
+            duration, delay, options, changes, completion);
+    }
     static void animateWithSpring(double duration, double delay, double damping, double velocity,
                                   unsigned long options, Changes changes, Completion completion) {
         sendClass<UIView,
@@ -166,6 +179,7 @@ struct UIViewController : UIResponder {
     using UIResponder::UIResponder;
     // Loads it on first use.
     UIView view() const { return send<"view", UIView>(); }
+    void setView(UIView view) const { send<"setView:">(view); }
 };
 
 struct UIWindow : UIView {
@@ -183,6 +197,8 @@ struct UIScreen : Object {
     using Object::Object;
     static UIScreen mainScreen() { return sendClass<UIScreen, "mainScreen", UIScreen>(); }
     CGRect bounds() const { return send<"bounds", CGRect>(); }
+    // Pixels for a point.
+    double scale() const { return send<"scale", double>(); }
 };
 
 struct UIDevice : Object {
@@ -209,7 +225,7 @@ struct UITraitCollection : Object {
 struct UIImpactFeedbackGenerator : Object {
     static constexpr FixedString name{"UIImpactFeedbackGenerator"};
     using Object::Object;
-    static constexpr long medium = 1;
+    static constexpr long light = 0, medium = 1;
     void impactOccurred() const { send<"impactOccurred">(); }
 };
 

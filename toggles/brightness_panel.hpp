@@ -1,4 +1,4 @@
-// The panel of the brightness slider and its toggles.
+// The panel of the brightness slider: three toggles, then the slider, in a strip 100 points high.
 #pragma once
 
 #include "platform/uikit.hpp"
@@ -10,6 +10,8 @@ using namespace platform;
 struct VNTBrightnessSliderContainerViewController : UIViewController {
     static constexpr FixedString name{"VNTBrightnessSliderContainerViewController"};
     using UIViewController::UIViewController;
+    void setupSliderView() const { send<"setupSliderView">(); }
+    // Kept, and read by nothing.
     void setShouldShowSwitcher(bool shows) const { send<"setShouldShowSwitcher:">(shows); }
 };
 

@@ -3,6 +3,7 @@
 
 #include "toggles/brightness_panel.hpp"
 #include "toggles/everyday_page.hpp"
+#include "toggles/slider.hpp"
 #include "toggles/volume_panel.hpp"
 
 namespace vantori {

@@ -1,9 +1,68 @@
 #include "toggles/volume_panel.hpp"
 
 #include "platform/definition.hpp"
+#include "toggles/catalogue.hpp"
+#include "toggles/strip.hpp"
+#include "toggles/volume_slider.hpp"
 
 namespace vantori {
 
-void registerVolumePanel() { define<VNTVolumeSliderContainerViewController, UIViewController>(); }
+namespace {
+
+using Panel = VNTVolumeSliderContainerViewController;
+
+struct PanelState {
+    Strong<VNTMuteToggleViewController> mute;
+    Strong<VNTDNDToggleViewController> doNotDisturb;
+    Strong<VNTOrientationLockToggleViewController> orientationLock;
+    Strong<VNTVolumeSlider> slider;
+};
+
+void createToggles(PanelState& state) {
+    state.mute = createPackageToggle<VNTMuteToggleViewController>(
+        "/System/Library/ControlCenter/Bundles/MuteModule.bundle/Mute.ca"_ns, "silent"_ns,
+        "ringer"_ns);
+    state.orientationLock = createPackageToggle<VNTOrientationLockToggleViewController>(
+        "/System/Library/ControlCenter/Bundles/OrientationLockModule.bundle/OrientationLock.ca"_ns,
+        "locked"_ns, "unlocked"_ns);
+    state.doNotDisturb = createPackageToggle<VNTDNDToggleViewController>(
+        "/System/Library/ControlCenter/Bundles/DoNotDisturbModule.bundle/DoNotDisturb.ca"_ns,
+        "on"_ns, "off"_ns);
+}
+
+void place(const PanelState& state) {
+    const double gap = strip::panelGap(UIScreen::mainScreen().bounds().size.width);
+    state.orientationLock.view().setFrame(strip::toggleFrame(gap, 0));
+    state.mute.view().setFrame(strip::toggleFrame(gap, 1));
+    state.doNotDisturb.view().setFrame(strip::toggleFrame(gap, 2));
+    state.slider.setFrame(strip::sliderFrame(gap));
+}
+
+void setupSliderView(Panel self) {
+    PanelState& state = stateOf<PanelState>(self);
+    state.slider = create<VNTVolumeSlider, "initWithFrame:">(rect(0, 0, 0, 0));
+    createToggles(state);
+    place(state);
+    const UIView parts[] = {state.orientationLock.view(), state.mute.view(),
+                            state.doNotDisturb.view(), state.slider};
+    for (UIView part : parts) self.view().addSubview(part);
+}
+
+void viewDidLoad(Panel self) {
+    super<Panel, "viewDidLoad">(self);
+    self.setupSliderView();
+}
+
+}  // namespace
+
+void registerVolumePanel() {
+    define<Panel, UIViewController, PanelState>()
+        .method<"viewDidLoad", &viewDidLoad>()
+        .method<"setupSliderView", &setupSliderView>()
+        .property<"muteVC", &PanelState::mute>()
+        .property<"dndVC", &PanelState::doNotDisturb>()
+        .property<"orientationVC", &PanelState::orientationLock>()
+        .property<"volumeSlider", &PanelState::slider>();
+}
 
 }  // namespace vantori

@@ -1,4 +1,4 @@
-// The panel of the volume slider and its toggles.
+// The panel of the volume slider: three toggles, then the slider, in a strip 100 points high.
 #pragma once
 
 #include "platform/uikit.hpp"
@@ -10,6 +10,7 @@ using namespace platform;
 struct VNTVolumeSliderContainerViewController : UIViewController {
     static constexpr FixedString name{"VNTVolumeSliderContainerViewController"};
     using UIViewController::UIViewController;
+    void setupSliderView() const { send<"setupSliderView">(); }
 };
 
 void registerVolumePanel();

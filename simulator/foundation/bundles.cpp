@@ -102,6 +102,10 @@ void setMissingBundle(const std::string& path) {
     bundles().missing.insert(withoutTrailingSlash(path));
 }
 
+bool isMissingBundle(const std::string& path) {
+    return bundles().missing.contains(withoutTrailingSlash(path));
+}
+
 void onBundleLoad(const std::string& path, std::function<void()> bringClasses) {
     bundles().bringers[withoutTrailingSlash(path)] = std::move(bringClasses);
 }

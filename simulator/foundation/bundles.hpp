@@ -11,6 +11,7 @@ namespace simulator {
 void installBundles();
 // "/System/Library/ControlCenter/Bundles/ReplayKitModule.bundle" and the like.
 void setMissingBundle(const std::string& path);
+bool isMissingBundle(const std::string& path);
 void onBundleLoad(const std::string& path, std::function<void()> bringClasses);
 
 }  // namespace simulator

@@ -50,8 +50,8 @@ class Sum {
 
     void add(const Node& n) {
         addAll(n.bounds, n.position, n.anchor, n.transform, n.opacity, n.hidden, n.cornerRadius,
-               n.continuousCorners, n.masksToBounds, n.background, n.multiply, n.borderWidth,
-               n.border, n.shadow, n.content.index());
+               n.continuousCorners, n.masksToBounds, n.background, n.filtersBehind, n.multiply,
+               n.borderWidth, n.border, n.shadow, n.content.index());
         std::visit([this](const auto& content) { add(content); }, n.content);
         add(n.mask != nullptr);
         if (n.mask) add(*n.mask);

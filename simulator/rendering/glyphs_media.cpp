@@ -79,6 +79,20 @@ void earbuds(Pen& pen, double) {
     }
 }
 
+// One ear's, with one to three waves by loudness; crossed out when silent.
+void earbudsSound(Pen& pen, double progress) {
+    pen.circle(6.6, 6.6, 3.9).fill();
+    pen.lines({{4.9, 7.2}, {4.9, 19.8}}).stroke(3);
+    pen.lines({{9.4, 4.4}, {10.8, 3.4}}).stroke(2.2);
+    if (progress <= 0) {
+        pen.lines({{14.4, 9.2}, {20, 14.8}}).stroke(1.9);
+        pen.lines({{20, 9.2}, {14.4, 14.8}}).stroke(1.9);
+        return;
+    }
+    const int waves = std::min(3, 1 + static_cast<int>(progress * 3));
+    for (int i = 0; i < waves; ++i) pen.arc(10.4, 12, 4 + 3.5 * i, -38, 38).stroke(1.8);
+}
+
 void headphones(Pen& pen, double) {
     pen.arc(12, 13, 8.4, 180, 360).stroke(1.9);
     pen.box(2.2, 12.6, 5, 8, 2.2).fill();
@@ -101,6 +115,7 @@ constexpr Glyph glyphs[] = {
     {"speaker.muted", speakerMuted},
     {"airplay", airplay},
     {"airpods", earbuds},
+    {"airpods.sound", earbudsSound},
     {"headphones", headphones},
     {"record", record},
 };

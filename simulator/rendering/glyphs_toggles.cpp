@@ -77,11 +77,14 @@ void lock(Pen& pen, double) { padlock(pen, 12, 10.6, 6.4, false); }
 void unlocked(Pen& pen, double) { padlock(pen, 12, 10.6, 6.4, true); }
 
 // A turning arrow around a padlock; the gap and the head are at the top right.
-void orientationLock(Pen& pen, double) {
+void turningLock(Pen& pen, bool open) {
     pen.arc(12, 12.4, 9.2, -22, 285).stroke(1.7);
     pen.polygon({{13.6, 0.8}, {18.2, 3.6}, {13.8, 6.4}}).fill();
-    padlock(pen, 12, 11.6, 3.6, false);
+    padlock(pen, 12, 11.6, 3.6, open);
 }
+
+void orientationLock(Pen& pen, double) { turningLock(pen, false); }
+void orientationFree(Pen& pen, double) { turningLock(pen, true); }
 
 void bellBody(Pen& pen) {
     pen.move(12, 2.6).curve(16.4, 2.6, 18, 6, 18, 9.4).curve(18, 13.6, 19, 15, 20.6, 16.8);
@@ -115,10 +118,18 @@ void flashlight(Pen& pen, double progress) {
     pen.box(11, progress > 0.5 ? 10.6 : 13.2, 2, 4.6, 1).fillEvenOdd();
 }
 
-void lowPower(Pen& pen, double progress) {
+void batteryCase(Pen& pen, double) {
     pen.box(1.6, 6.6, 18, 10.8, 3).stroke(1.5);
     pen.arc(21.2, 12, 2, -60, 60).close().fill();
+}
+
+void batteryCharge(Pen& pen, double progress) {
     pen.box(3.6, 8.6, 3 + 11 * progress, 6.8, 1.4).fill();
+}
+
+void lowPower(Pen& pen, double progress) {
+    batteryCase(pen, progress);
+    batteryCharge(pen, progress);
 }
 
 void timer(Pen& pen, double) {
@@ -154,10 +165,13 @@ constexpr Glyph glyphs[] = {
     {"lock", lock},
     {"lock.open", unlocked},
     {"orientation-lock", orientationLock},
+    {"orientation-lock.open", orientationFree},
     {"bell", bell},
     {"bell.slash", bellSlash},
     {"flashlight", flashlight},
     {"low-power", lowPower},
+    {"low-power.case", batteryCase},
+    {"low-power.charge", batteryCharge},
     {"timer", timer},
     {"calculator", calculator},
     {"camera", camera},

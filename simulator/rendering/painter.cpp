@@ -140,7 +140,9 @@ void Painter::paintInside(const Node& node, double alpha) {
         cairo_new_path(context_);
         addOutline(context_, node.bounds, node.cornerRadius, node.continuousCorners);
         setSource(context_, *node.background, alpha);
+        if (node.filtersBehind) cairo_set_operator(context_, CAIRO_OPERATOR_MULTIPLY);
         cairo_fill(context_);
+        cairo_set_operator(context_, CAIRO_OPERATOR_OVER);
     }
     if (node.masksToBounds) clipToOutline(node);
     if (hasContent(node)) paintContent(node, alpha);

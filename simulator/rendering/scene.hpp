@@ -112,6 +112,8 @@ struct Node {
     bool continuousCorners = false;
     bool masksToBounds = false;
     std::optional<Colour> background;
+    bool filtersBehind =
+        false;  // the background multiplies what lies behind, as coloured glass does
     std::optional<Colour> multiply;  // contentsMultiplyColor: of the content, not of the background
     double borderWidth = 0;
     Colour border;

@@ -1,5 +1,5 @@
-// SpringBoard's media controller and the volume controller of Control Center's media module: the
-// objects that the rest of the system talks to.
+// SpringBoard's side of what plays: the controller that takes commands, and SpringBoard's reports of
+// the application that plays.
 #pragma once
 
 namespace simulator {

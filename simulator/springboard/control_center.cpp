@@ -8,6 +8,7 @@
 #include "simulator/springboard/module_grid.hpp"
 #include "simulator/springboard/orientation.hpp"
 #include "simulator/springboard/parts.hpp"
+#include "simulator/springboard/pull_forms.hpp"
 #include "simulator/springboard/windows.hpp"
 #include "simulator/uikit/screen/screen.hpp"
 
@@ -333,22 +334,20 @@ void registerControlCenter() {
         if (!controlCenter() || !state().header) return;
         dressAsStatusBar(state().header, StatusBarParts::all, true);
     });
-    standIn<SBControlCenterController, Object, CenterState>()
-        .classMethod<"sharedInstance", &sharedInstance>()
-        .method<"presentAnimated:completion:", &present>()
-        .method<"dismissAnimated:completion:", &dismiss>()
-        .method<"isVisible", &isVisible>()
-        .method<"preparedForExpanding", &preparedForExpanding>()
-        .method<"showExpandedViewAnimated", &showExpandedView>()
-        .method<"_handleDismissTap:", &handleDismissTap>()
-        .method<"_handleDismissPan:", &handleDismissPan>()
-        .method<"gestureRecognizer:shouldReceiveTouch:", &shouldReceiveTouch>()
-        .method<"_presentGestureLocationInView", &presentGestureLocation>()
-        .method<"_handleStatusBarPullDownGesture:", &handleStatusBarPullDown>()
-        .method<"grabberTongueBeganPulling:withDistance:andVelocity:", &beganPulling>()
-        .method<"grabberTongueUpdatedPulling:withDistance:andVelocity:", &updatedPulling>()
-        .method<"grabberTongueEndedPulling:withDistance:andVelocity:", &endedPulling>()
-        .method<"grabberTongueCanceledPulling:withDistance:andVelocity:", &canceledPulling>();
+    const auto center = standIn<SBControlCenterController, Object, CenterState>()
+                            .classMethod<"sharedInstance", &sharedInstance>()
+                            .method<"presentAnimated:completion:", &present>()
+                            .method<"dismissAnimated:completion:", &dismiss>()
+                            .method<"isVisible", &isVisible>()
+                            .method<"preparedForExpanding", &preparedForExpanding>()
+                            .method<"showExpandedViewAnimated", &showExpandedView>()
+                            .method<"_handleDismissTap:", &handleDismissTap>()
+                            .method<"_handleDismissPan:", &handleDismissPan>()
+                            .method<"gestureRecognizer:shouldReceiveTouch:", &shouldReceiveTouch>()
+                            .method<"_presentGestureLocationInView", &presentGestureLocation>()
+                            .method<"_handleStatusBarPullDownGesture:", &handleStatusBarPullDown>();
+    answerPulls<SBControlCenterController, beganPulling, updatedPulling, endedPulling,
+                canceledPulling>(center);
 }
 
 }  // namespace simulator

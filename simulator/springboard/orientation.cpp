@@ -1,7 +1,10 @@
 #include "simulator/springboard/orientation.hpp"
 
+#include <optional>
+#include <utility>
 #include <vector>
 
+#include "simulator/services/system_settings.hpp"
 #include "simulator/springboard/home_screen.hpp"
 #include "simulator/springboard/windows.hpp"
 #include "simulator/uikit/screen/screen.hpp"
@@ -11,6 +14,12 @@ namespace simulator {
 namespace {
 
 constexpr double turningDuration = 0.4;  // seconds, for a quarter turn
+
+// How the phone is held, while that differs from how its interface is turned.
+std::optional<long>& heldOrientation() {
+    static std::optional<long> held;
+    return held;
+}
 
 std::vector<Object>& observers() {
     static auto& list = *new std::vector<Object>;
@@ -59,6 +68,18 @@ void turnInterface(long orientation) {
     refreshWindows();
     tell(&tellAfter, before, orientation);
     SpringBoard::shared().send<"_postActiveInterfaceOrientationChangedNotificationAnimated:">(true);
+}
+
+void turnPhone(long orientation) {
+    if (isOn(Setting::orientationLock)) {
+        heldOrientation() = orientation;
+    } else {
+        turnInterface(orientation);
+    }
+}
+
+void unlockTurn() {
+    if (auto held = std::exchange(heldOrientation(), std::nullopt)) turnInterface(*held);
 }
 
 }  // namespace simulator

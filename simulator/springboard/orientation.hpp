@@ -14,4 +14,9 @@ void addOrientationObserver(Object observer);
 // and the windows follow, and SpringBoard posts that it has turned.
 void turnInterface(long orientation);
 
+// Someone turns the phone in their hand: the interface follows unless its orientation is locked, and
+// catches up when it is unlocked.
+void turnPhone(long orientation);
+void unlockTurn();
+
 }  // namespace simulator

@@ -16,6 +16,11 @@
 #include "simulator/runtime/hooking.hpp"
 #include "simulator/runtime/missing.hpp"
 #include "simulator/runtime/system_log.hpp"
+#include "simulator/services/brightness.hpp"
+#include "simulator/services/media_player.hpp"
+#include "simulator/services/now_playing.hpp"
+#include "simulator/services/system_settings.hpp"
+#include "simulator/services/volume.hpp"
 #include "simulator/springboard/applications.hpp"
 #include "simulator/springboard/configuration.hpp"
 #include "simulator/springboard/control_center.hpp"
@@ -25,6 +30,7 @@
 #include "simulator/springboard/launch.hpp"
 #include "simulator/springboard/lock_screen.hpp"
 #include "simulator/springboard/orientation.hpp"
+#include "simulator/springboard/processes.hpp"
 #include "simulator/springboard/recents.hpp"
 #include "simulator/springboard/screen_picture.hpp"
 #include "simulator/springboard/system_gestures.hpp"
@@ -108,6 +114,18 @@ class SimulatedPhone final : public Phone {
         }
         configuration().dockIcons = icons;
     }
+    void floatingDock() override {
+        requireOff();
+        configuration().floatingDock = true;
+    }
+    void sceneAfter(const std::string& bundle, int creation) override {
+        requireOff();
+        if (!isInstalled(bundle)) throw PhoneError("not installed: " + bundle);
+        if (creation < 1 || creation > latestScene) {
+            throw PhoneError("a scene comes with creation 1 to " + std::to_string(latestScene));
+        }
+        setSceneAfter(bundle, creation);
+    }
     void connectivityFails(int creations) override {
         configuration().connectivityFailures = creations;
     }
@@ -142,6 +160,10 @@ class SimulatedPhone final : public Phone {
     void recents(const std::vector<std::string>& bundles) override {
         configuration().recents = bundles;
         if (on_) run([] { setRecents(configuration().recents); });
+    }
+
+    void flashlightAvailable(bool available) override {
+        run([&] { setFlashlightAvailable(available); });
     }
 
     void wait(double seconds) override {
@@ -183,7 +205,7 @@ class SimulatedPhone final : public Phone {
     }
     void rotate(Orientation orientation) override {
         requireOn();
-        run([&] { turnInterface(static_cast<long>(orientation)); });
+        run([&] { turnPhone(static_cast<long>(orientation)); });
     }
     void appearance(bool dark) override {
         requireOn();
@@ -251,6 +273,47 @@ class SimulatedPhone final : public Phone {
     void pull(const EdgePull& pull) override {
         requireOn();
         run([&] { pullFromEdge(pull.edge, pull.distance, pull.seconds, pull.flick.value_or(0)); });
+    }
+
+    void play(const Song& song) override {
+        requireOn();
+        run([&] {
+            MediaPlayer::shared().play(song.bundle,
+                                       {song.title, song.artist, song.album, song.artworkId});
+        });
+    }
+    void playing(bool yes) override {
+        requireOn();
+        run([&] { MediaPlayer::shared().setPlaying(yes); });
+    }
+    void nothingPlaying() override {
+        requireOn();
+        run([] { MediaPlayer::shared().unload(); });
+    }
+    void playerCallbacks(bool otherThread) override { setNowPlayingOnOtherThread(otherThread); }
+    void toggle(const std::string& name, bool on) override {
+        requireOn();
+        auto setting = settingNamed(name);
+        if (!setting) throw PhoneError("no such setting: " + name);
+        run([&] { setOn(*setting, on); });
+    }
+    void volume(double level) override {
+        requireLevel(level);
+        run([&] { setMediaVolume(level); });
+    }
+    void ringer(double level) override {
+        requireLevel(level);
+        run([&] { setRingerVolume(level); });
+    }
+    void brightness(double level) override {
+        requireLevel(level);
+        run([&] { setBrightness(level); });
+    }
+    void route(const std::string& name) override {
+        requireOn();
+        bool known = false;
+        run([&] { known = setAudioRoute(name); });
+        if (!known) throw PhoneError("no such route: " + name);
     }
 
     void interrupt(objc_object* view) override {
@@ -336,6 +399,7 @@ class SimulatedPhone final : public Phone {
     }
 
   private:
+    static constexpr int latestScene = 1000;
     static constexpr double sceneTime = 0.5;  // seconds in which an application opens or closes
 
     void requireOff() const {
@@ -343,6 +407,10 @@ class SimulatedPhone final : public Phone {
     }
     void requireOn() const {
         if (!on_) throw PhoneError("the phone is off: boot it first");
+    }
+    void requireLevel(double level) const {
+        requireOn();
+        if (!(level >= 0 && level <= 1)) throw PhoneError("a level is from 0 to 1");
     }
     void requireTouch() const {
         requireOn();

@@ -7,6 +7,7 @@
 #include "simulator/rendering/png.hpp"
 #include "simulator/springboard/display.hpp"
 #include "simulator/springboard/orientation.hpp"
+#include "simulator/springboard/setting_effects.hpp"
 #include "simulator/springboard/uikit_bridge.hpp"
 
 namespace simulator {
@@ -41,7 +42,9 @@ UprightScreen uprightScreen() {
     AutoreleasePool pool;
     long orientation = activeOrientation();
     CGSize size = interfaceSize(orientation);
-    return {upright(screenScene(), orientation), {size.width, size.height}};
+    rendering::Node root = upright(screenScene(), orientation);
+    tintScreen(root);
+    return {std::move(root), {size.width, size.height}};
 }
 
 rendering::Surface screenPicture(double pixelsPerPoint) {

@@ -23,24 +23,31 @@ constexpr double hysteresis = 10;    // points that a finger moves before it is 
 constexpr double restingTime = 0.1;  // seconds without a move after which a finger is at rest
 constexpr double unlockDistance = 60;
 
+// The form of the report is that of the system version: from 13.4 on it names the gesture.
+template <FixedString threeParts>
 void send(Object receiver, const PullReport& report) {
     SBGrabberTongue tongue = grabberTongue();
+    if (pullReportsNameTheGesture()) {
+        receiver.send<threeParts + FixedString{"andGesture:"}>(tongue, report.distance,
+                                                               report.velocity, edgePullPan());
+    } else {
+        receiver.send<threeParts>(tongue, report.distance, report.velocity);
+    }
+}
+
+void send(Object receiver, const PullReport& report) {
     switch (report.stage) {
         case UIGestureRecognizer::began:
-            receiver.send<"grabberTongueBeganPulling:withDistance:andVelocity:">(
-                tongue, report.distance, report.velocity);
+            send<"grabberTongueBeganPulling:withDistance:andVelocity:">(receiver, report);
             break;
         case UIGestureRecognizer::changed:
-            receiver.send<"grabberTongueUpdatedPulling:withDistance:andVelocity:">(
-                tongue, report.distance, report.velocity);
+            send<"grabberTongueUpdatedPulling:withDistance:andVelocity:">(receiver, report);
             break;
         case UIGestureRecognizer::ended:
-            receiver.send<"grabberTongueEndedPulling:withDistance:andVelocity:">(
-                tongue, report.distance, report.velocity);
+            send<"grabberTongueEndedPulling:withDistance:andVelocity:">(receiver, report);
             break;
         default:
-            receiver.send<"grabberTongueCanceledPulling:withDistance:andVelocity:">(
-                tongue, report.distance, report.velocity);
+            send<"grabberTongueCanceledPulling:withDistance:andVelocity:">(receiver, report);
     }
 }
 

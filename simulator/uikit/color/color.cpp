@@ -21,18 +21,22 @@ constexpr Rgba bytes(int red, int green, int blue) {
 }
 
 // What the platform's own names stand for: red, green, blue and the light and dark system colours.
+// Each is made once: the same name gives the same object.
 template <FixedString colorName, int red, int green, int blue, int alphaPercent = 100>
 void addFixed(const Table<UIColor>& colors) {
     colors.classMethod<colorName>([](Class) -> UIColor {
         Rgba rgba = bytes(red, green, blue);
         rgba.alpha = alphaPercent / 100.0;
-        return makeColor(rgba);
+        static id made = retained(makeColor(rgba)).leak();
+        return UIColor(made);
     });
 }
 template <FixedString colorName, int r, int g, int b, int dr, int dg, int db>
 void addDynamic(const Table<UIColor>& colors) {
-    colors.classMethod<colorName>(
-        [](Class) -> UIColor { return makeColor(bytes(r, g, b), bytes(dr, dg, db)); });
+    colors.classMethod<colorName>([](Class) -> UIColor {
+        static id made = retained(makeColor(bytes(r, g, b), bytes(dr, dg, db))).leak();
+        return UIColor(made);
+    });
 }
 
 void addStandardColors(const Table<UIColor>& colors) {

@@ -52,6 +52,7 @@ CALayer presentationOf(CALayer layer) {
     to.multiply = from.multiply ? retained(makeColor(to.values.multiply)) : from.multiply;
     to.border = from.border;
     to.contents = from.contents;
+    to.mask = from.mask;
     to.layerName = from.layerName;
     to.isPresentation = true;
     return copy.autoreleased();
@@ -115,6 +116,7 @@ void addAppearance(const Table<CALayer>& layers) {
             layerState(l).values.hasMultiply = color != nullptr;
             colorSet(l, layerState(l).multiply, Property::multiply, color);
         })
+        .property<"mask", &LayerState::mask>()
         .property<"contents", &LayerState::contents>()
         .property<"name", &LayerState::layerName>()
         .property<"delegate", &LayerState::delegate>();

@@ -63,6 +63,7 @@ struct LayerState {
     Strong<Object> contents;
     Copied<NSString> layerName;
     std::vector<Strong<CALayer>> sublayers;
+    Strong<CALayer> mask;
     CALayer superlayer;  // not owned
     Object delegate;     // not owned; the view of a view's layer
     std::vector<RunningAnimation> animations;

@@ -1,5 +1,7 @@
 #include "simulator/uikit/screen/screen.hpp"
 
+#include <algorithm>
+
 namespace simulator {
 
 Screen& screen() {
@@ -12,6 +14,12 @@ CGRect Screen::bounds() const {
         orientation == orientationLandscapeLeft || orientation == orientationLandscapeRight;
     return turned ? rect(0, 0, portrait.height, portrait.width)
                   : rect(0, 0, portrait.width, portrait.height);
+}
+
+void setScreenBrightness(double level) {
+    screen().brightness = std::clamp(level, 0.0, 1.0);
+    NSNotificationCenter::defaultCenter().send<"postNotificationName:object:userInfo:">(
+        "UIScreenBrightnessDidChangeNotification"_ns, UIScreen::mainScreen(), NSDictionary());
 }
 
 void registerScreen() {
@@ -28,6 +36,8 @@ void registerScreen() {
         })
         .method<"scale">([](UIScreen) -> double { return screen().scale; })
         .method<"nativeScale">([](UIScreen) -> double { return screen().scale; })
+        .method<"brightness">([](UIScreen) -> double { return screen().brightness; })
+        .method<"setBrightness:">([](UIScreen, double level) { setScreenBrightness(level); })
         .method<"maximumFramesPerSecond">([](UIScreen) -> long { return 60; })
         .method<"traitCollection">([](UIScreen) { return traitsOf(screen().style); });
 }

@@ -15,6 +15,7 @@ struct Screen {
     long orientation = orientationPortrait;  // of the interface
     long style = 1;                          // UIUserInterfaceStyle: light 1, dark 2
     std::string systemVersion = "13.3";
+    double brightness = 0.5;  // of the backlight, 0 to 1
 
     CGRect bounds() const;
 };
@@ -23,6 +24,9 @@ Screen& screen();
 
 // Changes the style of the whole phone and tells views and controllers, from each window down.
 void setInterfaceStyle(long style);
+
+// Clamped to 0 to 1; tells all who listen, also when it is the same.
+void setScreenBrightness(double level);
 
 void registerScreen();
 void registerDevice();

@@ -19,8 +19,17 @@ void layoutOnce(UIView view) {
     controller.send<"viewDidLayoutSubviews">();
 }
 
+// A view whose layer masks this one's belongs to the tree of layers, though to no view's subviews.
+UIView maskOf(UIView view) {
+    CALayer mask = layerState(layerOf(view)).mask;
+    if (!mask) return UIView();
+    Object delegate = layerState(mask).delegate;
+    return delegate.isKindOfClass(classOf<UIView>()) ? as<UIView>(delegate) : UIView();
+}
+
 bool needsLayoutBelow(UIView view) {
     if (viewState(view).needsLayout) return true;
+    if (UIView mask = maskOf(view); mask && needsLayoutBelow(mask)) return true;
     for (auto& subview : viewState(view).subviews) {
         if (needsLayoutBelow(subview)) return true;
     }
@@ -30,6 +39,7 @@ bool needsLayoutBelow(UIView view) {
 void passOver(UIView view) {
     Strong<UIView> kept = retained(view);
     if (viewState(view).needsLayout) layoutOnce(view);
+    if (UIView mask = maskOf(view)) passOver(mask);
     auto subviews = viewState(view).subviews;
     for (auto& subview : subviews) {
         if (viewState(subview).superview == view) passOver(subview);

@@ -1,0 +1,221 @@
+#include "simulator/services/setting_agents.hpp"
+
+#include <algorithm>
+#include <vector>
+
+#include "platform/system_settings.hpp"
+#include "simulator/foundation/bundles.hpp"
+#include "simulator/runtime/darwin.hpp"
+#include "simulator/services/system_settings.hpp"
+#include "simulator/springboard/windows.hpp"
+#include "simulator/uikit/screen/screen.hpp"
+#include "simulator/uikit/table.hpp"
+
+namespace simulator {
+
+namespace {
+
+struct DNDState : Object {
+    static constexpr FixedString name{"DNDState"};
+    using Object::Object;
+};
+
+// Objects that listen; not owned, and gone from here when they go.
+template <class T>
+std::vector<T>& listeners() {
+    static auto& all = *new std::vector<T>;
+    return all;
+}
+
+// A state that remembers being one of the listeners.
+template <class T>
+struct Listening {
+    T self;
+    KeptBlock<void()> told;
+    ~Listening() { std::erase(listeners<T>(), self); }
+};
+
+using BlueLightState = Listening<CBBlueLightClient>;
+using AdaptationState = Listening<CBAdaptationClient>;
+
+template <class T>
+void listen(T client, BlockRef<void()> told) {
+    auto& state = stateOf<Listening<T>>(client);
+    state.told = KeptBlock<void()>(told);
+    if (std::exchange(state.self, client)) return;
+    listeners<T>().push_back(client);
+}
+
+template <class T>
+void tellClients() {
+    const auto clients = listeners<T>();
+    for (T client : clients) stateOf<Listening<T>>(client).told();
+}
+
+bool fill(BlueLightStatus* status) {
+    if (!status) return false;
+    const bool on = isOn(Setting::nightShift);
+    *status = BlueLightStatus{on, on, true, 0, 22, 0, 7, 0, 0, true};
+    return true;
+}
+
+void registerDisplayClients() {
+    table<CBBlueLightClient, Object, BlueLightState>()
+        .classMethod<"supportsBlueLightReduction">([](Class) -> bool { return true; })
+        .method<"getBlueLightStatus:">(
+            [](CBBlueLightClient, BlueLightStatus* status) -> bool { return fill(status); })
+        .method<"setEnabled:">([](CBBlueLightClient, bool on) -> bool {
+            setOn(Setting::nightShift, on);
+            return true;
+        })
+        .method<"setStatusNotificationBlock:">(
+            [](CBBlueLightClient self, BlockRef<void()> told) { listen(self, told); });
+    table<CBAdaptationClient, Object, AdaptationState>()
+        .classMethod<"supportsAdaptation">([](Class) -> bool { return true; })
+        .method<"getEnabled">([](CBAdaptationClient) -> bool { return isOn(Setting::trueTone); })
+        .method<"setEnabled:">([](CBAdaptationClient, bool on) -> bool {
+            setOn(Setting::trueTone, on);
+            return true;
+        })
+        .method<"setNotificationBlock:">(
+            [](CBAdaptationClient self, BlockRef<void()> told) { listen(self, told); });
+}
+
+void registerBatterySaver() {
+    table<CDBatterySaver, Object>()
+        .classMethod<"batterySaver">([](Class cls) -> CDBatterySaver {
+            static id shared = Object(classObject(cls)).send<"new", Object>().get();
+            return CDBatterySaver(shared);
+        })
+        .method<"getPowerMode">([](CDBatterySaver) -> long {
+            return isOn(Setting::lowPower) ? CDBatterySaver::low : CDBatterySaver::normal;
+        })
+        .method<"setMode:">([](CDBatterySaver, long mode) -> long {
+            setOn(Setting::lowPower, mode == CDBatterySaver::low);
+            return mode;
+        });
+}
+
+void registerSystemAgent() {
+    using Agent = SBControlCenterSystemAgent;
+    table<Agent, Object>()
+        .method<"isOrientationLocked">([](Agent) -> bool { return isOn(Setting::orientationLock); })
+        .method<"lockOrientation">([](Agent) { setOn(Setting::orientationLock, true); })
+        .method<"unlockOrientation">([](Agent) { setOn(Setting::orientationLock, false); })
+        .method<"isRingerMuted">([](Agent) -> bool { return isOn(Setting::ringerMute); })
+        .method<"setRingerMuted:">([](Agent, bool muted) { setOn(Setting::ringerMute, muted); });
+}
+
+constexpr unsigned long brightestLevel = 4;
+
+// A flashlight that is not available cannot be turned on.
+void registerFlashlight() {
+    using Flashlight = SBUIFlashlightController;
+    table<Flashlight, Object>()
+        .classMethod<"sharedInstance">([](Class cls) -> Flashlight {
+            static id shared = Object(classObject(cls)).send<"new", Object>().get();
+            return Flashlight(shared);
+        })
+        .method<"level">([](Flashlight) -> unsigned long {
+            return isOn(Setting::flashlight) ? brightestLevel : 0;
+        })
+        .method<"isAvailable">([](Flashlight) -> bool { return isFlashlightAvailable(); })
+        .method<"turnFlashlightOnForReason:">([](Flashlight, NSString) {
+            if (isFlashlightAvailable()) setOn(Setting::flashlight, true);
+        })
+        .method<"turnFlashlightOffForReason:">(
+            [](Flashlight, NSString) { setOn(Setting::flashlight, false); })
+        .method<"addObserver:">([](Flashlight, Object observer) {
+            if (observer) listeners<Object>().push_back(observer);
+        })
+        .method<"removeObserver:">(
+            [](Flashlight, Object observer) { std::erase(listeners<Object>(), observer); });
+}
+
+void tellFlashlightObservers() {
+    const auto observers = listeners<Object>();
+    for (Object observer : observers) {
+        if (observer.respondsTo(selector<"flashlightLevelDidChange:">())) {
+            observer.send<"flashlightLevelDidChange:">(isOn(Setting::flashlight) ? brightestLevel
+                                                                                 : 0UL);
+        }
+        if (observer.respondsTo(selector<"flashlightAvailabilityDidChange:">())) {
+            observer.send<"flashlightAvailabilityDidChange:">(isFlashlightAvailable());
+        }
+    }
+}
+
+// Systems before 13.0 have no dark style to turn to.
+bool knowsStyles() { return std::atof(screen().systemVersion.c_str()) >= 13.0; }
+
+void registerStyleMode() {
+    struct State {
+        long mode;
+    };
+    table<UISUserInterfaceStyleMode, Object, State>()
+        .method<"modeValue">([](UISUserInterfaceStyleMode self) -> long {
+            const long own = stateOf<State>(self).mode;
+            return own ? own : screen().style;
+        })
+        .method<"setModeValue:">([](UISUserInterfaceStyleMode self, long mode) {
+            if (mode != UISUserInterfaceStyleMode::light && mode != UISUserInterfaceStyleMode::dark)
+                return;
+            stateOf<State>(self).mode = mode;
+            if (!knowsStyles()) return;
+            setInterfaceStyle(mode);
+            refreshWindows();
+        });
+}
+
+void registerDoNotDisturb() {
+    table<DNDState, Object>().method<"isActive">(
+        [](DNDState) -> bool { return isOn(Setting::doNotDisturb); });
+    // Reached by key only, as the variable of a device is.
+    table<DNDUIControlCenterModule, Object>()
+        .method<"_currentState">(
+            [](DNDUIControlCenterModule) { return create<DNDState>().autoreleased(); })
+        .method<"_toggleStateForActive:">(
+            [](DNDUIControlCenterModule, bool active) { setOn(Setting::doNotDisturb, active); });
+}
+
+// What the rest of the system is told.
+void announce(Setting setting) {
+    switch (setting) {
+        case Setting::lowPower:
+            NSNotificationCenter::defaultCenter().post(
+                "NSProcessInfoPowerStateDidChangeNotification"_ns);
+            break;
+        case Setting::ringerMute:
+            postDarwin("com.apple.springboard.ringerstate");
+            break;
+        case Setting::flashlight:
+            tellFlashlightObservers();
+            break;
+        case Setting::nightShift:
+            tellClients<CBBlueLightClient>();
+            break;
+        case Setting::trueTone:
+            tellClients<CBAdaptationClient>();
+            break;
+        default:
+            break;
+    }
+}
+
+}  // namespace
+
+void registerSettingAgents() {
+    registerDisplayClients();
+    registerBatterySaver();
+    registerSystemAgent();
+    registerFlashlight();
+    registerStyleMode();
+    onSettingChange(&announce);
+}
+
+void announceDoNotDisturb() {
+    onBundleLoad("/System/Library/ControlCenter/Bundles/DoNotDisturbModule.bundle",
+                 &registerDoNotDisturb);
+}
+
+}  // namespace simulator

@@ -1,0 +1,74 @@
+#include "toggles/brightness_slider.hpp"
+
+#include "core/notifications.hpp"
+#include "platform/definition.hpp"
+#include "platform/system_levels.hpp"
+#include "toggles/slider_glyph.hpp"
+
+namespace vantori {
+
+namespace {
+
+struct BrightnessState {
+    Strong<CCUIDisplayModuleViewController> module;
+    Strong<SBBrightnessController> controller;
+};
+
+BrightnessState& stateIn(VNTBrightnessSlider self) { return stateOf<BrightnessState>(self); }
+
+void showGlyph(VNTBrightnessSlider self, float brightness) {
+    setGlyphState(self, glyphStateFor(brightness, {"min"_ns, "min"_ns, "mid"_ns, "full"_ns}));
+}
+
+// The module tells the slider of changes, and is asked for the brightness.
+void ensureModule(VNTBrightnessSlider self) {
+    Strong<CCUIDisplayModuleViewController>& module = stateIn(self).module;
+    if (module) return;
+    module = create<CCUIDisplayModuleViewController>();
+    module.setDelegate(self);
+}
+
+VNTBrightnessSlider initWithFrame(VNTBrightnessSlider raw, CGRect frame) {
+    auto self = super<VNTBrightnessSlider, "initWithFrame:", VNTBrightnessSlider>(raw, frame);
+    if (!self) return self;
+    stateIn(self).controller = retained(SBBrightnessController::shared());
+    createGlyph(self,
+                "/System/Library/ControlCenter/Bundles/DisplayModule.bundle/Brightness.ca"_ns);
+    observe(self, selector<"refreshValue">(), local::screenBrightnessDidChange());
+    ensureModule(self);
+    return self;
+}
+
+void show(VNTBrightnessSlider self, float brightness) {
+    super<VNTBrightnessSlider, "adjustSlider:">(self, brightness);
+    showGlyph(self, brightness);
+}
+
+void adjustValue(VNTBrightnessSlider self, float brightness) {
+    showGlyph(self, brightness);
+    stateIn(self).controller.setLevel(brightness, false);
+    ensureModule(self);
+}
+
+void refreshValue(VNTBrightnessSlider self) {
+    ensureModule(self);
+    show(self, stateIn(self).module.currentBrightness());
+}
+
+void brightnessDidChange(VNTBrightnessSlider self, Object, float brightness) {
+    show(self, brightness);
+}
+
+}  // namespace
+
+void registerBrightnessSlider() {
+    define<VNTBrightnessSlider, VNTSlider, BrightnessState>()
+        .method<"initWithFrame:", &initWithFrame>()
+        .method<"adjustValue:", &adjustValue>()
+        .method<"refreshValue", &refreshValue>()
+        .method<"displayModuleViewController:brightnessDidChange:", &brightnessDidChange>()
+        .property<"ccController", &BrightnessState::module>()
+        .property<"brightnessController", &BrightnessState::controller>();
+}
+
+}  // namespace vantori

@@ -1,0 +1,215 @@
+#include "toggles/catalogue.hpp"
+
+#include <optional>
+
+#include "core/device_profile.hpp"
+#include "toggles/setting_toggle.hpp"
+#include "toggles/switch_toggle.hpp"
+
+namespace vantori {
+
+namespace {
+
+// The system object that the toggles of one class hold. Each class has a state type of its own.
+template <Handle T, class Setting>
+struct Held {
+    Strong<T> object;
+};
+
+// Overrides of the initialiser that make a toggle's system object come after the base has refreshed
+// the toggle once.
+template <Handle Toggle>
+Toggle initBase(Toggle raw, NSString path, NSString onName, NSString offName) {
+    return super<Toggle, "initWithPackageContentsPath:onString:offString:", Toggle>(
+        raw, path, onName, offName);
+}
+
+// On in dark mode. The names of its package are inverted with respect to the modes, deliberately: on
+// shows "light".
+struct Appearance {
+    using Toggle = VNTAppearanceToggleViewController;
+    static constexpr double duration = 1.0;
+    static std::optional<bool> read(Toggle) {
+        return isSystem13OrLater() &&
+               UITraitCollection::current().userInterfaceStyle() == UITraitCollection::dark;
+    }
+    static void write(Toggle, bool on) {
+        create<UISUserInterfaceStyleMode>().setModeValue(on ? UISUserInterfaceStyleMode::dark
+                                                            : UISUserInterfaceStyleMode::light);
+    }
+};
+
+struct OrientationLock {
+    using Toggle = VNTOrientationLockToggleViewController;
+    static constexpr double duration = 0.8;
+    using State = Held<SBControlCenterSystemAgent, OrientationLock>;
+    static SBControlCenterSystemAgent agent(Toggle self) { return stateOf<State>(self).object; }
+
+    static Toggle init(Toggle raw, NSString path, NSString onName, NSString offName) {
+        Toggle self = initBase(raw, path, onName, offName);
+        if (!self) return self;
+        stateOf<State>(self).object = create<SBControlCenterSystemAgent>();
+        self.refreshState();  // the first one ran before the agent existed
+        return self;
+    }
+    static std::optional<bool> read(Toggle self) { return agent(self).isOrientationLocked(); }
+    static void write(Toggle self, bool on) {
+        if (on) {
+            agent(self).lockOrientation();
+        } else {
+            agent(self).unlockOrientation();
+        }
+    }
+};
+
+// Unlike the orientation lock it does not refresh once it has its agent: until the next refresh it
+// shows off. Deliberate.
+struct Mute {
+    using Toggle = VNTMuteToggleViewController;
+    static constexpr double duration = 0.8;
+    using State = Held<SBControlCenterSystemAgent, Mute>;
+    static SBControlCenterSystemAgent agent(Toggle self) { return stateOf<State>(self).object; }
+
+    static Toggle init(Toggle raw, NSString path, NSString onName, NSString offName) {
+        Toggle self = initBase(raw, path, onName, offName);
+        if (self) stateOf<State>(self).object = create<SBControlCenterSystemAgent>();
+        return self;
+    }
+    static std::optional<bool> read(Toggle self) { return agent(self).isRingerMuted(); }
+    static void write(Toggle self, bool on) { agent(self).setRingerMuted(on); }
+};
+
+struct LowPower {
+    using Toggle = VNTLowPowerToggleViewController;
+    static constexpr double duration = 1.0;
+    static std::optional<bool> read(Toggle) {
+        return CDBatterySaver::shared().powerMode() == CDBatterySaver::low;
+    }
+    static void write(Toggle, bool on) {
+        CDBatterySaver::shared().setMode(on ? CDBatterySaver::low : CDBatterySaver::normal);
+    }
+};
+
+// The module that the first refresh makes is replaced by the initialiser's own.
+struct DoNotDisturb {
+    using Toggle = VNTDNDToggleViewController;
+    static constexpr double duration = 1.0;
+    using State = Held<DNDUIControlCenterModule, DoNotDisturb>;
+    static DNDUIControlCenterModule module(Toggle self) {
+        auto& object = stateOf<State>(self).object;
+        if (!object) object = create<DNDUIControlCenterModule>();
+        return object;
+    }
+
+    static Toggle init(Toggle raw, NSString path, NSString onName, NSString offName) {
+        Toggle self = initBase(raw, path, onName, offName);
+        if (self) stateOf<State>(self).object = create<DNDUIControlCenterModule>();
+        return self;
+    }
+    static void prepare(Toggle self) { module(self); }
+    static std::optional<bool> read(Toggle self) { return module(self).isActive(); }
+    static void write(Toggle self, bool on) { module(self).toggleStateForActive(on); }
+};
+
+struct Flashlight {
+    using Toggle = VNTFlashlightToggleViewController;
+    static constexpr double duration = 0.6;
+    static constexpr bool fadesImages = true;
+    using State = Held<SBUIFlashlightController, Flashlight>;
+    static SBUIFlashlightController controller(Toggle self) { return stateOf<State>(self).object; }
+
+    static void prepare(Toggle self) {
+        auto& object = stateOf<State>(self).object;
+        if (!object) object = retained(SBUIFlashlightController::shared());
+    }
+    static std::optional<bool> read(Toggle self) {
+        return controller(self).level() != 0 && controller(self).isAvailable();
+    }
+    static void write(Toggle self, bool on) {
+        if (on) {
+            controller(self).turnOn("Vantori_turn_on"_ns);
+        } else {
+            controller(self).turnOff("Vantori_turn_off"_ns);
+        }
+    }
+};
+
+// The platform loads no view that a controller is given, so this runs only for whoever calls it.
+template <class Setting>
+void loadClient(typename Setting::Toggle self) {
+    using Toggle = typename Setting::Toggle;
+    super<Toggle, "viewDidLoad">(self);
+    stateOf<typename Setting::State>(self).object = Setting::createClient();
+    self.toggleButton().addTarget(self, selector<"toggleAction:">(), UIControl::touchUpInside);
+    self.refreshState();
+}
+
+template <class Setting>
+void prepareClient(typename Setting::Toggle self, UIColor onColor) {
+    auto& object = stateOf<typename Setting::State>(self).object;
+    if (!object) object = Setting::createClient();
+    self.toggleButton().setOnColor(onColor);
+    self.toggleButton().setOffColor(UIColor::white());
+}
+
+struct NightShift {
+    using Toggle = VNTNightshiftToggleViewController;
+    static constexpr double duration = 1.0;
+    static constexpr bool fadesImages = true;
+    using State = Held<CBBlueLightClient, NightShift>;
+    static Strong<CBBlueLightClient> createClient() { return create<CBBlueLightClient>(); }
+
+    static void prepare(Toggle self) { prepareClient<NightShift>(self, UIColor::systemOrange()); }
+    // Nothing when the status cannot be had: the toggle then stays as it was.
+    static std::optional<bool> read(Toggle self) {
+        BlueLightStatus status{};
+        if (!stateOf<State>(self).object.getStatus(&status)) return std::nullopt;
+        return status.enabled;
+    }
+    static void write(Toggle self, bool on) { stateOf<State>(self).object.setEnabled(on); }
+};
+
+struct TrueTone {
+    using Toggle = VNTTrueToneToggleViewController;
+    static constexpr double duration = 1.0;
+    static constexpr bool fadesImages = true;
+    using State = Held<CBAdaptationClient, TrueTone>;
+    static Strong<CBAdaptationClient> createClient() { return create<CBAdaptationClient>(); }
+
+    static void prepare(Toggle self) { prepareClient<TrueTone>(self, UIColor::systemBlue()); }
+    static std::optional<bool> read(Toggle self) { return stateOf<State>(self).object.enabled(); }
+    static void write(Toggle self, bool on) { stateOf<State>(self).object.setEnabled(on); }
+    static void shown(Toggle self, bool on) {
+        self.toggleButton().onImageView().setAlpha(on ? 1 : 0);
+        self.toggleButton().offImageView().setAlpha(on ? 0 : 1);
+    }
+};
+
+constexpr FixedString initWithNames{"initWithPackageContentsPath:onString:offString:"};
+
+}  // namespace
+
+void registerToggles() {
+    registerToggle();
+    defineSetting<Appearance>();
+    defineSetting<OrientationLock>()
+        .method<initWithNames, &OrientationLock::init>()
+        .property<"ccAgent", &OrientationLock::State::object>();
+    defineSetting<Mute>()
+        .method<initWithNames, &Mute::init>()
+        .property<"ccAgent", &Mute::State::object>();
+    defineSetting<LowPower>();
+    defineSetting<DoNotDisturb>()
+        .method<initWithNames, &DoNotDisturb::init>()
+        .property<"ccDND", &DoNotDisturb::State::object>();
+    defineSetting<Flashlight>().property<"flashlightController", &Flashlight::State::object>();
+    defineSetting<NightShift>()
+        .method<"viewDidLoad", &loadClient<NightShift>>()
+        .property<"blueLightClient", &NightShift::State::object>();
+    defineSetting<TrueTone>()
+        .method<"viewDidLoad", &loadClient<TrueTone>>()
+        .property<"adaptationClient", &TrueTone::State::object>();
+    registerSwitchToggle();
+}
+
+}  // namespace vantori

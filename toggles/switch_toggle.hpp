@@ -1,0 +1,8 @@
+// The toggle that turns a tap into a message.
+#pragma once
+
+namespace vantori {
+
+void registerSwitchToggle();
+
+}  // namespace vantori
