@@ -260,12 +260,6 @@ class SimulatedPhone final : public Phone {
         run([&] { pullFromEdge(pull.edge, pull.distance, pull.seconds, pull.flick.value_or(0)); });
     }
 
-    void toggle(const std::string& name, bool on) override {
-        requireOn();
-        auto setting = settingNamed(name);
-        if (!setting) throw PhoneError("no such setting: " + name);
-        run([&] { setOn(*setting, on); });
-    }
     void volume(double level) override {
         requireLevel(level);
         run([&] { setMediaVolume(level); });
@@ -283,6 +277,12 @@ class SimulatedPhone final : public Phone {
         bool known = false;
         run([&] { known = setAudioRoute(name); });
         if (!known) throw PhoneError("no such route: " + name);
+    }
+    void toggle(const std::string& name, bool on) override {
+        requireOn();
+        auto setting = settingNamed(name);
+        if (!setting) throw PhoneError("no such setting: " + name);
+        run([&] { setOn(*setting, on); });
     }
 
     void interrupt(objc_object* view) override {

@@ -41,6 +41,7 @@ const std::vector<std::string> springBoardRows = {
     "SBReachabilityManager _toggleReachabilityMode",
     "SBBarSwipeAffordanceView _handleReachabilityPanGesture:",
     "SBSwitcherContainerView didMoveToWindow",
+    "MediaControlsVolumeController volumeController:volumeValueDidChange:",
     "SBLockScreenManager lockUIFromSource:withOptions:",
 };
 const std::vector<std::string> controlCenterRows = {
