@@ -34,6 +34,13 @@ void releaseStatusBarPull(VNTSBToolBarController toolbar, double velocity, doubl
     toolbar.setIsEnabled(opens);
 }
 
+// The zone test makes a bottom-edge pull ready; here the first pull of all would find no window to be
+// seen in and a heap of buttons.
+void prepareForFirstPull(VNTSBToolBarController toolbar) {
+    toolbar.makeKeyWindow();
+    toolbar.layoutConnectivityButton();
+}
+
 void followStatusBarPull(UIPanGestureRecognizer pan) {
     VNTSBToolBarController toolbar = VNTSBToolBarController::shared();
     UIView container = pan.view().superview();
@@ -43,6 +50,7 @@ void followStatusBarPull(UIPanGestureRecognizer pan) {
         UIScreen::mainScreen().bounds().size.height - rubberBand(distance, toolbar.suggestedY());
     switch (pan.state()) {
         case UIGestureRecognizer::began:
+            prepareForFirstPull(toolbar);
             toolbar.updateYValueWithAnimation(y);
             pan.setTranslation({0, 0}, container);
             break;
@@ -79,7 +87,7 @@ void statusBarPulledDown(System<void(Object)> system, Object, Object recognizer)
     followStatusBarPull(as<UIPanGestureRecognizer>(recognizer));
 }
 
-void controlCenterPullBegan(TongueReport system, Object self, Object tongue, double distance,
+void controlCenterPullBegan(const TongueReport& system, Object self, Object tongue, double distance,
                             double velocity) {
     VNTSBToolBarController::shared().makeKeyWindow();
     clearPull();
@@ -90,19 +98,19 @@ void controlCenterPullBegan(TongueReport system, Object self, Object tongue, dou
     beginPull(system, sourceOf(self), tongue, distance, velocity);
 }
 
-void controlCenterPullUpdated(TongueReport system, Object self, Object tongue, double distance,
-                              double velocity) {
+void controlCenterPullUpdated(const TongueReport& system, Object self, Object tongue,
+                              double distance, double velocity) {
     sourceOf(self);  // location and orientation are taken afresh on each report
     updatePull(system, tongue, distance, velocity);
 }
 
-void controlCenterPullEnded(TongueReport system, Object, Object tongue, double distance,
+void controlCenterPullEnded(const TongueReport& system, Object, Object tongue, double distance,
                             double velocity) {
     if (leavesToSystem()) clearPull();
     endPull(system, tongue, distance, velocity);
 }
 
-void controlCenterPullCancelled(TongueReport system, Object, Object tongue, double distance,
+void controlCenterPullCancelled(const TongueReport& system, Object, Object tongue, double distance,
                                 double velocity) {
     if (leavesToSystem()) clearPull();
     cancelPull(system, tongue, distance, velocity);

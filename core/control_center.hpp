@@ -10,13 +10,9 @@ namespace vantori {
 bool hasNoHomeButton();
 
 void statusBarPulledDown(System<void(Object)> system, Object self, Object recognizer);
-void controlCenterPullBegan(TongueReport system, Object self, Object tongue, double distance,
-                            double velocity);
-void controlCenterPullUpdated(TongueReport system, Object self, Object tongue, double distance,
-                              double velocity);
-void controlCenterPullEnded(TongueReport system, Object self, Object tongue, double distance,
-                            double velocity);
-void controlCenterPullCancelled(TongueReport system, Object self, Object tongue, double distance,
-                                double velocity);
+PullHandler controlCenterPullBegan;
+PullHandler controlCenterPullUpdated;
+PullHandler controlCenterPullEnded;
+PullHandler controlCenterPullCancelled;
 
 }  // namespace vantori

@@ -29,7 +29,7 @@ const char* finding(const HookRecord& record) {
 
 void describe(const HookRow& row, NSMutableString text) {
     const HookRecord& record = *row.record;
-    text.append("-[");
+    text.append(" -[");
     text.append(row.className);
     text.append(" ");
     text.append(row.selectorName);
@@ -50,8 +50,18 @@ NSString reportText(Class) { return hookReport(); }
 
 NSString hookReport() {
     NSMutableString text = NSMutableString::empty();
+    unsigned long number = 0;
     for (auto rows : {welcomeHooks(), springBoardHooks(), controlCenterHooks()}) {
-        for (const HookRow& row : rows) describe(row, text);
+        for (const HookRow& row : rows) {
+            text.append(++number);
+            describe(row, text);
+        }
+    }
+    for (auto forms : {laterSpringBoardForms(), laterControlCenterForms()}) {
+        for (const LaterForm& form : forms) {
+            text.append("later");
+            describe(form.row, text);
+        }
     }
     return text;
 }

@@ -1,5 +1,6 @@
-// The hook report: for each row, whether its class and method were found, own or inherited, the
-// encoding expected and met, and the calls so far. The class VNTHookReport gives it as text to whoever
+// The hook report: a line for each row of the hook table, numbered in its order, and for each later form
+// of one: whether its class and method were found, own or inherited, the encoding expected and met, and
+// the calls so far. The class VNTHookReport gives it as text to whoever
 // asks at run time: [VNTHookReport text].
 #pragma once
 

@@ -1,18 +1,16 @@
 #include "core/hook_welcome.hpp"
 
-#include <string_view>
-
 #include "platform/definition.hpp"
 #include "toolbar/update_view_controller.hpp"
 
 namespace vantori {
 
-namespace {
-
 #ifndef VANTORI_VERSION
 #define VANTORI_VERSION "1.2.1"
 #endif
-constexpr std::string_view version = VANTORI_VERSION;
+std::string_view programVersion = VANTORI_VERSION;
+
+namespace {
 
 NSString historyPath() {
     return "/var/mobile/Library/Preferences/com.ferolin.VantoriHistoryVersion.plist"_ns;
@@ -39,7 +37,7 @@ bool canReadHistory() {
 // Whether this version is new to the history; it is written down then. A history that can be opened
 // but is no list counts as an empty one.
 bool rememberVersion() {
-    NSString current = NSString::from(version.data());
+    NSString current = NSString::from(programVersion.data());
     if (!canReadHistory()) {
         NSArray::with(current).writeToFile(historyPath(), true);
         return true;
@@ -55,7 +53,7 @@ bool rememberVersion() {
 
 void homeScreenDidMove(System<void()> system, Object self) {
     system();
-    if (version == "debug" || rememberVersion()) self.send<"presentUpdateInfo">();
+    if (programVersion == "debug" || rememberVersion()) self.send<"presentUpdateInfo">();
 }
 
 void addPresentUpdateInfo() {

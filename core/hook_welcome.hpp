@@ -2,11 +2,16 @@
 // shown.
 #pragma once
 
+#include <string_view>
+
 #include "platform/hook.hpp"
 
 namespace vantori {
 
 using namespace platform;
+
+// A literal. "debug" shows the pager at every move of the home screen.
+extern std::string_view programVersion;
 
 void homeScreenDidMove(System<void()> system, Object self);
 

@@ -23,6 +23,7 @@ inline NSString zoneAccepted() { return "com.ferlin.vantori-finish-launching"_ns
 inline NSString finishLaunching() { return "com.ferolin.vantori-finish-launching"_ns; }
 inline NSString controlCenterBack() { return "com.ferolin.vantori-ccback"_ns; }
 inline NSString didRotate() { return "com.ferolin.vantori.did-rotated"_ns; }
+inline NSString nowPlayingChange() { return "com.ferolin.vantori-nowplayingchange"_ns; }
 inline NSString shouldRefreshState() { return "should-refresh-state"_ns; }
 inline NSString shouldRefreshValue() { return "should-refresh-value"_ns; }
 inline NSString shouldShowBrightnessSlider() { return "should-show-brightnessSlider"_ns; }

@@ -1,6 +1,6 @@
 #include "core/pull_scene.hpp"
 
-#include "toolbar/spring.hpp"
+#include "core/spring.hpp"
 
 namespace vantori {
 

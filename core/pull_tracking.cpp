@@ -220,7 +220,8 @@ void cancelPull(const TongueReport& system, Object tongue, double distance, doub
     clearPull();
 }
 
-void pullBegan(TongueReport system, Object self, Object tongue, double distance, double velocity) {
+void pullBegan(const TongueReport& system, Object self, Object tongue, double distance,
+               double velocity) {
     clearPull();
     SBGrabberTongue deck = as<SBFluidSwitcherGestureManager>(self).deckGrabberTongue();
     const CGPoint location =
@@ -229,15 +230,18 @@ void pullBegan(TongueReport system, Object self, Object tongue, double distance,
     beginPull(system, source, tongue, distance, velocity);
 }
 
-void pullUpdated(TongueReport system, Object, Object tongue, double distance, double velocity) {
+void pullUpdated(const TongueReport& system, Object, Object tongue, double distance,
+                 double velocity) {
     updatePull(system, tongue, distance, velocity);
 }
 
-void pullEnded(TongueReport system, Object, Object tongue, double distance, double velocity) {
+void pullEnded(const TongueReport& system, Object, Object tongue, double distance,
+               double velocity) {
     endPull(system, tongue, distance, velocity);
 }
 
-void pullCancelled(TongueReport system, Object, Object tongue, double distance, double velocity) {
+void pullCancelled(const TongueReport& system, Object, Object tongue, double distance,
+                   double velocity) {
     cancelPull(system, tongue, distance, velocity);
 }
 

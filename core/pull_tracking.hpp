@@ -4,14 +4,9 @@
 // points per second, negative back toward the edge.
 #pragma once
 
-#include "platform/hook.hpp"
+#include "core/pull_report.hpp"
 
 namespace vantori {
-
-using namespace platform;
-
-// A report of the grabber tongue: the tongue, the distance and the velocity.
-using TongueReport = System<void(Object, double, double)>;
 
 // Where a report comes from decides how a pull begins.
 struct PullSource {
@@ -33,11 +28,10 @@ void cancelPull(const TongueReport& system, Object tongue, double distance, doub
 // What a pull outside every zone does: the system's own handling runs.
 void letSystemPull(const TongueReport& system, Object tongue, double distance, double velocity);
 
-// The hooks of the switcher's gesture manager.
-void pullBegan(TongueReport system, Object self, Object tongue, double distance, double velocity);
-void pullUpdated(TongueReport system, Object self, Object tongue, double distance, double velocity);
-void pullEnded(TongueReport system, Object self, Object tongue, double distance, double velocity);
-void pullCancelled(TongueReport system, Object self, Object tongue, double distance,
-                   double velocity);
+// The hooks of the switcher's gesture manager, for either form of a report.
+PullHandler pullBegan;
+PullHandler pullUpdated;
+PullHandler pullEnded;
+PullHandler pullCancelled;
 
 }  // namespace vantori

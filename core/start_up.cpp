@@ -10,6 +10,7 @@
 #include "core/variables.hpp"
 #include "platform/definition.hpp"
 #include "platform/loading.hpp"
+#include "toolbar/application_host.hpp"
 #include "toolbar/sb_toolbar_controller.hpp"
 #include "toolbar/update_view_controller.hpp"
 
@@ -31,6 +32,7 @@ struct Frameworks {
 void registerClasses() {
     registerUpdateViewController();
     registerHostWindows();
+    registerApplicationHost();
     registerPages();
     registerPanels();
     registerToolBarController();
@@ -81,10 +83,24 @@ void showTestAlert(Object) {
     alert.send<"show">();
 }
 
+// What a long press on a module's round button asks of the grid of modules.
+void expandModule(UIViewController self, NSString identifier) {
+    if (!self.respondsTo(selector<"expandModuleWithIdentifier:">())) return;
+    self.send<"expandModuleWithIdentifier:">(identifier);
+}
+
 void installSpringBoardHooks() {
     addSceneLayoutAccessors();
     install(springBoardHooks());
+    install(laterSpringBoardForms());
     addMethod<"test", &showTestAlert>(objc_getClass("SBFluidSwitcherGestureManager"));
+    addMethod<"vntExpandModuleWithIdentifier:", &expandModule>(
+        objc_getClass("CCUIModuleCollectionViewController"));
+}
+
+void installControlCenterHooks() {
+    install(controlCenterHooks());
+    install(laterControlCenterForms());
 }
 
 }  // namespace
@@ -103,7 +119,7 @@ void startUp() {
     if (!areFrameworksLoaded(frameworks)) return;
 
     installSpringBoardHooks();
-    if (replaceCC || !hasNoHomeButton()) install(controlCenterHooks());
+    if (replaceCC || !hasNoHomeButton()) installControlCenterHooks();
     observeSettings();
     reloadSettings();
     settingsLoaded = true;

@@ -1,5 +1,5 @@
-// The page of Control Center modules. It lays itself out in a view of one screen width by 100
-// points, which the toolbar places and shows or hides by alpha.
+// The page of Control Center modules: a scroll view for round buttons, one for each module. Nothing
+// fills it yet; the operations that would do so are empty.
 #pragma once
 
 #include "platform/uikit.hpp"
@@ -12,6 +12,7 @@ struct VNTCCTogglesBarViewController : UIViewController {
     static constexpr FixedString name{"VNTCCTogglesBarViewController"};
     using UIViewController::UIViewController;
     UIScrollView scrollView() const { return send<"scrollView", UIScrollView>(); }
+    // Notes once that the buttons have been asked for.
     void setupButtons() const { send<"setupButtons">(); }
 };
 

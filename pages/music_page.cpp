@@ -1,20 +1,193 @@
 #include "pages/music_page.hpp"
 
-#include "platform/definition.hpp"
+#include <algorithm>
+
+#include "core/notifications.hpp"
+#include "pages/music_artwork.hpp"
+#include "pages/music_layout.hpp"
+#include "pages/music_state.hpp"
+#include "pages/music_text.hpp"
+#include "pages/music_transport.hpp"
+#include "platform/springboard.hpp"
 
 namespace vantori {
 
 namespace {
 
-struct MediaPlayerState {
-    bool allowOpenNowPlayingApp;
+using Page = VNTMediaPlayerViewController;
+
+struct ScrollingLine {
+    Strong<MPUMarqueeView> MusicState::* marquee;
+    Strong<UILabel> MusicState::* label;
 };
+constexpr ScrollingLine scrollingLines[] = {
+    {&MusicState::albumMarquee, &MusicState::album},
+    {&MusicState::titleMarquee, &MusicState::title},
+    {&MusicState::subtitleMarquee, &MusicState::subtitle},
+};
+
+constexpr Strong<UIButton> MusicState::* buttons[] = {&MusicState::left, &MusicState::middle,
+                                                      &MusicState::right};
+
+CGSize screenSize() { return UIScreen::mainScreen().bounds().size; }
+
+bool canShowWhileLocked(Page) { return true; }
+
+void createParts(Page self) {
+    MusicState& state = musicState(self);
+    state.artwork = create<UIImageView, "initWithFrame:">(music::artworkFrame());
+    state.placeholder = create<UIImageView, "initWithFrame:">(music::artworkFrame());
+    state.placeholder.setImage(self.placeholder());
+    state.openButton = create<UIButton, "initWithFrame:">(music::artworkFrame());
+    for (int i = 0; i < 3; ++i) {
+        state.*scrollingLines[i].label = create<UILabel>();
+        state.*scrollingLines[i].marquee =
+            create<MPUMarqueeView, "initWithFrame:">(music::lineFrame(screenSize().width, i));
+        state.*buttons[i] =
+            create<UIButton, "initWithFrame:">(music::buttonFrame(screenSize().width, i));
+    }
+}
+
+void loadView(Page self) {
+    super<Page, "loadView">(self);
+    createParts(self);
+    MusicState& state = musicState(self);
+    state.controller = create<MPUNowPlayingController>();
+    state.controller.setDelegate(self);
+    state.openButton.addTarget(self, selector<"openNowPlayingApplication">(),
+                               UIControl::touchUpInside | UIControl::touchUpOutside);
+    observe(self, selector<"stopMarquee">(), local::stopMarquee());
+    observe(self, selector<"startMarquee">(), local::startMarquee());
+}
+
+void addSubviews(Page self, const MusicState& state) {
+    UIView view = self.view();
+    const UIView parts[] = {state.placeholder, state.artwork, state.openButton,
+                            state.left,        state.middle,  state.right};
+    for (UIView part : parts) view.addSubview(part);
+}
+
+void style(const MusicState& state) {
+    for (UIImageView picture : {UIImageView(state.placeholder), UIImageView(state.artwork)}) {
+        picture.layer().setCornerRadius(music::artworkRadius);
+        picture.layer().setMasksToBounds(true);
+    }
+    for (const ScrollingLine& line : scrollingLines) {
+        (state.*line.label).setTextColor(UIColor::white());
+        (state.*line.label).setFont(UIFont::system(music::fontSize));
+    }
+}
+
+void viewDidLoad(Page self) {
+    super<Page, "viewDidLoad">(self);
+    MusicState& state = musicState(self);
+    addSubviews(self, state);
+    style(state);
+    wireButtons(self);
+    state.artworkIdentifier = Copied<NSString>(noArtworkIdentifier());
+    observe(self, selector<"updateButton">(), local::nowPlayingChange());
+    self.updatePlayingInfo();
+    self.setUpMarqueeView();
+}
+
+void viewDidLayoutSubviews(Page self) {
+    super<Page, "viewDidLayoutSubviews">(self);
+    const CGSize screen = screenSize();
+    self.view().setBounds(rect(0, 0, std::min(screen.width, screen.height), music::pageHeight));
+}
+
+UIImage getImage(Page) {
+    return adopted(musicApplicationIcon().send<"copy", UIImage>()).autoreleased();
+}
+
+// The labels keep their size: only texts that scroll make them fit.
+void updatePlayingInfo(Page self) {
+    MPUNowPlayingController player = musicState(self).controller;
+    NSDictionary info = player.info();
+    showPlainText(self, info);
+    refreshArtwork(self, info);
+    showPlaying(self, player.isPlaying());
+}
+
+// On the thread that it comes on. Unlike everywhere else on the page, the play state is SpringBoard's
+// here and not the controller's: deliberate.
+void infoDidChange(Page self, Object, Object) {
+    MPUNowPlayingController player = musicState(self).controller;
+    NSDictionary info = player.info();
+    refreshArtwork(self, info);
+    if (player.isSystemMediaApplication()) reloadArtwork(self, info);
+    showScrollingText(self, info);
+    showPlaying(self, SpringBoard::shared().isNowPlayingApplicationPlaying());
+}
+
+void playbackStateDidChange(Page self, Object, bool) { showPlayingLater(self); }
+
+void updateButton(Page self) { showPlayingLater(self); }
+
+void setUpMarqueeView(Page self) {
+    const MusicState& state = musicState(self);
+    for (const ScrollingLine& line : scrollingLines) {
+        MPUMarqueeView marquee = state.*line.marquee;
+        UILabel label = state.*line.label;
+        NSArray parts = marquee.subviews();
+        if (parts.count() > 0) parts.at<UIView>(0).addSubview(label);
+        marquee.setAnimationReferenceView(label);
+        marquee.setViewForContentSize(label);
+        marquee.setMarqueeEnabled(false);
+    }
+    for (const ScrollingLine& line : scrollingLines) self.view().addSubview(state.*line.marquee);
+}
+
+void setMarqueesEnabled(Page self, bool enabled) {
+    for (const ScrollingLine& line : scrollingLines) {
+        (musicState(self).*line.marquee).setMarqueeEnabled(enabled);
+    }
+}
+
+// A press that was interrupted may have left a button small.
+void startMarquee(Page self) {
+    for (auto button : buttons) (musicState(self).*button).setTransform(identityTransform);
+    setMarqueesEnabled(self, true);
+}
+
+void stopMarquee(Page self) { setMarqueesEnabled(self, false); }
 
 }  // namespace
 
 void registerMusicPage() {
-    define<VNTMediaPlayerViewController, UIViewController, MediaPlayerState>()
-        .property<"allowOpenNowPlayingApp", &MediaPlayerState::allowOpenNowPlayingApp>();
+    define<Page, UIViewController, MusicState>()
+        .method<"_canShowWhileLocked", &canShowWhileLocked>()
+        .method<"loadView", &loadView>()
+        .method<"viewDidLoad", &viewDidLoad>()
+        .method<"viewDidLayoutSubviews", &viewDidLayoutSubviews>()
+        .method<"getImage", &getImage>()
+        .method<"updatePlayingInfo", &updatePlayingInfo>()
+        .method<"nowPlayingController:nowPlayingInfoDidChange:", &infoDidChange>()
+        .method<"nowPlayingController:playbackStateDidChange:", &playbackStateDidChange>()
+        .method<"updateButton", &updateButton>()
+        .method<"setUpMarqueeView", &setUpMarqueeView>()
+        .method<"startMarquee", &startMarquee>()
+        .method<"stopMarquee", &stopMarquee>()
+        .method<"buttonAnimation:", &shrink>()
+        .method<"leftButtonTouchUpInside:", &previousReleased>()
+        .method<"middleButtonTouchUpInside:", &playReleased>()
+        .method<"rightButtonTouchUpInside:", &nextReleased>()
+        .method<"openNowPlayingApplication", &openNowPlayingApplication>()
+        .property<"leftButton", &MusicState::left>()
+        .property<"middleButton", &MusicState::middle>()
+        .property<"rightButton", &MusicState::right>()
+        .property<"album", &MusicState::album>()
+        .property<"mediaTitle", &MusicState::title>()
+        .property<"subTitle", &MusicState::subtitle>()
+        .property<"albumMarqueeView", &MusicState::albumMarquee>()
+        .property<"mediaTitleMarqueeView", &MusicState::titleMarquee>()
+        .property<"subTitleMarqueeView", &MusicState::subtitleMarquee>()
+        .property<"albumArtworkImageView", &MusicState::artwork>()
+        .property<"albumPlaceholderImageView", &MusicState::placeholder>()
+        .property<"nowPlayingApplicationButton", &MusicState::openButton>()
+        .property<"mediaNowPlayingController", &MusicState::controller>()
+        .property<"cachedArtworkIdentifier", &MusicState::artworkIdentifier>()
+        .property<"allowOpenNowPlayingApp", &MusicState::allowOpenNowPlayingApp>();
 }
 
 }  // namespace vantori

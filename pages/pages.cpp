@@ -7,6 +7,7 @@ void registerPages() {
     registerMusicPage();
     registerApplicationsPage();
     registerModulesPage();
+    registerModuleRoundButton();
 }
 
 }  // namespace vantori

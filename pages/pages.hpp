@@ -3,6 +3,7 @@
 
 #include "pages/applications_page.hpp"
 #include "pages/connectivity_page.hpp"
+#include "pages/module_round_button.hpp"
 #include "pages/modules_page.hpp"
 #include "pages/music_page.hpp"
 

@@ -62,11 +62,13 @@ auto toWire(T&& value) {
     return Object::wire(value);
 }
 
-// The implementation that the runtime calls for a plain function fn(self, arguments...).
-template <class Definer, class Trace, auto fn>
+// The implementation that the runtime calls for a plain function fn(self, arguments...). The message is a
+// part of its name, so that the audit of the device build can tell what answers it, with which encoding.
+template <class Definer, class Trace, FixedString message, auto fn>
 struct Thunk;
-template <class Definer, class Trace, class R, class Self, class... A, R (*fn)(Self, A...)>
-struct Thunk<Definer, Trace, fn> {
+template <class Definer, class Trace, FixedString message, class R, class Self, class... A,
+          R (*fn)(Self, A...)>
+struct Thunk<Definer, Trace, message, fn> {
     static constexpr auto encoding = MethodEncoding<R, A...>::value;
     static WireOf<R> run(id self, SEL command, WireOf<A>... arguments) {
         Trace::record(Defined<Definer>::value, self, command, arguments...);
@@ -128,7 +130,7 @@ class Definition {
 
     template <FixedString message, auto fn>
     const Definition& method() const {
-        using Implementation = detail::Thunk<T, Trace, fn>;
+        using Implementation = detail::Thunk<T, Trace, message, fn>;
         add(class_, selector<message>(), reinterpret_cast<IMP>(&Implementation::run),
             Implementation::encoding.data());
         return *this;
@@ -136,7 +138,7 @@ class Definition {
 
     template <FixedString message, auto fn>
     const Definition& classMethod() const {
-        using Implementation = detail::Thunk<T, Trace, fn>;
+        using Implementation = detail::Thunk<T, Trace, message, fn>;
         add(object_getClass(classObject(class_)), selector<message>(),
             reinterpret_cast<IMP>(&Implementation::runOnClass), Implementation::encoding.data());
         return *this;
@@ -164,7 +166,7 @@ class Definition {
 // missing class, and one that has the method, stay as they are.
 template <FixedString message, auto fn>
 void addMethod(Class cls) {
-    using Implementation = detail::Thunk<Object, NoTrace, fn>;
+    using Implementation = detail::Thunk<Object, NoTrace, message, fn>;
     if (!cls) return;
     class_addMethod(cls, selector<message>(), reinterpret_cast<IMP>(&Implementation::run),
                     Implementation::encoding.data());

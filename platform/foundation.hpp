@@ -88,6 +88,11 @@ struct NSDictionary : Object {
         return sendClass<NSDictionary, "dictionaryWithContentsOfFile:", NSDictionary>(path);
     }
     Object at(NSString key) const { return send<"objectForKey:", Object>(key); }
+    // Of one entry; empty when there is no value, which the platform would refuse.
+    static NSDictionary with(Object value, NSString key) {
+        if (!value) return NSDictionary();
+        return sendClass<NSDictionary, "dictionaryWithObject:forKey:", NSDictionary>(value, key);
+    }
 };
 
 struct NSFileManager : Object {
@@ -123,6 +128,14 @@ struct NSBundle : Object {
     }
     // Also true when it was loaded before.
     bool load() const { return send<"load", bool>(); }
+};
+
+struct NSURL : Object {
+    static constexpr FixedString name{"NSURL"};
+    using Object::Object;
+    static NSURL from(NSString address) {
+        return sendClass<NSURL, "URLWithString:", NSURL>(address);
+    }
 };
 
 struct NSNotificationCenter : Object {

@@ -105,6 +105,14 @@ class Object {
         return object_ && class_getInstanceMethod(object_getClass(object_), message);
     }
 
+    // As send, for methods that some of the supported systems lack: where the object does not answer the
+    // message, nothing is sent and the result is zero. An unknown message would end SpringBoard.
+    template <FixedString message, class R = void, class... A>
+    R sendIfAnswered(A... arguments) const {
+        if (!respondsTo(selector<message>())) return R();
+        return send<message, R>(arguments...);
+    }
+
     template <class T>
     static auto wire(const T& value) {
         if constexpr (Handle<T>) {

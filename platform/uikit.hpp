@@ -235,6 +235,8 @@ struct UIScreen : Object {
     using Object::Object;
     static UIScreen mainScreen() { return sendClass<UIScreen, "mainScreen", UIScreen>(); }
     CGRect bounds() const { return send<"bounds", CGRect>(); }
+    // Pixels for a point.
+    double scale() const { return send<"scale", double>(); }
 };
 
 struct UIDevice : Object {

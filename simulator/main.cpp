@@ -11,6 +11,7 @@
 #include "simulator/scenario/phone.hpp"
 #include "simulator/scenario/runner.hpp"
 #include "simulator/scenario/statements.hpp"
+#include "simulator/springboard/extension.hpp"
 #include "simulator/window/demo.hpp"
 #include "simulator/window/live_phone.hpp"
 #include "simulator/window/settings_command.hpp"
@@ -111,6 +112,12 @@ int main(int argc, char** argv) {
         ->required()
         ->type_name("FILE");
     addFolders(*runCommand, options);
+    std::filesystem::path library;
+    runCommand
+        ->add_option("--library", library,
+                     "The library to load: a shared object, or on arm64 a phone's dylib")
+        ->check(CLI::ExistingFile)
+        ->type_name("FILE");
     runCommand->footer(statementsHelp());
 
     CLI::App* consoleCommand =
@@ -136,6 +143,7 @@ int main(int argc, char** argv) {
 
     try {
         program.parse(argc, argv);
+        if (!library.empty()) simulator::nameExtension(library);
         if (runCommand->parsed()) return run(files, options);
         if (consoleCommand->parsed()) return simulator::window::runLiveConsole(live, std::cout);
         if (windowCommand->parsed()) return simulator::window::runWindow(live, std::cout);

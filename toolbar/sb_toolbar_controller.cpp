@@ -3,11 +3,11 @@
 #include "core/device_profile.hpp"
 #include "core/notifications.hpp"
 #include "core/settings_file.hpp"
+#include "core/spring.hpp"
 #include "platform/definition.hpp"
 #include "toolbar/arrangement.hpp"
 #include "toolbar/sb_toolbar_layout.hpp"
 #include "toolbar/sb_toolbar_state.hpp"
-#include "toolbar/spring.hpp"
 
 namespace vantori {
 

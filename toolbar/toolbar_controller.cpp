@@ -3,12 +3,12 @@
 #include <array>
 
 #include "core/device_profile.hpp"
+#include "core/lifted_scene.hpp"
 #include "core/notifications.hpp"
 #include "core/settings_callbacks.hpp"
 #include "core/settings_file.hpp"
 #include "platform/definition.hpp"
 #include "toolbar/arrangement.hpp"
-#include "toolbar/spring.hpp"
 
 namespace vantori {
 
@@ -294,24 +294,12 @@ bool shouldReceiveTouch(VNTToolBarController self, UIGestureRecognizer, Object t
     return !onSlider;
 }
 
-// The container of the application in front, which the pull lifted and rounded.
-UIView liftedContainer() {
-    NSArray views = SBMainDisplaySceneLayoutViewController::main().view().subviews();
-    return views.count() > 1 ? views.at<UIView>(1) : UIView();
-}
-
 void handleDismissGesture(VNTToolBarController self, UIGestureRecognizer) {
     post(local::controlCenterBack());
-    UIView container = liftedContainer();
-    const CGSize screen = screenSize();
-    auto lower = block([container = retained(container), screen] {
-        container.setFrame(rect(0, 0, screen.width, screen.height));
-        container.layer().setCornerRadius(0);
-    });
     auto rearm = block<void(bool)>([toolbar = retained(self)](bool finished) {
         if (finished) toolbar.setCanToggleReachability(true);
     });
-    animateWithSharedSpring(lower, rearm);
+    lowerLiftedScene(rearm);
     VNTToolBarController::shared().setIsEnabled(false);
     postDarwin(darwin::backNow());
 }

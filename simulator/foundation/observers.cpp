@@ -1,7 +1,6 @@
 #include "simulator/foundation/observers.hpp"
 
-#include <unordered_set>
-
+#include "platform/definition.hpp"
 #include "platform/foundation.hpp"
 #include "simulator/foundation/replacement.hpp"
 
@@ -10,36 +9,46 @@ namespace simulator {
 namespace {
 
 using platform::NSNotificationCenter;
+using platform::Object;
 
-std::unordered_set<id>& observers() {
-    static auto& all = *new std::unordered_set<id>;
-    return all;
-}
+// Tied to an observer, it goes with it.
+struct ObserverTie : Object {
+    static constexpr platform::FixedString name{"SimulatedObserverTie"};
+    using Object::Object;
+};
 
-void (*systemAdd)(id, SEL, id, SEL, id, id) = nullptr;
-void (*systemDealloc)(id, SEL) = nullptr;
-
-void add(id self, SEL command, id observer, SEL action, id name, id object) {
-    if (observer) observers().insert(observer);
-    systemAdd(self, command, observer, action, name, object);
-}
-
-void dealloc(id self, SEL command) {
-    if (!observers().empty() && observers().erase(self) > 0) {
-        NSNotificationCenter::defaultCenter().send<"removeObserver:">(self);
+struct TieState {
+    Object observer;  // not owned: the tie dies while it is still there
+    ~TieState() {
+        if (observer) NSNotificationCenter::defaultCenter().send<"removeObserver:">(observer);
     }
-    systemDealloc(self, command);
+};
+
+const char tieKey = 0;
+
+void tie(id observer) {
+    if (!observer || objc_getAssociatedObject(observer, &tieKey)) return;
+    auto fresh = platform::create<ObserverTie>();
+    platform::stateOf<TieState>(fresh).observer = Object(observer);
+    objc_setAssociatedObject(observer, &tieKey, fresh.get(),
+                             platform::associationRetainNonatomic);
+}
+
+void (*systemAddObserver)(id, SEL, id, SEL, id, id) = nullptr;
+
+void addObserver(id self, SEL command, id observer, SEL action, id name, id object) {
+    systemAddObserver(self, command, observer, action, name, object);
+    if (NSNotificationCenter::defaultCenter().get() == self) tie(observer);
 }
 
 }  // namespace
 
 void installObservers() {
-    if (systemAdd) return;
-    systemAdd = reinterpret_cast<void (*)(id, SEL, id, SEL, id, id)>(
+    if (systemAddObserver) return;
+    platform::define<ObserverTie, Object, TieState>();
+    systemAddObserver = reinterpret_cast<void (*)(id, SEL, id, SEL, id, id)>(
         replaceMethod("NSNotificationCenter", MethodKind::instance,
-                      "addObserver:selector:name:object:", reinterpret_cast<IMP>(&add)));
-    systemDealloc = reinterpret_cast<void (*)(id, SEL)>(replaceMethod(
-        "NSObject", MethodKind::instance, "dealloc", reinterpret_cast<IMP>(&dealloc)));
+                      "addObserver:selector:name:object:", reinterpret_cast<IMP>(&addObserver)));
 }
 
 }  // namespace simulator

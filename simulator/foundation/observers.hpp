@@ -1,5 +1,5 @@
-// Observers that are gone: since iOS 9 the notification centre skips them, while GNUstep's would send
-// to freed memory. An object that observes is taken out of the centre when it is deallocated.
+// Observers of the default notification centre that die without saying so are forgotten, as the
+// platform does since iOS 9; GNUstep's centre would go on sending to them.
 #pragma once
 
 namespace simulator {

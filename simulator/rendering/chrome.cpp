@@ -30,7 +30,13 @@ void addIndicators(Node& bar, const StatusBar& state, double right, double middl
         right -= step;
     };
     add("battery", 26, 0, batteryColour(state), state.battery, 30);
-    if (state.wifiOn) add("wifi", 17, 0.4, state.colour, state.wifi, 21);
+    if (state.wifiOn) {
+        add("wifi", 17, 0.4, state.colour, state.wifi, 21);
+    } else if (!state.network.empty()) {
+        bar.children.push_back(textNode({{right - 26, middle - 8}, {26, 16}}, state.network, 11.5,
+                                        600, state.colour, TextAlignment::right));
+        right -= 30;
+    }
     if (state.airplane)
         add("airplane", 16, 0, state.colour, 1, 20);
     else

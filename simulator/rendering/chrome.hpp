@@ -17,6 +17,7 @@ struct StatusBar {
     bool lowPower = false;
     bool airplane = false;
     bool wifiOn = true;
+    std::string network{};  // of cellular data, shown where the waves of Wi-Fi are not
     Colour colour{1, 1, 1, 1};
 };
 

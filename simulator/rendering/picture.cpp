@@ -66,6 +66,14 @@ PictureRef Picture::pixels(Surface surface, double scale) {
     return picture;
 }
 
+PictureRef Picture::pixelsLater(Size size, double scale, std::function<Surface()> make) {
+    auto picture = std::make_shared<Picture>();
+    picture->size_ = size;
+    picture->scale_ = scale;
+    picture->make_ = std::move(make);
+    return picture;
+}
+
 PictureRef Picture::drawing(Size size, Drawing draw) {
     auto picture = std::make_shared<Picture>();
     picture->size_ = size;
@@ -88,7 +96,8 @@ const Surface& Picture::raster(double pixelsPerPoint) const {
 const Surface& Picture::halved(int times) const {
     const auto found = rasters_.find(times);
     if (found != rasters_.end()) return found->second;
-    return rasters_.emplace(times, halfSize(halved(times - 1))).first->second;
+    return rasters_.emplace(times, times == 0 ? make_() : halfSize(halved(times - 1)))
+        .first->second;
 }
 
 const Surface& Picture::drawn(double pixelsPerPoint) const {

@@ -143,7 +143,9 @@ PictureRef wallpaper(Size points, double scale, bool dark) {
     const auto key = std::make_tuple(width, height, dark);
     if (const auto found = made.find(key); found != made.end()) return found->second;
     if (made.size() >= kept) made.clear();
-    return made.emplace(key, Picture::pixels(paintWallpaper(width, height, dark), scale))
+    // A phone that shows no picture of itself paints none: most of a start would go into it.
+    auto paint = [=] { return paintWallpaper(width, height, dark); };
+    return made.emplace(key, Picture::pixelsLater({width / scale, height / scale}, scale, paint))
         .first->second;
 }
 

@@ -51,6 +51,8 @@ class Journal {
             return platform::retained(platform::Object(value));
         } else if constexpr (std::is_constructible_v<Argument, T>) {
             return value;
+        } else if constexpr (requires { journaled(value); }) {  // a record that says how
+            return journaled(value);
         } else {
             return static_cast<const void*>(nullptr);
         }

@@ -50,7 +50,7 @@ void interrupt(Line& line) {
     line.phone().interrupt(view);
 }
 
-constexpr std::array<Form, 28> forms{{
+constexpr std::array<Form, 29> forms{{
     {"wait S", booted, "lets S seconds of the phone's time pass",
      [](Line& line) { line.phone().wait(line.seconds("S")); }},
     {"open BUNDLE", booted, "brings an application to the front",
@@ -107,6 +107,9 @@ constexpr std::array<Form, 28> forms{{
      [](Line& line) { line.phone().playing(line.chose("yes")); }},
     {"nothing-playing", booted, "nothing is loaded in the player",
      [](Line& line) { line.phone().nothingPlaying(); }},
+    {"player-callbacks main|other", booted,
+     "the thread on which the player tells of itself; main is the default",
+     [](Line& line) { line.phone().playerCallbacks(line.chose("other")); }},
     {"toggle TOGGLE on|off", booted,
      "someone else flips orientationlock, ringermute, lowpower, donotdisturb, flashlight, "
      "nightshift or truetone",

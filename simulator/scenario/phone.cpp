@@ -10,6 +10,7 @@ namespace {
 
 }  // namespace
 
+void Phone::floatingDock() { absent("the floating dock"); }
 void Phone::connectivityFails(int) { absent("the connectivity module"); }
 void Phone::connectivityButton(double, double) { absent("the connectivity module"); }
 void Phone::sceneAfter(const std::string&, int) { absent("the process manager"); }
@@ -22,6 +23,7 @@ void Phone::route(const std::string&) { absent("the audio route"); }
 void Phone::play(const Song&) { absent("the player"); }
 void Phone::playing(bool) { absent("the player"); }
 void Phone::nothingPlaying() { absent("the player"); }
+void Phone::playerCallbacks(bool) { absent("the player"); }
 void Phone::toggle(const std::string& name, bool) { absent(("the setting " + name).c_str()); }
 
 }  // namespace simulator

@@ -67,6 +67,7 @@ class Phone {
     virtual void missingClass(const std::string& name) = 0;
     virtual void missingBundle(const std::string& path) = 0;
     virtual void dock(int icons) = 0;
+    virtual void floatingDock();
     virtual void connectivityFails(int creations);
     virtual void sceneAfter(const std::string& bundle, int creation);
     virtual void withoutExtension() = 0;
@@ -105,6 +106,8 @@ class Phone {
     virtual void play(const Song& song);
     virtual void playing(bool yes);
     virtual void nothingPlaying();
+    // On which thread the player tells of itself: the main one, or one of its own.
+    virtual void playerCallbacks(bool otherThread);
     virtual void toggle(const std::string& name, bool on);
     virtual void interrupt(objc_object* view) = 0;
     virtual void post(const std::string& notification) = 0;

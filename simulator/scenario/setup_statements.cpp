@@ -10,7 +10,7 @@ namespace {
 constexpr auto before = Phase::setup;
 constexpr auto always = Phase::always;
 
-constexpr std::array<Form, 19> forms{{
+constexpr std::array<Form, 20> forms{{
     {"device IDENT", before, "machine identifier, as uname reports it (iPhone10,3)",
      [](Line& line) { line.phone().device(line.word("IDENT")); }},
     {"screen W H SCALE", before, "overrides the device's screen, in points",
@@ -37,6 +37,11 @@ constexpr std::array<Form, 19> forms{{
      [](Line& line) { line.phone().missingBundle(line.word("PATH")); }},
     {"dock ICONS", before, "how many icons the dock holds (4)",
      [](Line& line) { line.phone().dock(line.count("ICONS")); }},
+    {"dock ICONS floating", before, "the same, in a floating dock",
+     [](Line& line) {
+         line.phone().dock(line.count("ICONS"));
+         line.phone().floatingDock();
+     }},
     {"connectivity-button W H", always, "intrinsic size of the connectivity buttons (60 60)",
      [](Line& line) { line.phone().connectivityButton(line.number("W"), line.number("H")); }},
     {"connectivity-fails N", before, "the first N airplane controllers are nil (0)",

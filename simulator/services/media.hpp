@@ -1,4 +1,5 @@
-// SpringBoard's media controller: the object that the rest of the system talks to.
+// SpringBoard's side of what plays: the controller that takes commands, and SpringBoard's reports of
+// the application that plays.
 #pragma once
 
 namespace simulator {

@@ -6,6 +6,7 @@
 #include "simulator/rendering/nodes.hpp"
 #include "simulator/rendering/painter.hpp"
 #include "simulator/rendering/wallpaper.hpp"
+#include "simulator/services/radios.hpp"
 #include "simulator/services/system_settings.hpp"
 #include "simulator/springboard/configuration.hpp"
 #include "simulator/springboard/uikit_bridge.hpp"
@@ -70,6 +71,9 @@ void addStatusBar(Node& root, rendering::Size size, bool white) {
     if (notch && !upright) return;
     rendering::StatusBar bar;
     bar.colour = ink(white);
+    bar.airplane = isOn(Radio::airplane);
+    bar.wifiOn = isOn(Radio::wifi);
+    if (!bar.wifiOn && isOn(Radio::cellular)) bar.network = "LTE";
     bar.lowPower = isOn(Setting::lowPower);
     root.children.push_back(rendering::statusBar(bar, size.width, notch));
 }

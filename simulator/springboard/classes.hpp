@@ -2,7 +2,10 @@
 // are in platform/springboard.hpp.
 #pragma once
 
+#include "platform/control_center.hpp"
+#include "platform/now_playing.hpp"
 #include "platform/springboard.hpp"
+#include "platform/springboard_icons.hpp"
 #include "simulator/uikit/classes.hpp"
 
 namespace simulator {
@@ -25,7 +28,6 @@ VANTORI_CLASS(SBRootFolderDockIconListView, SBDockIconListView);
 VANTORI_CLASS(SBFloatingDockIconListView, SBDockIconListView);
 VANTORI_CLASS(SBDockSuggestionsIconListView, SBFloatingDockIconListView);
 VANTORI_CLASS(SBIconView, UIView);
-VANTORI_CLASS(SBIcon, Object);
 VANTORI_CLASS(SBLeafIcon, SBIcon);
 VANTORI_CLASS(SBApplicationIcon, SBLeafIcon);
 VANTORI_CLASS(SBIconModel, Object);
@@ -37,9 +39,7 @@ VANTORI_CLASS(SBSwitcherContainerView, UIView);
 VANTORI_CLASS(SBRecentAppLayouts, Object);
 VANTORI_CLASS(SBAppLayout, Object);
 VANTORI_CLASS(SBDisplayItem, Object);
-VANTORI_CLASS(SBMediaController, Object);
 VANTORI_CLASS(SBLockScreenManager, Object);
-VANTORI_CLASS(SBControlCenterController, Object);
 VANTORI_CLASS(SBHomeScreenWindow, UIWindow);
 VANTORI_CLASS(SBMainScreenWindow, UIWindow);
 VANTORI_CLASS(SBMainSwitcherWindow, UIWindow);
@@ -53,15 +53,3 @@ VANTORI_CLASS(SBSystemPanGestureRecognizer, UIPanGestureRecognizer);
 #undef VANTORI_CLASS
 
 }  // namespace simulator
-
-// How an icon is to be drawn, as it travels to generateIconImageWithInfo:.
-struct SBIconImageInfo {
-    CGSize size;
-    double scale;
-    double continuousCornerRadius;
-};
-
-template <>
-struct platform::TypeCode<SBIconImageInfo> {
-    static constexpr FixedString value{"{SBIconImageInfo={CGSize=dd}dd}"};
-};

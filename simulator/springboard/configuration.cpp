@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdio>
 
 namespace simulator {
 
@@ -31,6 +32,12 @@ auto find(const std::string& identifier) {
 Configuration& configuration() {
     static auto& phone = *new Configuration;
     return phone;
+}
+
+bool pullReportsNameTheGesture() {
+    int major = 0, minor = 0;
+    std::sscanf(configuration().systemVersion.c_str(), "%d.%d", &major, &minor);
+    return major > 13 || (major == 13 && minor >= 4);
 }
 
 std::span<const InstalledApplication> installedApplications() { return applications; }

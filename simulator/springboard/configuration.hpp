@@ -17,12 +17,16 @@ struct Configuration {
     double scale = 3;
     bool homeButton = false;
     int dockIcons = 4;
+    bool floatingDock = false;
     int connectivityFailures = 0;  // creations of the airplane controller that still yield nil
     CGSize connectivityButton{60, 60};
     std::vector<std::string> recents;  // newest first
 };
 
 Configuration& configuration();
+
+// From 13.4 on the system's reports of a pull name the gesture too, in a fourth part.
+bool pullReportsNameTheGesture();
 
 struct InstalledApplication {
     const char* identifier;

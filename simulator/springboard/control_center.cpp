@@ -1,10 +1,14 @@
 #include "simulator/springboard/control_center.hpp"
 
 #include <algorithm>
-#include "simulator/springboard/parts.hpp"
-#include "simulator/springboard/uikit_bridge.hpp"
 
+#include "simulator/services/radios.hpp"
+#include "simulator/springboard/artwork.hpp"
+#include "simulator/springboard/configuration.hpp"
+#include "simulator/springboard/module_grid.hpp"
 #include "simulator/springboard/orientation.hpp"
+#include "simulator/springboard/parts.hpp"
+#include "simulator/springboard/pull_forms.hpp"
 #include "simulator/springboard/windows.hpp"
 #include "simulator/uikit/screen/screen.hpp"
 
@@ -12,150 +16,237 @@ namespace simulator {
 
 namespace {
 
+enum class Stage {
+    closed,
+    tracking,  // under the finger that pulls it open
+    open,
+    prepared,  // for a module that is to be shown alone
+    alone,     // that module is shown
+};
+
 struct CenterState {
     Strong<UIView> panel;
+    Strong<UIView> ground;  // the blur behind the modules
+    Strong<UIView> header;  // status bar and home indicator over it
     Strong<UIView> statusBarView;
     Strong<SBSystemPanGestureRecognizer> statusBarPan;
     CGPoint finger;
-    bool open;
-    bool tracking;
+    double travel;  // of the pull that opens it whole, in points
+    bool fromFoot;  // it comes up from the bottom edge
+    Stage stage;
 };
 
-constexpr double showingDuration = 0.4;
-constexpr double openingTravel = 200;  // points of a pull that opens it whole
+constexpr double duration = 0.45;      // seconds, opening and closing
+constexpr double damping = 0.82;       // of opening; closing does not swing
 constexpr double leastPull = 40;       // points that open it at release
+constexpr double leastPush = 60;       // points that close it at release
+constexpr double closingFlick = 300;   // points per second, likewise
+constexpr double groundTravel = 0.45;  // of the travel, after which the blur is whole
+constexpr double headerTravel = 0.25;  // the last part, in which the header comes
+constexpr double beyond = 0.12;        // of what is pulled beyond the travel
+constexpr double level = 1040;
+constexpr double levelAlone = 1080;  // over whatever asked for a module
 
 CenterState& state() { return stateOf<CenterState>(controlCenter()); }
 
-// A module of the grid of four columns, with a drawing of what it stands for.
-struct Tile {
-    int column, row, columns, rows;
-    const char* symbol;
-};
+bool isFollowing() { return state().stage == Stage::tracking; }
+bool isClosed() { return state().stage == Stage::closed; }
 
-constexpr Tile tiles[]{
-    {0, 0, 2, 2, "wifi"},       {2, 0, 2, 2, "note"},       {0, 2, 1, 1, "orientation-lock"},
-    {1, 2, 1, 1, "moon"},       {2, 2, 1, 2, "sun"},        {3, 2, 1, 2, "speaker"},
-    {0, 3, 2, 1, "airplay"},    {0, 4, 1, 1, "flashlight"}, {1, 4, 1, 1, "timer"},
-    {2, 4, 1, 1, "calculator"}, {3, 4, 1, 1, "camera"},
-};
+UIWindow window() { return windows().controlCenter; }
 
-void addSymbol(UIView tile, const char* name) {
-    constexpr double side = 30;  // points
-    constexpr rendering::Colour white{1, 1, 1, 1};
-    CGSize size = tile.bounds().size;
-    auto image = create<UIImageView, "initWithImage:">(
-        imageOfPicture(rendering::Picture::symbol(name, {side, side}, white)));
-    image.setFrame(rect((size.width - side) / 2, (size.height - side) / 2, side, side));
-    addPart(tile, image);
+void addRecogniser(UIView view, UIGestureRecognizer recogniser) {
+    if (!recogniser) return;
+    recogniser.setDelegate(controlCenter());
+    view.addGestureRecognizer(recogniser);
 }
 
-void addTile(UIView panel, CGRect frame, const char* symbol) {
-    auto tile = create<UIView, "initWithFrame:">(frame);
-    tile.setBackgroundColor(UIColor::rgba(0, 0, 0, 0.35));
-    tile.send<"_setContinuousCornerRadius:">(18.0);
-    addSymbol(tile, symbol);
-    addPart(panel, tile);
-}
-
-void addTiles(UIView panel) {
-    constexpr double unit = 70, gap = 14;
-    double width = panel.bounds().size.width;
-    double left = (width - 4 * unit - 3 * gap) / 2;
-    double top = panel.bounds().size.height > width ? 120 : 10;
-    for (const Tile& tile : tiles) {
-        addTile(panel,
-                rect(left + tile.column * (unit + gap), top + tile.row * (unit + gap),
-                     tile.columns * unit + (tile.columns - 1) * gap,
-                     tile.rows * unit + (tile.rows - 1) * gap),
-                tile.symbol);
-    }
-}
-
-void buildPanel() {
-    UIWindow window = windows().controlCenter;
-    if (state().panel) state().panel.removeFromSuperview();
-    auto panel = create<UIView, "initWithFrame:">(window.bounds());
+Strong<UIView> makeGround(CGRect bounds) {
     Object blur = UIBlurEffect::withStyle(UIBlurEffect::dark);
     auto ground = create<UIVisualEffectView, "initWithEffect:">(blur);
-    ground.setFrame(panel.bounds());
-    addPart(panel, ground);
-    addTiles(panel);
-    auto tap = create<UITapGestureRecognizer, "initWithTarget:action:">(
-        controlCenter(), selector<"_handleDismissTap:">());
-    if (tap) panel.send<"addGestureRecognizer:">(UIGestureRecognizer(tap));
-    addPart(window, panel);
-    state().panel = std::move(panel);
+    ground.setFrame(bounds);
+    return ground;
 }
 
-void setProgress(double progress) {
-    UIView panel = state().panel;
-    panel.setAlpha(std::clamp(progress, 0.0, 1.0));
-    double lift = (1 - std::clamp(progress, 0.0, 1.0)) * -40;
-    panel.setTransform({1, 0, 0, 1, 0, lift});
+Strong<UIView> makeHeader(CGRect bounds) {
+    auto header = create<UIView, "initWithFrame:">(bounds);
+    header.setUserInteractionEnabled(false);
+    dressAsStatusBar(header, StatusBarParts::all, true);
+    return header;
 }
 
-void move(double progress, BlockRef<void(bool)> completion) {
-    UIView::animateWithSpring(showingDuration, 0, 1, 0, 0, block([=] { setProgress(progress); }),
-                              completion);
+void buildPanel(bool fromFoot) {
+    CenterState& center = state();
+    if (center.panel) center.panel.removeFromSuperview();
+    CGRect bounds = window().bounds();
+    center.fromFoot = fromFoot;
+    center.panel = create<UIView, "initWithFrame:">(bounds);
+    center.ground = makeGround(bounds);
+    center.header = makeHeader(bounds);
+    addPart(center.panel, center.ground);
+    layModules(bounds.size, fromFoot ? GridSide::foot : GridSide::top);
+    center.travel = gridTravel();
+    if (moduleCollection()) addPart(center.panel, moduleCollection().view());
+    addPart(center.panel, center.header);
+    addRecogniser(center.panel, create<UITapGestureRecognizer, "initWithTarget:action:">(
+                                    controlCenter(), selector<"_handleDismissTap:">()));
+    addRecogniser(center.panel, create<UIPanGestureRecognizer, "initWithTarget:action:">(
+                                    controlCenter(), selector<"_handleDismissPan:">()));
+    addPart(window(), center.panel);
 }
 
-void startTracking() {
-    if (state().open) return;
-    buildPanel();
-    setProgress(0);
-    windows().controlCenter.setHidden(false);
-    state().tracking = true;
+// The modules' edge is at the finger; beyond the travel they give way a little.
+void place(double pulled) {
+    const CenterState& center = state();
+    double travel = std::max(center.travel, 1.0);
+    double rest = travel - pulled;
+    double away = rest >= 0 ? rest : rest * beyond;
+    double shown = std::clamp(pulled / (travel * groundTravel), 0.0, 1.0);
+    center.ground.setAlpha(shown);
+    // Last, so that it is not seen through what slides over it.
+    center.header.setAlpha(std::clamp(1 - rest / (travel * headerTravel), 0.0, 1.0));
+    UIView modules = moduleCollection() ? moduleCollection().view() : UIView();
+    modules.setTransform({1, 0, 0, 1, 0, center.fromFoot ? away : -away});
+}
+
+void animate(double swing, UIView::Changes changes, BlockRef<void(bool)> completion) {
+    UIView::animateWithSpring(duration, 0, swing, 0, 0, changes, completion);
+}
+
+void startTracking(bool fromFoot) {
+    if (!isClosed() && state().stage != Stage::prepared) return;
+    collapseModule();
+    buildPanel(fromFoot);
+    place(0);
+    window().setWindowLevel(level);
+    window().setHidden(false);
+    state().stage = Stage::tracking;
 }
 
 void track(double distance) {
-    if (state().tracking) setProgress(distance / openingTravel);
+    if (isFollowing()) place(distance);
 }
 
 void open(BlockRef<void(bool)> completion) {
-    state().tracking = false;
-    state().open = true;
-    move(1, completion);
+    state().stage = Stage::open;
+    animate(damping, block([] { place(state().travel); }), completion);
 }
 
-void close(BlockRef<void(bool)> completion) {
-    state().tracking = false;
-    state().open = false;
-    UIWindow window = windows().controlCenter;
-    KeptBlock<void(bool)> then(completion);
-    move(0, block<void(bool)>([window, then](bool finished) {
-             if (!controlCenterIsOpen()) window.setHidden(true);
-             then(finished);
-         }));
+void close(bool animated, BlockRef<void(bool)> completion) {
+    const bool alone = state().stage == Stage::alone;
+    state().stage = Stage::closed;
+    auto leave = [alone] {
+        if (alone) hideExpandedModule();
+        place(0);
+    };
+    auto left = [then = KeptBlock<void(bool)>(completion)](bool finished) {
+        if (isClosed()) {
+            window().setHidden(true);
+            showExpandedModule();
+            collapseModule();
+        }
+        then(finished);
+    };
+    if (animated) {
+        animate(1, block(leave), block<void(bool)>(left));
+    } else {
+        leave();
+        left(true);
+    }
 }
 
 void finishTracking(double distance, double velocity) {
-    if (!state().tracking) return;
+    if (!isFollowing()) return;
     if (velocity >= 0 && distance >= leastPull) {
         controlCenter().send<"presentAnimated:completion:">(true, BlockRef<void(bool)>());
     } else {
-        close({});
+        close(true, {});
     }
 }
 
 SBControlCenterController sharedInstance(Class) { return controlCenter(); }
 
-void present(SBControlCenterController, bool, BlockRef<void(bool)> completion) {
-    if (!state().open && !state().tracking) startTracking();
+void present(SBControlCenterController, bool animated, BlockRef<void(bool)> completion) {
+    if (isClosed()) startTracking(configuration().homeButton);
     open(completion);
+    if (!animated) place(state().travel);
 }
 
-void dismiss(SBControlCenterController, bool, BlockRef<void(bool)> completion) {
-    if (state().open || state().tracking) close(completion);
+void dismiss(SBControlCenterController, bool animated, BlockRef<void(bool)> completion) {
+    if (!isClosed()) close(animated, completion);
 }
 
+// A tap beside the modules: what is expanded goes first.
 void handleDismissTap(SBControlCenterController self, UIGestureRecognizer) {
+    if (isModuleExpanded() && state().stage == Stage::open) {
+        animate(1, block(&collapseModule), {});
+        return;
+    }
     self.send<"dismissAnimated:completion:">(true, BlockRef<void(bool)>());
 }
 
-bool isVisible(SBControlCenterController) { return state().open || state().tracking; }
+// Back to where it came from.
+void handleDismissPan(SBControlCenterController self, UIPanGestureRecognizer pan) {
+    const CenterState& center = state();
+    if (center.stage != Stage::open) return;
+    const double sign = center.fromFoot ? 1 : -1;
+    const double pushed = sign * pan.send<"translationInView:", CGPoint>(pan.view()).y;
+    switch (pan.state()) {
+        case UIGestureRecognizer::began:
+        case UIGestureRecognizer::changed:
+            place(center.travel - pushed);
+            break;
+        case UIGestureRecognizer::ended:
+            if (pushed >= leastPush || sign * pan.velocityInView(pan.view()).y >= closingFlick) {
+                self.send<"dismissAnimated:completion:">(true, BlockRef<void(bool)>());
+                break;
+            }
+            [[fallthrough]];
+        default:
+            open({});
+    }
+}
+
+// A tap on a module is the module's, and an expanded one is not pushed away.
+bool shouldReceiveTouch(SBControlCenterController, UIGestureRecognizer recogniser, UITouch touch) {
+    if (recogniser.isKindOfClass(classOf<UIPanGestureRecognizer>())) return !isModuleExpanded();
+    return !isInModule(touch.send<"view", UIView>());
+}
+
+bool isVisible(SBControlCenterController) {
+    return !isClosed() && state().stage != Stage::prepared;
+}
 
 CGPoint presentGestureLocation(SBControlCenterController) { return state().finger; }
+
+void preparedForExpanding(SBControlCenterController) {
+    if (!isClosed()) return;
+    buildPanel(configuration().homeButton);
+    place(0);
+    state().stage = Stage::prepared;
+}
+
+// The module that is expanded, alone over everything else.
+void showExpandedView(SBControlCenterController self) {
+    if (isClosed()) preparedForExpanding(self);
+    if (state().stage != Stage::prepared) return;
+    if (!isModuleExpanded()) {
+        state().stage = Stage::closed;
+        return;
+    }
+    place(state().travel);
+    state().ground.setAlpha(0);
+    state().header.setAlpha(0);
+    hideExpandedModule();
+    window().setWindowLevel(levelAlone);
+    window().setHidden(false);
+    state().stage = Stage::alone;
+    animate(damping, block([] {
+                state().ground.setAlpha(1);
+                state().header.setAlpha(1);
+                showExpandedModule();
+            }),
+            {});
+}
 
 // How far the finger is from the interface's top edge.
 double depthOf(CGPoint display) {
@@ -177,7 +268,8 @@ void handleStatusBarPullDown(SBControlCenterController, UIPanGestureRecognizer p
     double depth = depthOf(pan.locationInView(reference));
     switch (pan.state()) {
         case UIGestureRecognizer::began:
-            startTracking();
+            startTracking(false);
+            track(depth);
             break;
         case UIGestureRecognizer::changed:
             track(depth);
@@ -186,12 +278,12 @@ void handleStatusBarPullDown(SBControlCenterController, UIPanGestureRecognizer p
             finishTracking(depth, pan.velocityInView(reference).y);
             break;
         default:
-            if (state().tracking) close({});
+            if (isFollowing()) close(true, {});
     }
 }
 
 void beganPulling(SBControlCenterController, SBGrabberTongue, double distance, double) {
-    startTracking();
+    startTracking(true);
     track(distance);
 }
 
@@ -204,7 +296,7 @@ void endedPulling(SBControlCenterController, SBGrabberTongue, double distance, d
 }
 
 void canceledPulling(SBControlCenterController, SBGrabberTongue, double, double) {
-    if (state().tracking) close({});
+    if (isFollowing()) close(true, {});
 }
 
 }  // namespace
@@ -215,10 +307,10 @@ SBControlCenterController controlCenter() {
     return shared;
 }
 
-bool controlCenterIsOpen() { return controlCenter() && state().open; }
+bool controlCenterIsOpen() { return controlCenter() && state().stage == Stage::open; }
 
 void dismissControlCenter(bool animated) {
-    if (controlCenterIsOpen()) {
+    if (controlCenter() && !isClosed()) {
         controlCenter().send<"dismissAnimated:completion:">(animated, BlockRef<void(bool)>());
     }
 }
@@ -237,18 +329,25 @@ SBSystemPanGestureRecognizer statusBarPan() {
 }
 
 void registerControlCenter() {
-    standIn<SBControlCenterController, Object, CenterState>()
-        .classMethod<"sharedInstance", &sharedInstance>()
-        .method<"presentAnimated:completion:", &present>()
-        .method<"dismissAnimated:completion:", &dismiss>()
-        .method<"isVisible", &isVisible>()
-        .method<"_handleDismissTap:", &handleDismissTap>()
-        .method<"_presentGestureLocationInView", &presentGestureLocation>()
-        .method<"_handleStatusBarPullDownGesture:", &handleStatusBarPullDown>()
-        .method<"grabberTongueBeganPulling:withDistance:andVelocity:", &beganPulling>()
-        .method<"grabberTongueUpdatedPulling:withDistance:andVelocity:", &updatedPulling>()
-        .method<"grabberTongueEndedPulling:withDistance:andVelocity:", &endedPulling>()
-        .method<"grabberTongueCanceledPulling:withDistance:andVelocity:", &canceledPulling>();
+    registerModuleGrid();
+    onRadioChange([] {
+        if (!controlCenter() || !state().header) return;
+        dressAsStatusBar(state().header, StatusBarParts::all, true);
+    });
+    const auto center = standIn<SBControlCenterController, Object, CenterState>()
+                            .classMethod<"sharedInstance", &sharedInstance>()
+                            .method<"presentAnimated:completion:", &present>()
+                            .method<"dismissAnimated:completion:", &dismiss>()
+                            .method<"isVisible", &isVisible>()
+                            .method<"preparedForExpanding", &preparedForExpanding>()
+                            .method<"showExpandedViewAnimated", &showExpandedView>()
+                            .method<"_handleDismissTap:", &handleDismissTap>()
+                            .method<"_handleDismissPan:", &handleDismissPan>()
+                            .method<"gestureRecognizer:shouldReceiveTouch:", &shouldReceiveTouch>()
+                            .method<"_presentGestureLocationInView", &presentGestureLocation>()
+                            .method<"_handleStatusBarPullDownGesture:", &handleStatusBarPullDown>();
+    answerPulls<SBControlCenterController, beganPulling, updatedPulling, endedPulling,
+                canceledPulling>(center);
 }
 
 }  // namespace simulator

@@ -1,5 +1,6 @@
-// Control Center: a panel that comes down over everything from the status bar, or up from the bottom
-// edge on phones with a home button.
+// Control Center: a panel that comes down from the status bar, or up from the bottom edge on phones
+// with a home button, and follows the finger both ways. It also shows one module alone, expanded, for
+// whoever asks.
 #pragma once
 
 #include "simulator/springboard/system_pan.hpp"

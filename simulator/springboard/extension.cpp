@@ -2,9 +2,13 @@
 
 #include <dlfcn.h>
 
+#include <array>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <stdexcept>
+
+#include "simulator/loader/library.hpp"
 
 namespace simulator {
 
@@ -22,17 +26,42 @@ std::filesystem::path libraryPath() {
     return program.parent_path().parent_path() / "lib" / "libvantori.so";
 }
 
+[[noreturn]] void refuse(const std::string& reason) {
+    throw std::runtime_error("the extension does not load: " + reason);
+}
+
+// Whether this machine's own loader is the one to ask: for its own files, and for the words about
+// files that are not there.
+bool isForThisMachine(const std::filesystem::path& path) {
+    constexpr std::array<char, 4> elf{'\x7f', 'E', 'L', 'F'};
+    std::ifstream file(path, std::ios::binary);
+    if (!file || std::filesystem::is_directory(path)) return true;
+    std::array<char, 4> magic{};
+    file.read(magic.data(), magic.size());
+    return magic == elf;
+}
+
 }  // namespace
 
 void setExtensionLoader(std::function<void()> loader) { loaderSlot() = std::move(loader); }
 
+void nameExtension(const std::filesystem::path& path) {
+    setenv("VANTORI_LIBRARY", std::filesystem::absolute(path).c_str(), 1);
+}
+
 void loadExtension() {
     if (loaderSlot()) return loaderSlot()();
     std::filesystem::path path = libraryPath();
+    if (!isForThisMachine(path)) {
+        try {
+            return loader::loadMachO(path);
+        } catch (const loader::BadImage& error) {
+            refuse(path.string() + ": " + error.what());
+        }
+    }
     if (!dlopen(path.c_str(), RTLD_NOW | RTLD_GLOBAL)) {
         const char* reason = dlerror();
-        throw std::runtime_error("the extension does not load: " +
-                                 std::string(reason ? reason : path.string()));
+        refuse(reason ? reason : path.string());
     }
 }
 

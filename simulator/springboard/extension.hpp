@@ -1,6 +1,7 @@
 // The library that is loaded into SpringBoard before it starts.
 #pragma once
 
+#include <filesystem>
 #include <functional>
 
 namespace simulator {
@@ -9,8 +10,12 @@ namespace simulator {
 // its start-up here.
 void setExtensionLoader(std::function<void()> loader);
 
-// Loads ../lib/libvantori.so beside the program, or what VANTORI_LIBRARY names. Throws
-// std::runtime_error when there is none or it does not load.
+// The file to load, for this process and those that it starts: VANTORI_LIBRARY in the environment.
+void nameExtension(const std::filesystem::path& path);
+
+// Loads ../lib/libvantori.so beside the program, or what VANTORI_LIBRARY names: a shared object of
+// this machine, or on arm64 a library for a phone. Throws std::runtime_error when there is none or
+// it does not load.
 void loadExtension();
 
 }  // namespace simulator

@@ -22,7 +22,7 @@ struct HomeScreenState {
 };
 struct DockState {
     Strong<UIView> ground;
-    Strong<SBRootFolderDockIconListView> list;
+    Strong<SBDockIconListView> list;
 };
 
 constexpr double dockHeight = 96;
@@ -39,8 +39,14 @@ HomeScreenState& state() { return stateOf<HomeScreenState>(view()); }
 
 void didMoveToWindow(SBHomeScreenView self) { super<SBHomeScreenView, "didMoveToWindow">(self); }
 
-SBDockIconListView dockListView(SBDockView self) {
-    return SBDockIconListView(stateOf<DockState>(self).list.get());
+SBDockIconListView dockListView(SBDockView self) { return stateOf<DockState>(self).list; }
+
+Strong<SBDockIconListView> makeDockList() {
+    const CGRect frame = rect(0, 0, 0, dockHeight);
+    if (configuration().floatingDock) {
+        return create<SBFloatingDockIconListView, "initWithFrame:">(frame);
+    }
+    return create<SBRootFolderDockIconListView, "initWithFrame:">(frame);
 }
 
 bool isFlat(CGSize size) { return size.width > size.height; }
@@ -50,7 +56,7 @@ void layoutDock(SBDockView self) {
     DockState& dock = stateOf<DockState>(self);
     CGRect bounds = self.bounds();
     if (!dock.list) return;
-    bool floats = !configuration().homeButton;
+    bool floats = !configuration().homeButton || configuration().floatingDock;
     double margin = floats ? dockMargin : 0;
     dock.ground.setFrame(rect(margin, 0, bounds.size.width - 2 * margin, bounds.size.height));
     dock.ground.send<"_setContinuousCornerRadius:">(floats ? dockCorner : 0.0);
@@ -79,7 +85,7 @@ Strong<SBDockView> makeDock() {
         addPart(dock, blur);
         parts.ground = Strong<UIView>(std::move(blur));
     }
-    parts.list = create<SBRootFolderDockIconListView, "initWithFrame:">(rect(0, 0, 0, dockHeight));
+    parts.list = makeDockList();
     if (parts.list) {
         int columns = std::max(configuration().dockIcons, 4);
         fillIconList(parts.list, identifiers(0, dockCount()),

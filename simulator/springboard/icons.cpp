@@ -7,6 +7,7 @@
 #include "simulator/springboard/artwork.hpp"
 #include "simulator/springboard/configuration.hpp"
 #include "simulator/springboard/windows.hpp"
+#include "simulator/uikit/raise.hpp"
 
 namespace simulator {
 
@@ -29,11 +30,17 @@ NSString applicationBundleId(SBIcon self) { return stateOf<IconState>(self).iden
 
 NSString displayName(SBIcon self) { return NSString::from(titleOf(identifierOf(self)).c_str()); }
 
+// An icon of no application has no picture.
+UIImage render(SBIcon icon, double side) {
+    const std::string identifier = identifierOf(icon);
+    return identifier.empty() || !(side > 0) ? UIImage() : iconImage(identifier, side);
+}
+
 // The format picks a size on the platform; all of them are the home screen's here.
-UIImage generateIconImage(SBIcon self, int) { return iconImage(identifierOf(self), iconLength); }
+UIImage generateIconImage(SBIcon self, int) { return render(self, iconLength); }
 
 UIImage generateIconImageWithInfo(SBIcon self, SBIconImageInfo info) {
-    return iconImage(identifierOf(self), info.size.width);
+    return render(self, info.size.width);
 }
 
 SBIcon expectedIcon(SBIconModel, NSString identifier) {
@@ -83,7 +90,7 @@ SBApplicationIcon iconOf(const std::string& identifier) {
 }
 
 std::string identifierOf(SBIcon icon) {
-    return icon ? stateOf<IconState>(icon).identifier.utf8() : "";
+    return icon ? text(stateOf<IconState>(icon).identifier) : "";
 }
 
 Strong<SBIconView> makeIconView(SBIcon icon, bool labelled) {

@@ -6,6 +6,11 @@
 
 #include "simulator/springboard/classes.hpp"
 
+// In the journal the record's four numbers stand in their order, as those of a rectangle do.
+inline CGRect journaled(const SBIconImageInfo& info) {
+    return {{info.size.width, info.size.height}, {info.scale, info.continuousCornerRadius}};
+}
+
 namespace simulator {
 
 inline constexpr double iconLength = 60;  // points, of the square

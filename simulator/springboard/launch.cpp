@@ -17,10 +17,12 @@
 #include "simulator/services/brightness.hpp"
 #include "simulator/services/connectivity.hpp"
 #include "simulator/services/media.hpp"
+#include "simulator/services/module_contents.hpp"
 #include "simulator/services/packages.hpp"
 #include "simulator/services/screen_recording.hpp"
 #include "simulator/services/setting_agents.hpp"
 #include "simulator/services/volume.hpp"
+#include "simulator/springboard/addresses.hpp"
 #include "simulator/springboard/applications.hpp"
 #include "simulator/springboard/configuration.hpp"
 #include "simulator/springboard/control_center.hpp"
@@ -30,6 +32,7 @@
 #include "simulator/springboard/icons.hpp"
 #include "simulator/springboard/lock_screen.hpp"
 #include "simulator/springboard/platform_parts.hpp"
+#include "simulator/springboard/processes.hpp"
 #include "simulator/springboard/reachability.hpp"
 #include "simulator/springboard/recents.hpp"
 #include "simulator/springboard/scene_layout.hpp"
@@ -74,13 +77,20 @@ void installSupportFiles() {
     }
 }
 
+// A plain name is one of SpringBoard's own bundle.
+std::string imagePath(const std::string& path) {
+    const bool named = !path.starts_with('/');
+    return DeviceRoot::shared().map(named ? "/System/Library/CoreServices/SpringBoard.app/" + path
+                                          : path);
+}
+
 void startSpringBoard() {
     auto application = create<SpringBoard>();
     if (application) setSharedApplication(UIApplication(application.get()));
     makeWindows();
     makeHomeScreen();
     moveHomeScreenToWindow();
-    setRecents(configuration().recents);
+    restoreRecents();
     gestureManager();
     if (SBMainDisplaySceneLayoutViewController layout = sceneLayoutController()) {
         layout.view();
@@ -117,6 +127,7 @@ void registerSpringBoard() {
     registerSwitcherGestures();
     registerReachability();
     registerRecents();
+    registerProcesses();
     registerLockScreen();
     registerControlCenter();
     registerPlatformParts();
@@ -125,6 +136,7 @@ void registerSpringBoard() {
     registerVolume();
     registerBrightness();
     registerModuleControllers();
+    registerModules();
     announceScreenRecording();
     registerConnectivity();
     registerSettingAgents();
@@ -139,8 +151,9 @@ void launchPhone(Extension extension) {
     setUpScreen();
     installSupportFiles();
     registerUIKit();
-    setImagePaths([](const std::string& path) { return DeviceRoot::shared().map(path); });
+    setImagePaths(&imagePath);
     registerSpringBoard();
+    installAddresses();
     if (extension == Extension::load) loadExtension();
     startSpringBoard();
     settle(launchingTime);

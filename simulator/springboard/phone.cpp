@@ -17,6 +17,8 @@
 #include "simulator/runtime/missing.hpp"
 #include "simulator/runtime/system_log.hpp"
 #include "simulator/services/brightness.hpp"
+#include "simulator/services/media_player.hpp"
+#include "simulator/services/now_playing.hpp"
 #include "simulator/services/system_settings.hpp"
 #include "simulator/services/volume.hpp"
 #include "simulator/springboard/applications.hpp"
@@ -28,6 +30,7 @@
 #include "simulator/springboard/launch.hpp"
 #include "simulator/springboard/lock_screen.hpp"
 #include "simulator/springboard/orientation.hpp"
+#include "simulator/springboard/processes.hpp"
 #include "simulator/springboard/recents.hpp"
 #include "simulator/springboard/screen_picture.hpp"
 #include "simulator/springboard/system_gestures.hpp"
@@ -110,6 +113,18 @@ class SimulatedPhone final : public Phone {
             throw PhoneError("the dock holds 0 to " + std::to_string(most) + " icons");
         }
         configuration().dockIcons = icons;
+    }
+    void floatingDock() override {
+        requireOff();
+        configuration().floatingDock = true;
+    }
+    void sceneAfter(const std::string& bundle, int creation) override {
+        requireOff();
+        if (!isInstalled(bundle)) throw PhoneError("not installed: " + bundle);
+        if (creation < 1 || creation > latestScene) {
+            throw PhoneError("a scene comes with creation 1 to " + std::to_string(latestScene));
+        }
+        setSceneAfter(bundle, creation);
     }
     void connectivityFails(int creations) override {
         configuration().connectivityFailures = creations;
@@ -260,6 +275,28 @@ class SimulatedPhone final : public Phone {
         run([&] { pullFromEdge(pull.edge, pull.distance, pull.seconds, pull.flick.value_or(0)); });
     }
 
+    void play(const Song& song) override {
+        requireOn();
+        run([&] {
+            MediaPlayer::shared().play(song.bundle,
+                                       {song.title, song.artist, song.album, song.artworkId});
+        });
+    }
+    void playing(bool yes) override {
+        requireOn();
+        run([&] { MediaPlayer::shared().setPlaying(yes); });
+    }
+    void nothingPlaying() override {
+        requireOn();
+        run([] { MediaPlayer::shared().unload(); });
+    }
+    void playerCallbacks(bool otherThread) override { setNowPlayingOnOtherThread(otherThread); }
+    void toggle(const std::string& name, bool on) override {
+        requireOn();
+        auto setting = settingNamed(name);
+        if (!setting) throw PhoneError("no such setting: " + name);
+        run([&] { setOn(*setting, on); });
+    }
     void volume(double level) override {
         requireLevel(level);
         run([&] { setMediaVolume(level); });
@@ -277,12 +314,6 @@ class SimulatedPhone final : public Phone {
         bool known = false;
         run([&] { known = setAudioRoute(name); });
         if (!known) throw PhoneError("no such route: " + name);
-    }
-    void toggle(const std::string& name, bool on) override {
-        requireOn();
-        auto setting = settingNamed(name);
-        if (!setting) throw PhoneError("no such setting: " + name);
-        run([&] { setOn(*setting, on); });
     }
 
     void interrupt(objc_object* view) override {
@@ -368,6 +399,7 @@ class SimulatedPhone final : public Phone {
     }
 
   private:
+    static constexpr int latestScene = 1000;
     static constexpr double sceneTime = 0.5;  // seconds in which an application opens or closes
 
     void requireOff() const {

@@ -1,5 +1,10 @@
 #include "simulator/springboard/recents.hpp"
 
+#include "simulator/foundation/device_root.hpp"
+#include "simulator/foundation/property_list.hpp"
+#include "simulator/springboard/configuration.hpp"
+#include "simulator/uikit/raise.hpp"
+
 namespace simulator {
 
 namespace {
@@ -17,15 +22,28 @@ struct RecentsState {
 // The role of the only application of a layout.
 constexpr long primaryRole = 1;
 
+constexpr const char* savedList = "/var/mobile/Library/SpringBoard/RecentAppLayouts.plist";
+
 NSString identifierOf(SBDisplayItem self) { return stateOf<DisplayItemState>(self).identifier; }
 
 NSDictionary rolesToLayoutItemsMap(SBAppLayout self) {
+    if (!stateOf<AppLayoutState>(self).item) {
+        return sendClass<NSDictionary, "dictionary", NSDictionary>();
+    }
     return sendClass<NSDictionary, "dictionaryWithObject:forKey:", NSDictionary>(
         Object(stateOf<AppLayoutState>(self).item.get()),
         Object(sendClass<NSNumber, "numberWithLong:", NSNumber>(primaryRole).get()));
 }
 
-NSArray allItems(SBAppLayout self) { return NSArray::with(stateOf<AppLayoutState>(self).item); }
+// A name for allValues that the platform's dictionaries have beside it.
+NSArray allObjects(Object dictionary) { return dictionary.send<"allValues", NSArray>(); }
+
+NSArray allItems(SBAppLayout self) {
+    Object item = stateOf<AppLayoutState>(self).item;
+    return item ? NSArray::with(item) : sendClass<NSArray, "array", NSArray>();
+}
+
+bool canMakeLayouts() { return classOf<SBAppLayout>() && classOf<SBDisplayItem>(); }
 
 Strong<SBAppLayout> layoutOf(NSString identifier) {
     auto item = create<SBDisplayItem>();
@@ -49,11 +67,37 @@ void validateAndUpdateRecents(SBRecentAppLayouts self, NSArray fresh) {
     replaceLayouts(self, fresh);
 }
 
-// The phone keeps its recents in memory only.
-void saveRecents(SBRecentAppLayouts) {}
+SBRecentAppLayouts sharedInstance(Class) { return recentAppLayouts(); }
 
-bool isOf(SBAppLayout layout, NSString identifier) {
-    return identifierOf(stateOf<AppLayoutState>(layout).item).equals(identifier);
+// Empty for anything else than a layout with an item.
+NSString identifierIn(Object layout) {
+    if (!layout.isKindOfClass(classOf<SBAppLayout>())) return {};
+    SBDisplayItem item = stateOf<AppLayoutState>(layout).item;
+    return item ? NSString(stateOf<DisplayItemState>(item).identifier) : NSString();
+}
+
+void saveRecents(SBRecentAppLayouts self) {
+    NSMutableArray identifiers = NSMutableArray::empty();
+    NSArray all = layouts(self);
+    for (unsigned long i = 0; i < all.count(); ++i) {
+        if (NSString identifier = identifierIn(all.at(i))) identifiers.add(identifier);
+    }
+    writeFile(DeviceRoot::shared().locate(savedList),
+              encodePropertyList(identifiers, PropertyListFormat::binary));
+}
+
+// Whatever is no list of texts reads as nothing.
+std::vector<std::string> savedRecents() {
+    auto bytes = readFile(DeviceRoot::shared().locate(savedList));
+    NSArray saved = bytes ? as<NSArray>(decodePropertyList(*bytes)) : NSArray();
+    std::vector<std::string> identifiers;
+    if (!saved.isKindOfClass(classOf<NSArray>())) return identifiers;
+    for (unsigned long i = 0; i < saved.count(); ++i) {
+        if (saved.at(i).isKindOfClass(classOf<NSString>())) {
+            identifiers.push_back(text(saved.at<NSString>(i)));
+        }
+    }
+    return identifiers;
 }
 
 }  // namespace
@@ -66,13 +110,13 @@ SBRecentAppLayouts recentAppLayouts() {
 
 void noteRecent(const std::string& identifier) {
     SBRecentAppLayouts recents = recentAppLayouts();
-    if (!recents || !classOf<SBAppLayout>() || !classOf<SBDisplayItem>()) return;
+    if (!recents || !canMakeLayouts()) return;
     NSString name = NSString::from(identifier.c_str());
     NSMutableArray fresh = NSMutableArray::empty();
     fresh.add(layoutOf(name));
     NSArray old = layouts(recents);
     for (unsigned long i = 0; i < old.count(); ++i) {
-        if (!isOf(old.at<SBAppLayout>(i), name)) fresh.add(old.at(i));
+        if (!identifierIn(old.at(i)).equals(name)) fresh.add(old.at(i));
     }
     recents.send<"_validateAndUpdateRecents:">(fresh);
     recents.send<"_saveRecents">();
@@ -80,7 +124,7 @@ void noteRecent(const std::string& identifier) {
 
 void setRecents(const std::vector<std::string>& identifiers) {
     SBRecentAppLayouts recents = recentAppLayouts();
-    if (!recents) return;
+    if (!recents || !canMakeLayouts()) return;
     NSMutableArray fresh = NSMutableArray::empty();
     for (const std::string& identifier : identifiers) {
         fresh.add(layoutOf(NSString::from(identifier.c_str())));
@@ -88,7 +132,13 @@ void setRecents(const std::vector<std::string>& identifiers) {
     replaceLayouts(recents, fresh);
 }
 
+void restoreRecents() {
+    const std::vector<std::string>& said = configuration().recents;
+    setRecents(said.empty() ? savedRecents() : said);
+}
+
 void registerRecents() {
+    addMethod<"allObjects", &allObjects>(classOf<NSDictionary>());
     standIn<SBDisplayItem, Object, DisplayItemState>()
         .method<"displayIdentifier", &identifierOf>()
         .method<"bundleIdentifier", &identifierOf>();
@@ -98,6 +148,7 @@ void registerRecents() {
     // Up to system 12 the list is the variable _recents, from 13 on _allRecents; both are reached
     // by key here.
     standIn<SBRecentAppLayouts, Object, RecentsState>()
+        .classMethod<"sharedInstance", &sharedInstance>()
         .method<"_recents", &layouts>()
         .method<"_allRecents", &layouts>()
         .method<"_validateAndUpdateRecents:", &validateAndUpdateRecents>()

@@ -1,5 +1,5 @@
 // The list of recent applications, newest first, as the app switcher keeps it: application layouts
-// that hold display items.
+// that hold display items. It is saved to a file of the phone whenever it changes by use.
 #pragma once
 
 #include <string>
@@ -13,6 +13,8 @@ namespace simulator {
 void noteRecent(const std::string& identifier);
 // Replaces the list without saving it.
 void setRecents(const std::vector<std::string>& identifiers);
+// What the scenario says, else what was saved when the phone was last on.
+void restoreRecents();
 // The one object that keeps the list; made on first use.
 SBRecentAppLayouts recentAppLayouts();
 

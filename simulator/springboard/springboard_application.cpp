@@ -1,5 +1,6 @@
 #include "simulator/springboard/springboard_application.hpp"
 
+#include "simulator/services/media_player.hpp"
 #include "simulator/springboard/applications.hpp"
 #include "simulator/springboard/orientation.hpp"
 
@@ -34,10 +35,7 @@ int nowPlayingProcess(SpringBoard self) {
     return stateOf<SpringBoardState>(self).nowPlayingProcess;
 }
 
-bool isNowPlayingApplicationPlaying(SpringBoard) {
-    Object media = sendClass<SBMediaController, "sharedInstance", Object>();
-    return media && media.send<"isPlaying", bool>();
-}
+bool isNowPlayingApplicationPlaying(SpringBoard) { return MediaPlayer::shared().isPlaying(); }
 
 bool launch(SpringBoard, NSString identifier, bool suspended) {
     return identifier && launchApplication(identifier.utf8(), suspended);

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "simulator/springboard/applications.hpp"
+#include "simulator/springboard/pull_forms.hpp"
 #include "simulator/springboard/reachability.hpp"
 #include "simulator/springboard/scene_layout.hpp"
 #include "simulator/springboard/windows.hpp"
@@ -112,13 +113,12 @@ void registerSwitcherGestures() {
     standIn<SBGrabberTongue, Object, TongueState>()
         .method<"_tongueContainer", &tongueContainer>()
         .method<"_edgePullGestureRecognizer", &edgePull>();
-    standIn<SBFluidSwitcherGestureManager, Object, ManagerState>()
-        .method<"deckGrabberTongue", &deckGrabberTongue>()
-        .method<"_shouldBeginReachabilityGesture:", &shouldBeginReachability>()
-        .method<"grabberTongueBeganPulling:withDistance:andVelocity:", &beganPulling>()
-        .method<"grabberTongueUpdatedPulling:withDistance:andVelocity:", &updatedPulling>()
-        .method<"grabberTongueEndedPulling:withDistance:andVelocity:", &endedPulling>()
-        .method<"grabberTongueCanceledPulling:withDistance:andVelocity:", &canceledPulling>();
+    const auto manager =
+        standIn<SBFluidSwitcherGestureManager, Object, ManagerState>()
+            .method<"deckGrabberTongue", &deckGrabberTongue>()
+            .method<"_shouldBeginReachabilityGesture:", &shouldBeginReachability>();
+    answerPulls<SBFluidSwitcherGestureManager, beganPulling, updatedPulling, endedPulling,
+                canceledPulling>(manager);
     standIn<SBFluidSwitcherGestureExclusionTrapezoid, Object>()
         .method<"shouldBeginGestureAtStartingPoint:velocity:bounds:", &shouldBegin>()
         .method<"allowHorizontalSwipesOutsideTrapezoid", &allowHorizontalSwipes>();

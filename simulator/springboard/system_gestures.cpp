@@ -16,29 +16,38 @@ namespace simulator {
 namespace {
 
 constexpr double bottomBand = 8;     // points above the bottom edge where a pull starts
-constexpr double topBand = 20;       // points below the top edge
+// Points below the top edge, as high as the status bar.
+constexpr double topBand = 20;
+constexpr double topBandBesideNotch = 44;
 constexpr double hysteresis = 10;    // points that a finger moves before it is a pan
 constexpr double restingTime = 0.1;  // seconds without a move after which a finger is at rest
 constexpr double unlockDistance = 60;
 
+// The form of the report is that of the system version: from 13.4 on it names the gesture.
+template <FixedString threeParts>
 void send(Object receiver, const PullReport& report) {
     SBGrabberTongue tongue = grabberTongue();
+    if (pullReportsNameTheGesture()) {
+        receiver.send<threeParts + FixedString{"andGesture:"}>(tongue, report.distance,
+                                                               report.velocity, edgePullPan());
+    } else {
+        receiver.send<threeParts>(tongue, report.distance, report.velocity);
+    }
+}
+
+void send(Object receiver, const PullReport& report) {
     switch (report.stage) {
         case UIGestureRecognizer::began:
-            receiver.send<"grabberTongueBeganPulling:withDistance:andVelocity:">(
-                tongue, report.distance, report.velocity);
+            send<"grabberTongueBeganPulling:withDistance:andVelocity:">(receiver, report);
             break;
         case UIGestureRecognizer::changed:
-            receiver.send<"grabberTongueUpdatedPulling:withDistance:andVelocity:">(
-                tongue, report.distance, report.velocity);
+            send<"grabberTongueUpdatedPulling:withDistance:andVelocity:">(receiver, report);
             break;
         case UIGestureRecognizer::ended:
-            receiver.send<"grabberTongueEndedPulling:withDistance:andVelocity:">(
-                tongue, report.distance, report.velocity);
+            send<"grabberTongueEndedPulling:withDistance:andVelocity:">(receiver, report);
             break;
         default:
-            receiver.send<"grabberTongueCanceledPulling:withDistance:andVelocity:">(
-                tongue, report.distance, report.velocity);
+            send<"grabberTongueCanceledPulling:withDistance:andVelocity:">(receiver, report);
     }
 }
 
@@ -121,12 +130,13 @@ void pullFromEdge(double edge, double distance, double seconds, double releaseVe
 
 void SystemGestures::down(CGPoint place) {
     CGSize size = interfaceSize(activeOrientation());
-    // Beside a notch only the right part of the top belongs to Control Center.
+    // Only the right part of the top belongs to Control Center, the rest to the notifications.
     bool right = place.x >= size.width * 2 / 3;
+    bool notch = !configuration().homeButton && size.height > size.width;
     kind_ = Kind::none;
     if (place.y >= size.height - bottomBand) {
         kind_ = Kind::bottomEdge;
-    } else if (place.y <= topBand && right && !configuration().homeButton) {
+    } else if (place.y <= (notch ? topBandBesideNotch : topBand) && right) {
         kind_ = Kind::statusBar;
     }
     taken_ = false;

@@ -2,7 +2,7 @@
 // in platform/uikit.hpp.
 #pragma once
 
-#include "platform/uikit.hpp"
+#include "platform/uikit_controls.hpp"
 #include "simulator/uikit/table.hpp"
 
 namespace simulator {
@@ -17,13 +17,6 @@ using namespace platform;  // the phone is written in the same object layer as t
 
 VANTORI_CLASS(UITouch, Object, "UITouch");
 VANTORI_CLASS(UIEvent, Object, "UIEvent");
-VANTORI_CLASS(UIFont, Object, "UIFont");
-VANTORI_CLASS(UIImage, Object, "UIImage");
-VANTORI_CLASS(UIApplication, UIResponder, "UIApplication");
-VANTORI_CLASS(UILabel, UIView, "UILabel");
-VANTORI_CLASS(UIImageView, UIView, "UIImageView");
-VANTORI_CLASS(UIControl, UIView, "UIControl");
-VANTORI_CLASS(UIButton, UIControl, "UIButton");
 VANTORI_CLASS(UIVisualEffect, Object, "UIVisualEffect");
 VANTORI_CLASS(UIBackdropView, UIView, "_UIBackdropView");
 VANTORI_CLASS(UILongPressGestureRecognizer, UIGestureRecognizer, "UILongPressGestureRecognizer");

@@ -14,6 +14,11 @@ std::vector<ContentSource>& sources() {
     return all;
 }
 
+std::vector<NodeFinish>& finishes() {
+    static auto& all = *new std::vector<NodeFinish>;
+    return all;
+}
+
 rendering::Colour colour(Rgba c) { return {c.red, c.green, c.blue, c.alpha}; }
 
 rendering::Content imageContent(UIImage image, UIView view) {
@@ -75,6 +80,7 @@ rendering::Node withValues(const LayerValues& v) {
 }  // namespace
 
 void addContentSource(ContentSource source) { sources().push_back(source); }
+void addNodeFinish(NodeFinish finish) { finishes().push_back(finish); }
 
 rendering::Node sceneOf(CALayer layer) {
     rendering::Node node = withValues(presentationValues(layer));
@@ -85,6 +91,9 @@ rendering::Node sceneOf(CALayer layer) {
     node.content = contentOf(layer);
     if (state.mask) node.mask = std::make_shared<rendering::Node>(sceneOf(state.mask));
     for (const auto& sublayer : state.sublayers) node.children.push_back(sceneOf(sublayer));
+    if (named.isKindOfClass(classOf<UIView>())) {
+        for (NodeFinish finish : finishes()) finish(as<UIView>(named), node);
+    }
     return node;
 }
 

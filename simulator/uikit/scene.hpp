@@ -16,4 +16,8 @@ rendering::Node sceneOfWindows(CGSize size);
 using ContentSource = rendering::Content (*)(UIView view);
 void addContentSource(ContentSource source);
 
+// Changes the node of a view of another framework, after its children have been added.
+using NodeFinish = void (*)(UIView view, rendering::Node& node);
+void addNodeFinish(NodeFinish finish);
+
 }  // namespace simulator

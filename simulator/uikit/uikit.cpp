@@ -36,6 +36,7 @@ void registerUIKit() {
     registerPageControl();
     registerFont();
     registerLabel();
+    addTextMeasuring();
     registerImage();
     registerImageView();
     registerButton();

@@ -3,6 +3,8 @@
 #include "core/pull_tracking.hpp"
 
 #include "core/pull_scene.hpp"
+#include "simulator/runtime/journal.hpp"
+#include "simulator/springboard/switcher_gestures.hpp"
 #include "tests/core/library_phone.hpp"
 
 namespace vantori::tests {
@@ -53,6 +55,42 @@ INSTANTIATE_TEST_SUITE_P(Heights, RubberBand,
                          testing::Values(BandCase{114.5, 114.5}, BandCase{115, 115},
                                          BandCase{172.5, 115 + 57.5 / 1.5}, BandCase{230, 172.5},
                                          BandCase{345, 115 + 230.0 / 3}));
+
+class LaterPull : public Pull, public testing::WithParamInterface<const char*> {
+  protected:
+    LaterPull() { phone_->system("13.5"); }
+    std::string reported() const {
+        return std::string("grabberTongue") + GetParam() +
+               "Pulling:withDistance:andVelocity:andGesture:";
+    }
+    static PullPhase phase() {
+        const std::string name = GetParam();
+        if (name == "Began") return PullPhase::began;
+        if (name == "Updated") return PullPhase::updated;
+        return name == "Ended" ? PullPhase::ended : PullPhase::cancelled;
+    }
+};
+
+// Outside the zones the system gets back what it reported, the gesture included: 300 points along the
+// edge, in the right third, is in no zone.
+TEST_P(LaterPull, TheSystemGetsItsGestureBack) {
+    bootStrip();
+    if (phase() != PullPhase::began) phone_->grabber(PullPhase::began, 300, 10, 0);
+    phone_->clear();
+    phone_->grabber(phase(), 300, 42, 7);
+    const auto arguments = simulator::Journal::last("SBFluidSwitcherGestureManager", reported());
+    ASSERT_TRUE(arguments);
+    ASSERT_EQ(arguments->size(), 4u);
+    EXPECT_EQ(std::get<Strong<Object>>((*arguments)[0]), Object(simulator::grabberTongue()));
+    EXPECT_EQ(std::get<double>((*arguments)[1]), 42);
+    EXPECT_EQ(std::get<double>((*arguments)[2]), 7);
+    EXPECT_TRUE(simulator::edgePullPan());
+    EXPECT_EQ(std::get<Strong<Object>>((*arguments)[3]), Object(simulator::edgePullPan()));
+    EXPECT_FALSE(phone_->crashed());
+}
+
+INSTANTIATE_TEST_SUITE_P(Stages, LaterPull,
+                         testing::Values("Began", "Updated", "Ended", "Canceled"));
 
 TEST_F(Pull, OnTheHomeScreenTheToolbarFollowsTheFinger) {
     bootStrip();

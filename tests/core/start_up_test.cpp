@@ -1,6 +1,8 @@
 // Start-up: what is installed under which settings, device and missing pieces, and in which order.
 #include "core/start_up.hpp"
 
+#include <algorithm>
+
 #include "core/hook_report.hpp"
 #include "core/hook_table.hpp"
 #include "simulator/runtime/hooking.hpp"
@@ -28,6 +30,8 @@ const std::vector<std::string> springBoardRows = {
     "SBFluidSwitcherGestureExclusionTrapezoid allowHorizontalSwipesOutsideTrapezoid",
     "SpringBoard _postActiveInterfaceOrientationChangedNotificationAnimated:",
     "SpringBoard applicationDidFinishLaunching:",
+    "SpringBoard _nowPlayingAppDidChangeNotification:",
+    "SpringBoard setNowPlayingProcessPID:",
     "SBMainDisplaySceneLayoutViewController viewDidLoad",
     "SBMainDisplaySceneLayoutViewController viewWillLayoutSubviews",
     "SBMainDisplaySceneLayoutViewController viewDidLayoutSubviews",
@@ -41,7 +45,22 @@ const std::vector<std::string> springBoardRows = {
     "SBReachabilityManager _toggleReachabilityMode",
     "SBBarSwipeAffordanceView _handleReachabilityPanGesture:",
     "SBSwitcherContainerView didMoveToWindow",
+    "SBDockView didMoveToWindow",
+    "SBDockView layoutSubviews",
+    "SBRootFolderDockIconListView visibleIcons",
+    "SBRootFolderDockIconListView setEditing:",
+    "SBRootFolderDockIconListView didMoveToWindow",
+    "SBRootFolderDockIconListView layoutIconsNow",
+    "SBFloatingDockIconListView visibleIcons",
+    "SBFloatingDockIconListView layoutIconsNow",
+    "SBFloatingDockIconListView setEditing:",
+    "SBFloatingDockIconListView didMoveToWindow",
+    "SBRecentAppLayouts _validateAndUpdateRecents:",
+    "SBRecentAppLayouts _saveRecents",
     "MediaControlsVolumeController volumeController:volumeValueDidChange:",
+    "RPControlCenterModuleViewController setAvailable:",
+    "RPControlCenterModuleViewController available",
+    "SBMediaController _mediaRemoteNowPlayingApplicationIsPlayingDidChange:",
     "SBLockScreenManager lockUIFromSource:withOptions:",
 };
 const std::vector<std::string> controlCenterRows = {
@@ -51,6 +70,16 @@ const std::vector<std::string> controlCenterRows = {
     "SBControlCenterController grabberTongueEndedPulling:withDistance:andVelocity:",
     "SBControlCenterController grabberTongueCanceledPulling:withDistance:andVelocity:",
 };
+
+// The later names of the pull's reports, which only systems from 13.4 on have.
+std::vector<std::string> laterForms(const std::string& className) {
+    std::vector<std::string> names;
+    for (const char* stage : {"Began", "Updated", "Ended", "Canceled"}) {
+        names.push_back(className + " grabberTongue" + stage +
+                        "Pulling:withDistance:andVelocity:andGesture:");
+    }
+    return names;
+}
 
 std::vector<std::string> joined(std::initializer_list<std::vector<std::string>> lists) {
     std::vector<std::string> all;
@@ -99,6 +128,63 @@ TEST_F(StartUp, WithAHomeButtonAndReplacingTheRowsAreTheSame) {
     EXPECT_EQ(installed(), joined({welcomeRow, springBoardRows, controlCenterRows}));
 }
 
+class OnSystem : public StartUp, public testing::WithParamInterface<const char*> {
+  protected:
+    OnSystem() {
+        phone_->system(GetParam());
+        phone_->homeButton(true);
+    }
+};
+
+class OnEarlierSystem : public OnSystem {};
+class OnLaterSystem : public OnSystem {};
+
+TEST_P(OnEarlierSystem, ExactlyTheTableIsInstalled) {
+    phone_->boot();
+    EXPECT_EQ(installed(), joined({welcomeRow, springBoardRows, controlCenterRows}));
+    for (auto forms : {laterSpringBoardForms(), laterControlCenterForms()}) {
+        for (const LaterForm& form : forms) EXPECT_FALSE(form.row.record->installed);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Systems, OnEarlierSystem,
+                         testing::Values("11.0", "11.4", "12.4", "13.0", "13.2.2", "13.3"));
+
+// The rows whose names are gone are handed over all the same, and install nothing.
+TEST_P(OnLaterSystem, TheLaterNamesOfTheReportsAreTakenOver) {
+    phone_->boot();
+    EXPECT_EQ(installed(),
+              joined({welcomeRow, springBoardRows, laterForms("SBFluidSwitcherGestureManager"),
+                      controlCenterRows, laterForms("SBControlCenterController")}));
+    for (auto forms : {laterSpringBoardForms(), laterControlCenterForms()}) {
+        for (const LaterForm& form : forms) {
+            EXPECT_TRUE(form.row.record->methodFound) << form.row.selectorName;
+            EXPECT_STREQ(form.row.encoding, "v@:@dd@");
+            EXPECT_STREQ(form.row.record->encodingMet, "v@:@dd@");
+        }
+    }
+    const std::string text = hookReport().utf8();
+    EXPECT_NE(text.find("later -[SBFluidSwitcherGestureManager grabberTongueBeganPulling:"
+                        "withDistance:andVelocity:andGesture:] own, expected v@:@dd@, met "
+                        "v@:@dd@, calls 0\n"),
+              std::string::npos)
+        << text;
+    EXPECT_NE(text.find("-[SBFluidSwitcherGestureManager grabberTongueBeganPulling:withDistance:"
+                        "andVelocity:] method missing, expected v@:@dd, met nothing, calls 0\n"),
+              std::string::npos)
+        << text;
+}
+
+INSTANTIATE_TEST_SUITE_P(Systems, OnLaterSystem,
+                         testing::Values("13.4", "13.4.1", "13.5", "13.7", "14.0", "14.2"));
+
+TEST_F(StartUp, OnALaterSystemControlCenterStaysTheSystemsWithoutAHomeButton) {
+    phone_->system("14.2");
+    phone_->boot();
+    EXPECT_EQ(installed(),
+              joined({welcomeRow, springBoardRows, laterForms("SBFluidSwitcherGestureManager")}));
+}
+
 class WithoutBundle : public StartUp, public testing::WithParamInterface<const char*> {};
 
 // Only the welcome pager's row and method remain.
@@ -124,7 +210,12 @@ INSTANTIATE_TEST_SUITE_P(
 TEST_F(StartUp, TheReplayBundleIsNotGated) {
     phone_->missingBundle("/System/Library/ControlCenter/Bundles/ReplayKitModule.bundle");
     phone_->boot();
-    EXPECT_EQ(installed(), joined({welcomeRow, springBoardRows}));
+    // The class of its two rows is not there then: they are handed over with none.
+    auto expected = joined({welcomeRow, springBoardRows});
+    std::ranges::replace(expected, "RPControlCenterModuleViewController setAvailable:",
+                         " setAvailable:");
+    std::ranges::replace(expected, "RPControlCenterModuleViewController available", " available");
+    EXPECT_EQ(installed(), expected);
 }
 
 TEST_F(StartUp, AddsItsMethodsWithTheirEncodings) {
@@ -164,6 +255,8 @@ TEST_F(StartUp, TheReportTellsWhatEachRowMet) {
         EXPECT_STREQ(row.record->encodingMet, row.encoding) << name;
     }
     const std::string text = hookReport().utf8();
+    EXPECT_EQ(text.find("1 -[SBHomeScreenView didMoveToWindow] own"), 0u) << text;
+    EXPECT_NE(text.find("\n2 -[UIDevice setOrientation:animated:] "), std::string::npos);
     EXPECT_NE(text.find("-[SBSwitcherContainerView didMoveToWindow] class missing, expected v@:, "
                         "met nothing, calls 0\n"),
               std::string::npos);

@@ -1,8 +1,9 @@
 #!/usr/bin/env python3
 """Tests of device/audit.py: audit_test.py PATH-OF-A-GOOD-DYLIB.
 
-Each case spoils a copy of the dylib, or of the stubs, in one way that a phone's loader or a
-reader of the package would mind, and expects the one line that says so.
+The linker's map stands beside the dylib, as Vantori.map. Each case spoils a copy of the dylib, of its
+map, of the stubs or of the tables in one way that a phone or a reader of the package would mind, and
+expects the one line that says so.
 """
 
 import pathlib
@@ -14,7 +15,12 @@ import tempfile
 import unittest
 
 DEVICE = pathlib.Path(__file__).resolve().parents[2] / "device"
-LC_VERSION_MIN_IPHONEOS, LC_CODE_SIGNATURE = 0x25, 0x1D
+sys.path.insert(0, str(DEVICE))
+
+from auditing import link_map, macho  # noqa: E402 (found by the path above)
+
+LC_VERSION_MIN_IPHONEOS, LC_CODE_SIGNATURE, LC_UUID = 0x25, 0x1D, 0x1B
+LC_DYLD_CHAINED_FIXUPS = 0x80000034
 
 
 class AuditTest(unittest.TestCase):
@@ -26,13 +32,20 @@ class AuditTest(unittest.TestCase):
         self.folder = pathlib.Path(folder.name)
         self.stubs = self.folder / "stubs"
         shutil.copytree(DEVICE / "stubs", self.stubs)
+        self.platform = self.folder / "platform"
+        shutil.copytree(DEVICE / "platform", self.platform)
+        self.map = self.folder / "Vantori.map"
+        shutil.copy(self.good.with_suffix(".map"), self.map)
         self.data = bytearray(self.good.read_bytes())
 
     def audit(self, *options):
         dylib = self.folder / "Vantori.dylib"
         dylib.write_bytes(self.data)
         return subprocess.run(
-            [sys.executable, "-B", DEVICE / "audit.py", dylib, "--stubs", self.stubs, *options],
+            [
+                sys.executable, "-B", DEVICE / "audit.py", dylib, "--map", self.map,
+                "--stubs", self.stubs, "--platform", self.platform, *options,
+            ],  # fmt: skip
             capture_output=True,
             text=True,
             check=False,
@@ -54,11 +67,38 @@ class AuditTest(unittest.TestCase):
             at += size
         self.fail(f"no load command {wanted:#x}")
 
-    def edit_stub(self, name, old, new):
-        path = self.stubs / f"{name}.tbd"
+    def edit(self, path, old, new):
         text = path.read_text()
         self.assertIn(old, text)
         path.write_text(text.replace(old, new))
+
+    def edit_stub(self, name, old, new):
+        self.edit(self.stubs / f"{name}.tbd", old, new)
+
+    def edit_table(self, name, old, new):
+        self.edit(self.platform / f"{name}.tsv", old, new)
+
+    def drop_row(self, name, start):
+        path = self.platform / f"{name}.tsv"
+        kept = [line for line in path.read_text().splitlines(True) if not line.startswith(start)]
+        self.assertLess(len(kept), len(path.read_text().splitlines()))
+        path.write_text("".join(kept))
+
+    def plant(self, kind, class_name, selector, old, new):
+        """Writes another encoding where the dylib holds that of a hook or of a method."""
+        start = {"hook": link_map.HOOK, "method": link_map.METHOD}[kind]
+        dylib = macho.read_dylib(bytes(self.data))
+        for symbol, encoding in link_map.LinkMap(self.map).encodings(start, dylib):
+            stem = symbol.name.removesuffix(link_map.ENCODING)
+            names = link_map.texts(stem)
+            owner = names.pop(0) if kind == "hook" else link_map.first_type(stem.removeprefix(start))
+            if (owner, names[0]) == (class_name, selector):
+                self.assertEqual((encoding, len(old)), (old, len(new)))
+                section = next(one for one in dylib.sections if one.holds(symbol.address))
+                at = section.offset + symbol.address - section.address
+                self.data[at : at + len(new)] = new.encode()
+                return
+        self.fail(f"no {kind} {class_name} {selector}")
 
     def test_good_file_passes(self):
         done = self.audit()
@@ -69,11 +109,88 @@ class AuditTest(unittest.TestCase):
         self.edit_stub("CydiaSubstrate", "- _MSHookMessageEx\n", "")
         self.refused("error: _MSHookMessageEx is not in the stub of /Library/Frameworks/CydiaSubstrate")
 
-    def test_unused_symbol_is_only_a_warning(self):
+    def test_symbol_that_nothing_uses(self):
         self.edit_stub("CydiaSubstrate", "- _MSHookMessageEx\n", "- _MSHookMessageEx\n      - _MSUnused\n")
+        self.refused("CydiaSubstrate lists _MSUnused, which nothing uses: take it out")
+
+    def test_symbol_of_which_nobody_knows_that_the_system_has_it(self):
+        self.drop_row("symbols", "_MSHookMessageEx\t")
+        self.refused("error: nothing says that the system has _MSHookMessageEx: add to device/platform/symbols.tsv")
+
+    def test_symbol_of_another_library(self):
+        self.edit_table("symbols", "_NSLog\t/System/Library/Frameworks/Foundation", "_NSLog\t/usr/lib/Other")
+        self.refused("error: _NSLog is in /usr/lib/Other.framework/Foundation, not in /System/Library/Frameworks/")
+
+    def test_symbol_of_a_later_system(self):
+        self.edit_table("symbols", "CydiaSubstrate\t2.0\t", "CydiaSubstrate\t12.2\t")
+        self.refused("error: _MSHookMessageEx is there from iOS 12.2 only")
+
+    def test_encoding_of_a_hook(self):
+        self.plant("hook", "SBLockScreenManager", "lockUIFromSource:withOptions:", "v@:i@", "v@:q@")
+        self.refused(
+            "error: hook -[SBLockScreenManager lockUIFromSource:withOptions:] expects v@:q@, but the system has v@:i@"
+        )
+
+    def test_encoding_of_a_later_form(self):
+        selector = "grabberTongueBeganPulling:withDistance:andVelocity:andGesture:"
+        self.plant("hook", "SBControlCenterController", selector, "v@:@dd@", "v@:@df@")
+        self.refused(f"error: hook -[SBControlCenterController {selector}] expects v@:@df@, but")
+
+    def test_encoding_of_a_method(self):
+        selector = "gestureRecognizer:shouldReceiveTouch:"
+        self.plant("method", "VNTToolBarController", selector, "B@:@@", "v@:@@")
+        self.refused(f"-[VNTToolBarController {selector}] has the encoding v@:@@, but not as in UIGestureRecognizerDelegate (B@:@@)")
+
+    def test_method_that_only_shares_a_name(self):
+        selector = "gestureRecognizer:shouldReceiveTouch:"
+        self.plant("method", "VNTToolBarController", selector, "B@:@@", "v@:@@")
+        with (self.platform / "own_methods.tsv").open("a") as table:
+            table.write(f"VNTToolBarController\t{selector}\tv@:@@\ta test\n")
         done = self.audit()
+        self.assertNotIn("has the encoding", done.stdout)
+
+    def test_hook_that_no_table_knows(self):
+        self.drop_row("private_methods", "SBLockScreenManager\t")
+        self.refused("private_methods.tsv the row 'SBLockScreenManager - lockUIFromSource:withOptions: v@:i@'")
+
+    def test_message_that_no_table_knows(self):
+        self.drop_row("private_methods", "BSPlatform\t-\thomeButtonType\t")
+        self.refused("error: the message homeButtonType is not known: add a row for it")
+
+    def test_class_that_no_table_knows(self):
+        self.drop_row("public_methods", "UIImpactFeedbackGenerator\t")
+        self.refused("error: the class UIImpactFeedbackGenerator is not known")
+
+    def test_table_with_a_column_too_few(self):
+        with (self.platform / "private_methods.tsv").open("a") as table:
+            table.write("SBLonely\t-\n")
+        self.refused("2 columns, not the 8 of the first line")
+
+    def test_map_of_another_file(self):
+        self.edit(self.map, "__TEXT\t__cstring", "__TEXT\t__other")
+        self.refused("is the map of another file")
+
+    def test_no_map(self):
+        self.map.write_text("nothing\n")
+        self.refused("is no map of the linker")
+
+    def test_load_command_of_later_systems(self):
+        struct.pack_into("<I", self.data, self.command(LC_UUID), LC_DYLD_CHAINED_FIXUPS)
+        self.refused("error: load command 0x80000034 is none that iOS 11 knows")
+
+    def test_second_function_that_runs_at_load(self):
+        name = self.data.index(b"__cstring\0")
+        size, kind = name + 40, name + 64  # of a section header: its size and its type
+        struct.pack_into("<I", self.data, kind, macho.INITIALISERS)
+        more = struct.unpack_from("<Q", self.data, size)[0] // 8 + 1
+        self.refused(f"error: {more} functions run when the library is loaded")
+
+    def test_what_takes_the_room(self):
+        done = self.audit("--room", "--messages")
         self.assertEqual(done.returncode, 0, done.stdout)
-        self.assertRegex(done.stdout, "warning: of /Library/Frameworks/CydiaSubstrate.*: _MSUnused\n")
+        self.assertRegex(done.stdout, r"\n +\d+ __TEXT,__text\n")
+        self.assertRegex(done.stdout, r"\n +\d+ toolbar/toolbar_controller\.cpp\n")
+        self.assertIn("-[SBReachabilityManager _toggleReachabilityMode] v@:: in 12.2 13.2.2 13.5.1 14.2; not in 11.1", done.stdout)
 
     def test_library_without_a_stub(self):
         (self.stubs / "CydiaSubstrate.tbd").unlink()
@@ -106,6 +223,12 @@ class AuditTest(unittest.TestCase):
 
     def test_path_of_the_build(self):
         self.refused("error: holds the build path /usr/lib/libobjc", "--forbid", "/usr/lib/libobjc")
+
+    def test_path_of_anybodys_machine(self):
+        place = "/" + "home/mobile"  # in two pieces: this file may not hold one either
+        at = self.data.index(b"/var/mobile/Library/Preferences/")
+        self.data[at : at + len(place)] = place.encode()
+        self.refused(f"error: holds a path of the build, {place}")
 
     def test_file_cut_short(self):
         del self.data[100:]

@@ -50,6 +50,19 @@ TEST_F(ObjectLayer, MessagesToEmptyHandlesYieldZeroOfEveryKind) {
     EXPECT_FALSE(none.respondsTo(selector<"depth">()));
 }
 
+TEST_F(ObjectLayer, MessagesThatMayBeUnknownAreSentOnlyToThoseWhoAnswer) {
+    EXPECT_EQ((animal_.sendIfAnswered<"half:", float>(5.0f)), 2.5f);
+    EXPECT_EQ((animal_.sendIfAnswered<"itself", Animal>()), animal_);
+    EXPECT_EQ((animal_.sendIfAnswered<"fly:", double>(5.0)), 0.0);
+    EXPECT_FALSE((animal_.sendIfAnswered<"nest", Animal>()));
+    animal_.sendIfAnswered<"land">();
+    EXPECT_EQ((animal_.sendIfAnswered<"territory", CGRect>()), rect(0, 0, 0, 0));
+    EXPECT_EQ((Animal().sendIfAnswered<"depth", long>()), 0);
+    const Object cls(classObject(classOf<Animal>()));
+    EXPECT_EQ((cls.sendIfAnswered<"species", long>()), 42);
+    EXPECT_EQ((cls.sendIfAnswered<"depth", long>()), 0);
+}
+
 TEST_F(ObjectLayer, AMissingClassYieldsNothing) {
     EXPECT_EQ(objc_getClass("VNTTestAbsent"), nullptr);
     Object cls(classObject(objc_getClass("VNTTestAbsent")));

@@ -86,6 +86,7 @@ void FakePhone::play(const Song& song) {
 }
 void FakePhone::playing(bool yes) { note("playing", yesOrNo(yes)); }
 void FakePhone::nothingPlaying() { note("nothingPlaying"); }
+void FakePhone::playerCallbacks(bool other) { note("playerCallbacks", yesOrNo(other)); }
 void FakePhone::toggle(const std::string& name, bool on) { note("toggle", name, yesOrNo(on)); }
 void FakePhone::interrupt(objc_object* view) { note("interrupt", printed(objectValue(view))); }
 void FakePhone::post(const std::string& notification) { note("post", notification); }

@@ -61,6 +61,7 @@ class FakePhone : public Phone {
     void play(const Song& song) override;
     void playing(bool yes) override;
     void nothingPlaying() override;
+    void playerCallbacks(bool otherThread) override;
     void toggle(const std::string& name, bool on) override;
     void interrupt(objc_object* view) override;
     void post(const std::string& notification) override;

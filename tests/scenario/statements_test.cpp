@@ -124,6 +124,8 @@ INSTANTIATE_TEST_SUITE_P(
                 {"play T | A |  | id 1 | com.apple.Music"}},
         Carried{"playing yes", {"playing yes"}}, Carried{"playing no", {"playing no"}},
         Carried{"nothing-playing", {"nothingPlaying"}},
+        Carried{"player-callbacks other", {"playerCallbacks yes"}},
+        Carried{"player-callbacks main", {"playerCallbacks no"}},
         Carried{"toggle orientationlock on", {"toggle orientationlock yes"}},
         Carried{"toggle ringermute off", {"toggle ringermute no"}},
         Carried{"toggle lowpower on", {"toggle lowpower yes"}},

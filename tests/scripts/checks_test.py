@@ -1,4 +1,4 @@
-"""Tests of scripts/check-floors and scripts/check-words, on small trees made for each case."""
+"""Tests of the checks and writers in scripts/, on small trees made for each case."""
 
 import pathlib
 import subprocess
@@ -116,6 +116,61 @@ class WordsTest(TreeTest):
         self.write("build/x.cpp", "// TO" + "DO")
         (self.root / "picture.png").write_bytes(b"\x89PNG TO" + b"DO \xff")
         self.assertEqual(self.findings("check-words"), [])
+
+
+class DeviceTablesTest(TreeTest):
+    def setUp(self):
+        super().setUp()
+        self.write("core/hook_table.cpp", 'hook<"SBOne", "old:", &a>(),', 'hook<"SBOne", "kept", &b>(),',
+                   'laterForm<"SBOne", "old:", "old:new:", &a>(),')  # fmt: skip
+        self.methods("SBOne - kept v@: . 11.1,12.0 13.2.2 .")
+        self.document("")
+
+    def methods(self, *more):
+        rows = (
+            "class kind selector encoding own inherited absent note",
+            "SBOne - old: v@:@ 11.1,12.2 . 13.5.1,14.2 .",
+            "SBOne - old:new: v@:@@ 13.5.1,14.2 . 11.1 .",
+            "SBTwo + shared @@: 12.0 . 14.2 gone",
+            *more,
+        )
+        lines = (row.replace(" ", "\t").replace(",", " ") for row in rows)
+        self.write("device/platform/private_methods.tsv", *lines)
+
+    def document(self, before):
+        marks = [f"<!-- {name}: x -->\n<!-- end of {name} -->" for name in ("hooks", "lacking")]
+        self.write("docs/device.md", before, *marks, "after")
+
+    def run_script(self, *options):
+        command = [SCRIPTS / "device-tables", "--root", self.root, *options]
+        return subprocess.run(command, capture_output=True, text=True, check=False)
+
+    def test_rows_by_system(self):
+        self.assertEqual(self.run_script().returncode, 0)
+        text = (self.root / "docs/device.md").read_text()
+        self.assertIn("| 1 | `SBOne` `old:` | own | own | ? | none | none |\n", text)
+        self.assertIn("| 2 | `SBOne` `kept` | inherited | inherited | none | ? | ? |\n", text)
+        self.assertIn("| later 1 | `SBOne` `old:new:` | none | ? | ? | own | own |\n", text)
+        self.assertIn("| + `SBTwo` `shared` | ? | own | ? | ? | none | gone |\n", text)
+        self.assertTrue(text.endswith("after\n"))
+
+    def test_check_tells_what_is_not_current(self):
+        done = self.run_script("--check")
+        self.assertEqual(done.returncode, 1)
+        self.assertIn("+| 1 | `SBOne` `old:` |", done.stdout)
+        self.assertEqual(self.run_script().returncode, 0)
+        done = self.run_script("--check")
+        self.assertEqual((done.returncode, done.stdout), (0, ""))
+
+    def test_hook_that_no_table_knows(self):
+        self.methods()
+        done = self.run_script()
+        self.assertEqual(done.returncode, 1)
+        self.assertIn("SBOne kept is not in device/platform/private_methods.tsv", done.stderr)
+
+    def test_document_without_a_place(self):
+        self.write("docs/device.md", "nothing")
+        self.assertIn("has no place for the table 'hooks'", self.run_script().stderr)
 
 
 if __name__ == "__main__":

@@ -90,6 +90,8 @@ class Catalogue : public CatalogueBase, public testing::WithParamInterface<Case>
 TEST_P(Catalogue, ReadsOffAtFirst) {
     bootSystem();
     Toggle toggle = makeToggle(kind());
+    putOnToolbar(toggle);
+    toggle.refreshState();
     expectAll(toggle, false);
     EXPECT_FALSE(isAnimating(toggle.toggleButton().offView()));
 }
@@ -97,6 +99,7 @@ TEST_P(Catalogue, ReadsOffAtFirst) {
 TEST_P(Catalogue, FollowsSomeoneElseOnlyWhenItIsRefreshed) {
     bootSystem();
     Toggle toggle = makeToggle(kind());
+    putOnToolbar(toggle);
     set(kind(), true);
     phone_->wait(1);
     expectAll(toggle, false);
@@ -112,6 +115,7 @@ TEST_P(Catalogue, FollowsSomeoneElseOnlyWhenItIsRefreshed) {
 TEST_P(Catalogue, FadesItsColoursWhileATapIsWritten) {
     bootSystem();
     Toggle toggle = makeToggle(kind());
+    putOnToolbar(toggle);
     tap(toggle);
     EXPECT_EQ(phone_->haptics(0), 1);
     EXPECT_EQ(phone_->calledCount(kind().systemClass, kind().writesOn), 1);
@@ -366,6 +370,7 @@ class Switch : public CatalogueBase {
 TEST_F(Switch, PostsItsOnMessageAtEveryTapWhileItIsOff) {
     boot();
     auto toggle = makeSwitch();
+    putOnToolbar(toggle);
     toggle.setIsOn(false);
     phone_->wait(1);
     const double off = toggle.toggleButton().offView().alpha();
@@ -397,6 +402,7 @@ TEST_F(Switch, PostsItsOffMessageAtEveryTapWhileItIsOn) {
 TEST_F(Switch, FadesItsColoursOverEightTenthsOfASecond) {
     boot();
     auto toggle = makeSwitch();
+    putOnToolbar(toggle);
     phone_->wait(1);
     toggle.setIsOn(true);
     expectShown(toggle, true);

@@ -270,6 +270,7 @@ class EverydaySlide : public Everyday, public testing::WithParamInterface<SlideC
 
 TEST_P(EverydaySlide, MovesTheRowAndItsOwnPanelOnly) {
     boot();
+    openToolbar();
     const SlideCase& c = GetParam();
     // A hiding starts from where the showing leads.
     if (c.rowAlpha == 1) {
@@ -353,9 +354,7 @@ TEST_F(Everyday, OpeningTheToolbarRefreshesItsToggles) {
     phone_->toggle("ringermute", true);
     phone_->appearance(true);
     expectShown(toggle("lowPowerVC"), false);
-    phone_->grabber(simulator::PullPhase::began, 60, 10, 0);
-    phone_->grabber(simulator::PullPhase::ended, 60, 100, 0);
-    phone_->wait(1);
+    openToolbar();
     for (const char* name : {"lowPowerVC", "muteVC", "appearanceVC"}) {
         expectShown(toggle(name), true);
     }

@@ -41,6 +41,17 @@ class TogglePhone : public LibraryPhone {
         return make<Toggle, "initWithOnImage:offImage:onString:offString:">(picture(), picture(),
                                                                             text(on), text(off));
     }
+    void openToolbar() {
+        phone_->grabber(simulator::PullPhase::began, 60, 10, 0);
+        phone_->grabber(simulator::PullPhase::ended, 60, 100, 0);
+        phone_->wait(1);
+        phone_->clear();
+    }
+    // Only what is in a window moves.
+    void putOnToolbar(Toggle toggle) {
+        openToolbar();
+        VNTSBToolBarController::shared().view().addSubview(toggle.view());
+    }
     void refreshAll() { phone_->post("should-refresh-state"); }
     // As a finger does.
     static void tap(Toggle toggle) {

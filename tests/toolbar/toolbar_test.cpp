@@ -83,10 +83,11 @@ TEST_P(SideBySide, ForEveryOtherDirection) {
 
 INSTANTIATE_TEST_SUITE_P(Directions, SideBySide, testing::Values(0, 1, 2));
 
+// The page's bounds shrink to the strip about the middle of the screen: (812 - 100) / 2 = 356.
 TEST_F(Toolbar, TheEverydayPageKeepsItsFirstFrame) {
     boot();
     const CGRect first = frameOf(app().dailyControlViewController());
-    EXPECT_EQ(first, (rect(0, 0, 375, 812)));
+    EXPECT_EQ(first, (rect(0, 356, 375, 100)));
     set("layoutDirection", 1);
     announceSettings();
     EXPECT_EQ(frameOf(app().dailyControlViewController()), first);

@@ -1,5 +1,7 @@
 #include "simulator/uikit/application/application.hpp"
 
+#include "simulator/runtime/clock.hpp"
+#include "simulator/uikit/raise.hpp"
 #include "simulator/uikit/screen/screen.hpp"
 #include "simulator/uikit/view/window/window.hpp"
 
@@ -37,7 +39,27 @@ bool sendAction(SEL action, Object target, Object sender, Object event) {
     return true;
 }
 
+AddressOpener addressOpener{[](const std::string&) { return false; }, [](const std::string&) {}};
+
+std::string addressIn(NSURL url) { return text(url.send<"absoluteString", NSString>()); }
+
+bool canOpen(NSURL url) { return url && addressOpener.opens(addressIn(url)); }
+
+// The other application comes to the front in a later turn, never inside the message.
+bool open(NSURL url) {
+    if (!canOpen(url)) return false;
+    Clock::shared().post([address = addressIn(url)] { addressOpener.open(address); });
+    return true;
+}
+
+void openThenTell(NSURL url, BlockRef<void(bool)> completion) {
+    bool opened = open(url);
+    Clock::shared().post([kept = KeptBlock<void(bool)>(completion), opened] { kept(opened); });
+}
+
 }  // namespace
+
+void setAddressOpener(AddressOpener opener) { addressOpener = opener; }
 
 void setSharedApplication(UIApplication application) { sharedSlot() = retained(application); }
 
@@ -60,6 +82,12 @@ void registerApplication() {
             double height = screen().portrait.height >= 812 ? 44 : 20;
             return rect(0, 0, bounds.size.width, height);
         })
+        .method<"canOpenURL:">([](UIApplication, NSURL url) { return canOpen(url); })
+        .method<"openURL:">([](UIApplication, NSURL url) { return open(url); })
+        .method<"openURL:options:completionHandler:">(
+            [](UIApplication, NSURL url, NSDictionary, BlockRef<void(bool)> completion) {
+                openThenTell(url, completion);
+            })
         .method<"applicationState">([](UIApplication) -> long { return 0; })
         .flag<"isIdleTimerDisabled",
               "setIdleTimerDisabled:", &ApplicationState::idleTimerDisabled>()

@@ -16,7 +16,7 @@ using State = UIGestureRecognizer::State;
 // Which state may follow which; rows from, columns to: possible, began, changed, ended, cancelled,
 // failed. A reset is what leads back to possible.
 constexpr std::array<std::array<bool, 6>, 6> mayFollow{{
-    {false, true, false, true, false, true},    // possible
+    {false, true, false, true, true, true},     // possible
     {false, false, true, true, true, false},    // began
     {false, false, true, true, true, false},    // changed
     {true, false, false, false, false, false},  // ended

@@ -1,6 +1,7 @@
 #include "simulator/uikit/image/image.hpp"
 
 #include <filesystem>
+#include <map>
 
 #include "simulator/rendering/png.hpp"
 #include "simulator/uikit/raise.hpp"
@@ -48,6 +49,16 @@ UIImage imageAt(const std::string& path) {
     return makeImage(load(file, 1));
 }
 
+// A name keeps its image for the life of the process. One that has none is looked for again.
+UIImage namedImage(const std::string& name) {
+    static auto& kept = *new std::map<std::string, Strong<UIImage>>;
+    auto found = kept.find(name);
+    if (found != kept.end()) return found->second;
+    UIImage image = imageAt(name);
+    if (image) kept.emplace(name, retained(image));
+    return image;
+}
+
 }  // namespace
 
 UIImage makeImage(const rendering::PictureRef& picture) {
@@ -67,7 +78,7 @@ void registerImage() {
     table<UIImage, Object, ImageState>()
         .classMethod<"imageWithContentsOfFile:">(
             [](Class, NSString path) { return imageAt(text(path)); })
-        .classMethod<"imageNamed:">([](Class, NSString name) { return imageAt(text(name)); })
+        .classMethod<"imageNamed:">([](Class, NSString name) { return namedImage(text(name)); })
         .classMethod<"imageNamed:inBundle:compatibleWithTraitCollection:">(
             [](Class, NSString name, Object bundle, UITraitCollection) {
                 auto folder = text(bundle.send<"bundlePath", NSString>());
@@ -94,6 +105,11 @@ void registerImage() {
             return {picture->size().width, picture->size().height};
         })
         .method<"scale">([](UIImage) -> double { return screen().scale; })
+        // Images do not change: a copy is the image itself.
+        .method<"copyWithZone:">([](UIImage self, void*) -> UIImage {
+            UIImage same = self;
+            return UIImage(retained(same).leak());
+        })
         .readonly<"renderingMode", &ImageState::renderingMode>()
         .method<"imageWithRenderingMode:">(
             [](UIImage self, long mode) { return fresh(stateOf<ImageState>(self).picture, mode); });

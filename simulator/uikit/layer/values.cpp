@@ -11,8 +11,12 @@ namespace {
 Numbers numbersOf(Rgba c) { return {c.red, c.green, c.blue, c.alpha, 0, 0}; }
 Rgba rgbaFrom(const Numbers& n) { return {n[0], n[1], n[2], n[3]}; }
 
-// The bounds about the anchor, turned by the transform: the frame when the position is zero.
+// The bounds about the anchor, turned by the transform: the frame when the position is zero. While
+// nothing is turned a negative size stays as it is, so that a frame reads as it was given.
 CGRect boxAboutAnchor(const LayerValues& values, CGSize size) {
+    if (values.transform == identityTransform) {
+        return {{-values.anchor.x * size.width, -values.anchor.y * size.height}, size};
+    }
     return geometry::boundingBox(
         values.transform, {{-values.anchor.x * size.width, -values.anchor.y * size.height}, size});
 }

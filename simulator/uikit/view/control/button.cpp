@@ -71,12 +71,19 @@ CGSize contentSize(UIButton view) {
             std::max({0.0, label.height, image.height})};
 }
 
+// An image that is larger than the button is squeezed into it, each way by itself.
+CGSize within(CGSize image, CGSize bounds) {
+    return {std::clamp(image.width, 0.0, std::max(0.0, bounds.width)),
+            std::clamp(image.height, 0.0, std::max(0.0, bounds.height))};
+}
+
 // The image, then the title, in the middle.
 void place(UIButton view) {
     ButtonState& s = button(view);
     CGSize bounds = valuesOf(view).bounds.size;
     CGSize label = s.label ? s.label.send<"intrinsicContentSize", CGSize>() : CGSize{};
-    CGSize image = s.image ? s.image.send<"intrinsicContentSize", CGSize>() : CGSize{};
+    CGSize image =
+        s.image ? within(s.image.send<"intrinsicContentSize", CGSize>(), bounds) : CGSize{};
     double x = (bounds.width - std::max(0.0, label.width) - std::max(0.0, image.width)) / 2;
     if (s.image) {
         s.image.setFrame(rect(x, (bounds.height - image.height) / 2, image.width, image.height));

@@ -12,11 +12,6 @@ namespace {
 
 constexpr double labelSize = 17;  // points, of a label without a font of its own
 
-struct FontState {
-    double size;
-    int weight;  // 100 to 900
-};
-
 // UIFontWeight runs from -0.8 (ultra light) over 0 (regular) to 0.62 (black).
 int weightOf(double platform) {
     struct Step {
@@ -34,7 +29,7 @@ int weightOf(double platform) {
 UIFont makeFont(double size, int weight) {
     auto font = create<UIFont>();
     if (!font) return UIFont();
-    stateOf<FontState>(font) = {size, weight};
+    stateOf<FontTraits>(font) = {size, weight};
     return font.autoreleased();
 }
 
@@ -52,14 +47,11 @@ struct LabelState {
 };
 
 LabelState& label(UILabel view) { return stateOf<LabelState>(view); }
-FontState fontOf(UILabel view) {
-    UIFont font = label(view).font;
-    return font ? stateOf<FontState>(font) : FontState{labelSize, 400};
-}
+FontTraits fontOf(UILabel view) { return traitsOf(label(view).font); }
 int linesOf(UILabel view) { return static_cast<int>(label(view).extraLines + 1); }
 
 CGSize measured(UILabel view, double width) {
-    FontState font = fontOf(view);
+    FontTraits font = fontOf(view);
     auto size =
         rendering::measure(text(label(view).text), font.size, font.weight,
                            linesOf(view) == 1 ? rendering::unlimitedWidth : width, linesOf(view));
@@ -68,13 +60,18 @@ CGSize measured(UILabel view, double width) {
 
 }  // namespace
 
+FontTraits traitsOf(UIFont font) {
+    return font.isKindOfClass(classOf<UIFont>()) ? stateOf<FontTraits>(font)
+                                                 : FontTraits{labelSize, 400};
+}
+
 rendering::Text textOf(UILabel view) {
     using rendering::TextAlignment;
     constexpr TextAlignment alignments[] = {TextAlignment::left, TextAlignment::center,
                                             TextAlignment::right, TextAlignment::natural,
                                             TextAlignment::natural};
     const LabelState& s = label(view);
-    FontState font = fontOf(view);
+    FontTraits font = fontOf(view);
     Rgba color = s.color ? rgbaOf(s.color, styleOf(view)) : Rgba{0, 0, 0, 1};
     rendering::Text shown;
     shown.text = text(s.text);
@@ -87,7 +84,7 @@ rendering::Text textOf(UILabel view) {
 }
 
 void registerFont() {
-    table<UIFont, Object, FontState>()
+    table<UIFont, Object, FontTraits>()
         .classMethod<"systemFontOfSize:">([](Class, double size) { return makeFont(size, 400); })
         .classMethod<"systemFontOfSize:weight:">(
             [](Class, double size, double weight) { return makeFont(size, weightOf(weight)); })
@@ -97,13 +94,13 @@ void registerFont() {
             [](Class, double size) { return makeFont(size, 400); })
         .classMethod<"fontWithName:size:">(
             [](Class, NSString, double size) { return makeFont(size, 400); })
-        .readonly<"pointSize", &FontState::size>()
+        .readonly<"pointSize", &FontTraits::size>()
         .method<"fontWithSize:">([](UIFont self, double size) {
-            return makeFont(size, stateOf<FontState>(self).weight);
+            return makeFont(size, stateOf<FontTraits>(self).weight);
         })
         .method<"fontName">([](UIFont) { return "Inter"_ns; })
         .method<"lineHeight">([](UIFont self) -> double {
-            const FontState& font = stateOf<FontState>(self);
+            const FontTraits& font = stateOf<FontTraits>(self);
             return rendering::measure("X", font.size, font.weight).height;
         });
 }
@@ -120,7 +117,7 @@ void registerLabel() {
         })
         .property<"text", &LabelState::text>()
         .method<"font">([](UILabel v) {
-            FontState font = fontOf(v);
+            FontTraits font = fontOf(v);
             UIFont own = label(v).font;
             return own ? own : makeFont(font.size, font.weight);
         })

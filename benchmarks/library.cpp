@@ -1,0 +1,226 @@
+// The library by itself: a hooked message beside a plain one, and start-up beside the file reads,
+// the loading of frameworks and the hook installs that it cannot do without.
+//
+// Start-up runs once in a process, so every round is a child that is forked just before the phone
+// would load the library; the child sends back its time.
+#include <benchmark/benchmark.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <ctime>
+#include <sstream>
+#include <stdexcept>
+
+#include "core/settings_file.hpp"
+#include "core/start_up.hpp"
+#include "platform/definition.hpp"
+#include "platform/hook.hpp"
+#include "platform/loading.hpp"
+#include "simulator/runtime/hooking.hpp"
+#include "simulator/scenario/phone.hpp"
+#include "simulator/springboard/extension.hpp"
+
+extern "C" void MSHookMessageEx(Class cls, SEL selector, IMP replacement, IMP* saved);
+
+namespace {
+
+using namespace platform;
+
+// --- A hooked message.
+
+struct Plain : Object {
+    static constexpr FixedString name{"BenchmarkPlain"};
+    using Object::Object;
+};
+struct Hooked : Object {
+    static constexpr FixedString name{"BenchmarkHooked"};
+    using Object::Object;
+};
+
+template <class T>
+long next(T, long number) {
+    return number + 1;
+}
+long nextAfterSystem(System<long(long)> system, Object, long number) { return system(number); }
+
+void registerSpecimens() {
+    define<Plain, Object>().method<"next:", &next<Plain>>();
+    define<Hooked, Object>().method<"next:", &next<Hooked>>();
+    install(hook<"BenchmarkHooked", "next:", &nextAfterSystem>());
+}
+
+template <class T>
+void sendNext(benchmark::State& state) {
+    auto specimen = create<T>();
+    long number = 0;
+    for (auto _ : state)
+        benchmark::DoNotOptimize(number = specimen.template send<"next:", long>(number));
+}
+
+// --- Start-up.
+
+struct Row {
+    std::string className, selector;
+};
+struct Needs {
+    unsigned long reads = 0;
+    std::vector<Row> rows;
+};
+
+// Runs the work in a child and answers what it wrote.
+template <class Work>
+std::string inChild(Work work) {
+    int ends[2];
+    if (pipe(ends) != 0) throw std::runtime_error("no pipe");
+    const pid_t child = fork();
+    if (child < 0) throw std::runtime_error("no process can be started");
+    if (child == 0) {
+        const std::string answer = work();
+        const ssize_t written = write(ends[1], answer.data(), answer.size());
+        _exit(written == static_cast<ssize_t>(answer.size()) ? 0 : 1);
+    }
+    close(ends[1]);
+    std::string answer;
+    char buffer[4096];
+    for (ssize_t got; (got = read(ends[0], buffer, sizeof buffer)) > 0;) {
+        answer.append(buffer, static_cast<std::size_t>(got));
+    }
+    close(ends[0]);
+    int status = 0;
+    waitpid(child, &status, 0);
+    if (status != 0) throw std::runtime_error("a measured process failed");
+    return answer;
+}
+
+// Of the processor: other programs do not count.
+double processorSeconds() {
+    timespec time{};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
+}
+
+template <class Work>
+double secondsInChild(Work work) {
+    return std::stod(inChild([&] {
+        const double before = processorSeconds();
+        work();
+        char text[40];
+        std::snprintf(text, sizeof text, "%.9f", processorSeconds() - before);
+        return std::string(text);
+    }));
+}
+
+unsigned long readsSeen = 0;
+IMP readFile = nullptr;
+id countRead(id self, SEL command, id path) {
+    ++readsSeen;
+    return reinterpret_cast<id (*)(id, SEL, id)>(readFile)(self, command, path);
+}
+
+// What one start-up reads and installs.
+Needs surveyStartUp() {
+    std::istringstream answer(inChild([] {
+        Method method = class_getClassMethod(objc_getClass("NSDictionary"),
+                                             sel_registerName("dictionaryWithContentsOfFile:"));
+        readFile = method_setImplementation(method, reinterpret_cast<IMP>(&countRead));
+        vantori::startUp();
+        std::ostringstream text;
+        text << readsSeen << '\n';
+        for (const auto& row : simulator::handovers()) {
+            if (row.installed) text << row.className << ' ' << row.selector << '\n';
+        }
+        return text.str();
+    }));
+    Needs needs;
+    answer >> needs.reads;
+    for (Row row; answer >> row.className >> row.selector;) needs.rows.push_back(row);
+    return needs;
+}
+
+void doNothing(id, SEL) {}
+
+void loadFrameworks() {
+    constexpr const char* frameworks = "/System/Library/PrivateFrameworks/";
+    for (const char* name : {"ControlCenterUIKit", "ControlCenterUI"}) {
+        const std::string folder = frameworks + std::string(name) + ".framework";
+        NSBundle::withPath(NSString::from(folder.c_str())).load();
+        openLibrary((folder + "/" + name).c_str());
+    }
+    NSBundle::withPath("/System/Library/ControlCenter/Bundles/DoNotDisturbModule.bundle"_ns).load();
+    NSBundle::withPath("/System/Library/ControlCenter/Bundles/ReplayKitModule.bundle"_ns).load();
+}
+
+void readLoadAndInstall(const Needs& needs) {
+    AutoreleasePool pool;
+    loadFrameworks();
+    for (unsigned long i = 0; i < needs.reads; ++i) {
+        NSDictionary::withContentsOfFile(vantori::settingsPath());
+    }
+    for (const Row& row : needs.rows) {
+        IMP saved = nullptr;
+        MSHookMessageEx(objc_getClass(row.className.c_str()),
+                        sel_registerName(row.selector.c_str()), reinterpret_cast<IMP>(&doNothing),
+                        &saved);
+    }
+}
+
+void startUpWhole(benchmark::State& state) {
+    for (auto _ : state) state.SetIterationTime(secondsInChild(&vantori::startUp));
+}
+
+void startUpFloor(benchmark::State& state) {
+    const Needs needs = surveyStartUp();
+    for (auto _ : state) {
+        state.SetIterationTime(secondsInChild([&] { readLoadAndInstall(needs); }));
+    }
+    state.counters["reads"] = static_cast<double>(needs.reads);
+    state.counters["hooks"] = static_cast<double>(needs.rows.size());
+}
+
+constexpr int startUps = 40;
+
+void registerBenchmarks() {
+    registerSpecimens();
+    benchmark::RegisterBenchmark("message, hooked", &sendNext<Hooked>);
+    benchmark::RegisterBenchmark("message, hooked/floor", &sendNext<Plain>);
+    benchmark::RegisterBenchmark("start-up", &startUpWhole)
+        ->UseManualTime()
+        ->Iterations(startUps)
+        ->Unit(benchmark::kMicrosecond);
+    benchmark::RegisterBenchmark("start-up/floor", &startUpFloor)
+        ->UseManualTime()
+        ->Iterations(startUps)
+        ->Unit(benchmark::kMicrosecond);
+}
+
+// Instead of the library the phone "loads" the measurements; it need not go on booting.
+void measure() {
+    registerBenchmarks();
+    benchmark::RunSpecifiedBenchmarks();
+    std::fflush(nullptr);
+    throw std::runtime_error("measured");
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+    benchmark::Initialize(&count, arguments);
+    if (benchmark::ReportUnrecognizedArguments(count, arguments)) return 1;
+    AutoreleasePool pool;
+    auto phone = simulator::makePhone({});
+    for (const char* key : {"enabled", "tapToOpen", "leftGestureEnabled", "middleGestureEnabled"}) {
+        phone->setting(key, true);
+    }
+    bool measured = false;
+    simulator::setExtensionLoader([&] {
+        measured = true;
+        measure();
+    });
+    try {
+        phone->boot();
+    } catch (const simulator::PhoneError&) {
+        // The loader ends the boot.
+    }
+    return measured ? 0 : 1;
+}

@@ -1,0 +1,219 @@
+// The library on its phone: an updated pull and the opening of the toolbar, each beside the system
+// messages alone; memory asked for by an updated pull; frames of the moving toolbar as they are
+// drawn. 375 x 812 points at three pixels.
+#include <benchmark/benchmark.h>
+
+#include <cstring>
+#include <vector>
+
+#include "benchmarks/allocations.hpp"
+#include "platform/springboard.hpp"
+#include "simulator/runtime/clock.hpp"
+#include "simulator/scenario/phone.hpp"
+#include "simulator/springboard/screen_picture.hpp"
+#include "simulator/springboard/switcher_gestures.hpp"
+
+namespace {
+
+using namespace platform;
+using simulator::PullPhase;
+
+constexpr double edge = 60;  // in the left zone, which is on without a setting
+
+simulator::Phone* phone = nullptr;
+
+Object shared(const char* className) {
+    return Object(classObject(objc_getClass(className))).send<"sharedInstance", Object>();
+}
+Object springBoardToolbar() { return shared("VNTSBToolBarController"); }
+
+// The distance of one report in a pull up and down, in points.
+double distanceAt(unsigned long report) { return 100 + static_cast<double>(report % 200); }
+
+void report(double distance) {
+    simulator::gestureManager().send<"grabberTongueUpdatedPulling:withDistance:andVelocity:">(
+        Object(simulator::grabberTongue()), distance, 200.0);
+}
+
+enum class Style { application, springBoard };
+
+void begin(Style style) {
+    phone->setting("alwaysSpringBoardStyle", style == Style::springBoard);
+    phone->postDarwin("VantoriPB/reloadSettings");
+    phone->wait(0.1);
+    if (style == Style::application) phone->open("com.example.notes");
+    phone->grabber(PullPhase::began, edge, 10, 0);
+    phone->wait(1);
+}
+
+// Closes the toolbar that the pull opened and goes home.
+void end() {
+    phone->grabber(PullPhase::ended, edge, 10, -500);
+    phone->wait(1);
+    phone->home();
+    phone->wait(1);
+}
+
+// What an updated pull has to send for the application's scene ...
+void lift(double distance) {
+    UIView container = SBMainDisplaySceneLayoutViewController::main().sceneContainerView();
+    const CGSize screen = UIScreen::mainScreen().bounds().size;
+    container.setFrame(rect(0, -distance, screen.width, screen.height));
+    container.layer().setCornerRadius(distance / 515 * 30);
+}
+// ... and for the toolbar in a window of its own.
+void moveToolbar(double distance) {
+    Object toolbar = springBoardToolbar();
+    const CGSize screen = UIScreen::mainScreen().bounds().size;
+    UIView view = toolbar.send<"view", UIView>();
+    view.setFrame(rect(0, screen.height - distance, screen.width, view.frame().size.height));
+    toolbar.send<"backgroundShadowView", UIView>().setAlpha(distance / screen.height / 2);
+}
+
+template <Style style>
+void sendFloor(double distance) {
+    if constexpr (style == Style::application) {
+        lift(distance);
+    } else {
+        moveToolbar(distance);
+    }
+}
+
+double placeOf(Style style) {
+    UIView moved = style == Style::application
+                       ? SBMainDisplaySceneLayoutViewController::main().sceneContainerView()
+                       : springBoardToolbar().send<"view", UIView>();
+    return moved.frame().origin.y;
+}
+
+// Runs one report a round and counts what memory the rounds ask for.
+template <class Report>
+void measureReports(benchmark::State& state, Style style, Report send) {
+    begin(style);
+    unsigned long round = 0;
+    const double rest = placeOf(style);
+    send(distanceAt(round));
+    if (placeOf(style) == rest) state.SkipWithError("the pull was not taken over");
+    const benchmarks::Allocations before = benchmarks::allocations();
+    for (auto _ : state) {
+        AutoreleasePool pool;
+        send(distanceAt(++round));
+    }
+    const benchmarks::Allocations after = benchmarks::allocations();
+    const auto rounds = static_cast<double>(round);
+    state.counters["allocations"] = static_cast<double>(after.all - before.all) / rounds;
+    state.counters["library"] = static_cast<double>(after.library - before.library) / rounds;
+    end();
+}
+
+template <Style style>
+void updatedPull(benchmark::State& state) {
+    measureReports(state, style, &report);
+}
+template <Style style>
+void updatedPullFloor(benchmark::State& state) {
+    measureReports(state, style, &sendFloor<style>);
+}
+
+constexpr int openingFrames = 60;  // one second, in which every spring ends
+
+void passFrames() { simulator::Clock::shared().advance(openingFrames * simulator::Clock::frame); }
+
+// Began, ten reports, released, settled.
+void openToolbar(benchmark::State& state) {
+    phone->setting("alwaysSpringBoardStyle", true);
+    for (auto _ : state) {
+        AutoreleasePool pool;
+        phone->grabber(PullPhase::began, edge, 10, 0);
+        for (int i = 1; i <= 10; ++i) phone->grabber(PullPhase::updated, edge, 30.0 * i, 200);
+        phone->grabber(PullPhase::ended, edge, 300, 0);
+        passFrames();
+        state.PauseTiming();
+        if (!springBoardToolbar().send<"isEnabled", bool>()) state.SkipWithError("it stayed shut");
+        springBoardToolbar().send<"dismissVNTSB">();
+        passFrames();
+        state.ResumeTiming();
+    }
+}
+
+// The same movement of the toolbar's view and shadow by the system alone.
+void openToolbarFloor(benchmark::State& state) {
+    auto settle = [](double distance) {
+        auto changes = block([distance] { moveToolbar(distance); });
+        UIView::animateWithSpring(0.5, 0, 0.6, 0.3, 0, changes, {});
+    };
+    for (auto _ : state) {
+        AutoreleasePool pool;
+        settle(10);
+        for (int i = 1; i <= 10; ++i) moveToolbar(30.0 * i);
+        settle(515);
+        passFrames();
+        state.PauseTiming();
+        settle(0);
+        passFrames();
+        state.ResumeTiming();
+    }
+}
+
+constexpr double pixelsPerPoint = 3;
+
+void drawFrames(benchmark::State& state, bool moving) {
+    begin(Style::application);
+    report(200);
+    unsigned long round = 0;
+    for (auto _ : state) {
+        AutoreleasePool pool;
+        if (moving) report(distanceAt(4 * ++round));
+        simulator::Clock::shared().advance(simulator::Clock::frame);
+        benchmark::DoNotOptimize(simulator::screenPicture(pixelsPerPoint).get());
+    }
+    state.counters["frames"] =
+        benchmark::Counter(static_cast<double>(state.iterations()), benchmark::Counter::kIsRate);
+    end();
+}
+
+void movingFrames(benchmark::State& state) { drawFrames(state, true); }
+
+// No drawing is faster than one copy of the pixels.
+void copyFrames(benchmark::State& state) {
+    const std::size_t bytes = 375 * 3 * 812 * 3 * 4;
+    std::vector<unsigned char> from(bytes, 1), to(bytes);
+    for (auto _ : state) {
+        std::memcpy(to.data(), from.data(), bytes);
+        benchmark::ClobberMemory();
+    }
+    state.counters["frames"] =
+        benchmark::Counter(static_cast<double>(state.iterations()), benchmark::Counter::kIsRate);
+}
+
+void registerBenchmarks() {
+    using benchmark::RegisterBenchmark;
+    RegisterBenchmark("updated pull, application", &updatedPull<Style::application>);
+    RegisterBenchmark("updated pull, application/floor", &updatedPullFloor<Style::application>);
+    RegisterBenchmark("updated pull, home screen", &updatedPull<Style::springBoard>);
+    RegisterBenchmark("updated pull, home screen/floor", &updatedPullFloor<Style::springBoard>);
+    RegisterBenchmark("opening the toolbar", &openToolbar)->Unit(benchmark::kMicrosecond);
+    RegisterBenchmark("opening the toolbar/floor", &openToolbarFloor)
+        ->Unit(benchmark::kMicrosecond);
+    RegisterBenchmark("a drawn frame while it moves", &movingFrames)->Unit(benchmark::kMicrosecond);
+    RegisterBenchmark("a drawn frame while it moves/floor", &copyFrames)
+        ->Unit(benchmark::kMicrosecond);
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+    benchmark::Initialize(&count, arguments);
+    if (benchmark::ReportUnrecognizedArguments(count, arguments)) return 1;
+    AutoreleasePool pool;
+    auto owned = simulator::makePhone({});
+    phone = owned.get();
+    // The welcome pager has been seen.
+    phone->plist("/var/mobile/Library/Preferences/com.ferolin.VantoriHistoryVersion.plist",
+                 nlohmann::json::array({"1.2.1"}));
+    phone->boot();
+    benchmarks::watchLibrary();
+    registerBenchmarks();
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}

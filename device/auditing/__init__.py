@@ -1,0 +1,1 @@
+"""The checks of a built Vantori.dylib; device/audit.py runs them."""

@@ -1,0 +1,143 @@
+"""What the linker's map tells of a dylib: which hooks, methods, messages and classes are in it, and what
+takes the room.
+
+Hooks and messages are templates whose arguments are the names (platform/hook.hpp, definition.hpp,
+object.hpp), so the mangled names spell them out; the encodings are read from the dylib itself, at the
+addresses that the map gives.
+"""
+
+import re
+from dataclasses import dataclass
+
+from auditing.macho import Malformed
+
+LINE = re.compile(r"^0x([0-9A-F]+)\s+0x([0-9A-F]+)\s+\[\s*(\d+)\]\s(.*)$")
+SECTION_LINE = re.compile(r"^0x([0-9A-F]+)\s+0x([0-9A-F]+)\s+(\S+)\s+(\S+)$")
+FILE_LINE = re.compile(r"^\[\s*(\d+)\]\s(.*)$")
+TEXT = re.compile(r"(?:Lc\d+E)+")  # the characters of a string that is a template argument
+
+HOOK = "__ZN8platform6detail9HookThunkI"
+METHOD = "__ZN8platform6detail5ThunkI"
+MESSAGE = "__ZZN8platform8selectorI"
+ENCODING = "8encodingE"
+LONGEST = 1000  # bytes of a text whose size the map does not know (it says 0 of local symbols)
+NAME = re.compile(r"^__ZN(?:8platform|7vantori)(?:12_GLOBAL__N_1)?\d+\w+4nameE$")
+
+
+@dataclass
+class Symbol:
+    """One line of the map."""
+
+    address: int
+    size: int
+    file: int
+    name: str
+
+
+@dataclass
+class Hook:
+    """A row of the hook table, as the dylib holds it."""
+
+    class_name: str
+    selector: str
+    encoding: str
+
+
+@dataclass
+class Method(Hook):
+    """A method that the library defines, or adds to a class of the system (then without a class name)."""
+
+    kind: str  # - +
+
+
+def texts(mangled):
+    """The strings among the template arguments of a name."""
+    return [
+        "".join(chr(int(code)) for code in re.findall(r"\d+", run)) for run in TEXT.findall(mangled)
+    ]
+
+
+def first_type(mangled):
+    """The last part of the class name that an argument list starts with: N7vantori9VNTSliderE."""
+    rest, part = mangled[1:], ""
+    while True:
+        known = re.match(r"S\w*?_|St", rest)
+        if known:
+            rest = rest[known.end() :]
+            continue
+        length = re.match(r"\d+", rest)
+        if not length:
+            return part
+        start = length.end()
+        part = rest[start : start + int(length.group())]
+        rest = rest[start + int(length.group()) :]
+
+
+def text_of(symbol, dylib):
+    return dylib.text_at(symbol.address, symbol.size or LONGEST)
+
+
+class LinkMap:
+    """A map that ld64.lld wrote with -map."""
+
+    def __init__(self, path):
+        self.files, self.sections, self.symbols = {}, [], []
+        heading = ""
+        for line in path.read_text(encoding="utf-8", errors="replace").splitlines():
+            if line.startswith("# "):
+                heading = line if line.endswith(":") else heading
+            elif heading == "# Object files:" and (found := FILE_LINE.match(line)):
+                self.files[int(found[1])] = found[2].rsplit("/__/", maxsplit=1)[-1].removesuffix(".obj")
+                if found[2].endswith(".tbd"):
+                    self.files[int(found[1])] = found[2].rsplit("/", maxsplit=1)[-1]
+            elif heading == "# Sections:" and (found := SECTION_LINE.match(line)):
+                self.sections.append((f"{found[3]},{found[4]}", int(found[1], 16), int(found[2], 16)))
+            elif heading == "# Symbols:" and (found := LINE.match(line)):
+                self.symbols.append(Symbol(int(found[1], 16), int(found[2], 16), int(found[3]), found[4]))
+        if not self.sections or not self.symbols:
+            raise Malformed(f"{path} is no map of the linker")
+
+    def fits(self, dylib):
+        """Whether this is the map of that dylib."""
+        return self.sections == [(one.name, one.address, one.size) for one in dylib.sections]
+
+    def starting(self, start):
+        return (symbol for symbol in self.symbols if symbol.name.startswith(start))
+
+    def encodings(self, start, dylib):
+        for symbol in self.starting(start):
+            if symbol.name.endswith(ENCODING):
+                yield symbol, text_of(symbol, dylib) or ""
+
+    def hooks(self, dylib):
+        for symbol, encoding in self.encodings(HOOK, dylib):
+            yield Hook(*texts(symbol.name)[:2], encoding)
+
+    def methods(self, dylib):
+        on_classes = {
+            symbol.name.split("10runOnClassE")[0]
+            for symbol in self.starting(METHOD)
+            if "10runOnClassE" in symbol.name
+        }
+        for symbol, encoding in self.encodings(METHOD, dylib):
+            stem = symbol.name.removesuffix(ENCODING)
+            owner = first_type(stem.removeprefix(METHOD))
+            kind = "+" if stem in on_classes else "-"
+            yield Method("" if owner == "Object" else owner, texts(stem)[0], encoding, kind)
+
+    def messages(self):
+        """Every selector that the code asks for."""
+        return sorted({texts(symbol.name)[0] for symbol in self.starting(MESSAGE)})
+
+    def classes(self, dylib):
+        """Every class that the code looks up by the name of a handle."""
+        names = (symbol for symbol in self.symbols if NAME.match(symbol.name))
+        return sorted({text_of(symbol, dylib) or symbol.name for symbol in names})
+
+    def room_by_file(self):
+        """Bytes that each object file takes, the largest first. What has no bytes in the file counts too."""
+        room = {}
+        for symbol in self.symbols:
+            name = self.files.get(symbol.file, "?")
+            room[name] = room.get(name, 0) + symbol.size
+        return sorted(room.items(), key=lambda item: (-item[1], item[0]))

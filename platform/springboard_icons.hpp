@@ -1,0 +1,138 @@
+// SpringBoard's private classes around icons, the dock, the recent applications and their
+// processes, as far as the library sends to them. All may be missing.
+#pragma once
+
+#include "platform/encoding.hpp"
+#include "platform/springboard.hpp"
+#include "platform/uikit_controls.hpp"
+
+// How an icon is to be drawn, as it travels to generateIconImageWithInfo: (points, pixels for
+// a point, points).
+struct SBIconImageInfo {
+    CGSize size;
+    double scale;
+    double continuousCornerRadius;
+};
+
+template <>
+struct platform::TypeCode<SBIconImageInfo> {
+    static constexpr FixedString value{"{SBIconImageInfo={CGSize=dd}dd}"};
+};
+
+namespace platform {
+
+struct SBIcon : Object {
+    static constexpr FixedString name{"SBIcon"};
+    using Object::Object;
+    NSString applicationBundleId() const { return send<"applicationBundleID", NSString>(); }
+    // Up to system 12.
+    UIImage generateIconImage(int format) const {
+        return send<"generateIconImage:", UIImage>(format);
+    }
+    // From system 13 on.
+    UIImage generateIconImageWithInfo(SBIconImageInfo info) const {
+        return send<"generateIconImageWithInfo:", UIImage>(info);
+    }
+};
+
+struct SBIconModel : Object {
+    static constexpr FixedString name{"SBIconModel"};
+    using Object::Object;
+    // Empty for an application that is not installed.
+    SBIcon expectedIcon(NSString identifier) const {
+        return send<"expectedIconForDisplayIdentifier:", SBIcon>(identifier);
+    }
+};
+
+struct SBIconController : UIViewController {
+    static constexpr FixedString name{"SBIconController"};
+    using UIViewController::UIViewController;
+    static SBIconController shared() {
+        return sendClass<SBIconController, "sharedInstance", SBIconController>();
+    }
+    SBIconModel model() const { return send<"model", SBIconModel>(); }
+};
+
+// The lists of the dock among them.
+struct SBIconListView : UIView {
+    static constexpr FixedString name{"SBIconListView"};
+    using UIView::UIView;
+    NSArray icons() const { return send<"icons", NSArray>(); }
+    NSArray visibleIcons() const { return send<"visibleIcons", NSArray>(); }
+    CGSize defaultIconSize() const { return send<"defaultIconSize", CGSize>(); }
+    CGSize alignmentIconSize() const { return send<"alignmentIconSize", CGSize>(); }
+    void layoutIconsNow() const { send<"layoutIconsNow">(); }
+};
+
+struct SBDockView : UIView {
+    static constexpr FixedString name{"SBDockView"};
+    using UIView::UIView;
+    SBIconListView dockListView() const { return send<"dockListView", SBIconListView>(); }
+};
+
+struct SBDisplayItem : Object {
+    static constexpr FixedString name{"SBDisplayItem"};
+    using Object::Object;
+    NSString displayIdentifier() const { return send<"displayIdentifier", NSString>(); }
+    NSString bundleIdentifier() const { return send<"bundleIdentifier", NSString>(); }
+};
+
+// What the application switcher keeps of one card: display items by the role that they play in it.
+struct SBAppLayout : Object {
+    static constexpr FixedString name{"SBAppLayout"};
+    using Object::Object;
+    // Empty for a layout without items.
+    SBDisplayItem firstItem() const {
+        NSArray items = send<"rolesToLayoutItemsMap", Object>().send<"allObjects", NSArray>();
+        return items.count() > 0 ? items.at<SBDisplayItem>(0) : SBDisplayItem();
+    }
+};
+
+struct SBRecentAppLayouts : Object {
+    static constexpr FixedString name{"SBRecentAppLayouts"};
+    using Object::Object;
+    // Up to system 12 the list is _recents, from 13 on _allRecents.
+    NSArray layouts(NSString key) const { return send<"valueForKey:", NSArray>(key); }
+};
+
+// The window of the application switcher.
+struct SBMainSwitcherWindow : UIWindow {
+    static constexpr FixedString name{"SBMainSwitcherWindow"};
+    using UIWindow::UIWindow;
+};
+
+struct SBApplicationController : Object {
+    static constexpr FixedString name{"SBApplicationController"};
+    using Object::Object;
+    static SBApplicationController shared() {
+        return sendClass<SBApplicationController, "sharedInstance", SBApplicationController>();
+    }
+    SBApplication application(NSString identifier) const {
+        return send<"applicationWithBundleIdentifier:", SBApplication>(identifier);
+    }
+};
+
+struct FBProcess : Object {
+    static constexpr FixedString name{"FBProcess"};
+    using Object::Object;
+    // Empty until the application has a scene.
+    Object mainScene() const { return send<"mainScene", Object>(); }
+};
+
+struct FBProcessManager : Object {
+    static constexpr FixedString name{"FBProcessManager"};
+    using Object::Object;
+    static FBProcessManager shared() {
+        return sendClass<FBProcessManager, "sharedInstance", FBProcessManager>();
+    }
+    FBProcess createProcess(NSString identifier) const {
+        return send<"createApplicationProcessForBundleID:", FBProcess>(identifier);
+    }
+};
+
+struct FBSceneHostWrapperView : UIView {
+    static constexpr FixedString name{"FBSceneHostWrapperView"};
+    using UIView::UIView;
+};
+
+}  // namespace platform

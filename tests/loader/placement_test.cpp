@@ -1,0 +1,177 @@
+// An image in plain memory: segments, pointers, and what runs first.
+#include "simulator/loader/placement.hpp"
+
+#include <gtest/gtest.h>
+
+#include <map>
+
+#include "tests/loader/image_builder.hpp"
+
+namespace simulator::loader::tests {
+namespace {
+
+constexpr std::uint32_t initialiserPointers = 9;
+constexpr std::uint32_t initialiserOffsets = 0x16;
+
+// Puts an image together in memory of its own, with a system of two symbols.
+class Placed {
+  public:
+    explicit Placed(const ImageBuilder& image)
+        : bytes_(image.build()),
+          file_(readMachO(bytes_)),
+          fixups_(readFixups(file_)),
+          memory_(file_.memorySize()) {
+        copySegments(file_, memory_);
+    }
+    void fill() {
+        applyFixups(file_, fixups_, memory_, [&](std::string_view name) -> const void* {
+            if (name == "f") return &f_;
+            if (name == "dyld_stub_binder") return &g_;
+            return nullptr;
+        });
+    }
+    std::string refusal() {
+        try {
+            fill();
+            return "";
+        } catch (const BadImage& error) {
+            return error.what();
+        }
+    }
+    std::uint64_t pointer(std::size_t index) const {
+        std::uint64_t value = 0;
+        std::memcpy(&value, &memory_[dataAddress + index * sizeof value], sizeof value);
+        return value;
+    }
+    std::uint64_t at(std::uint64_t address) const {
+        return reinterpret_cast<std::uintptr_t>(memory_.data()) + address;
+    }
+    std::uint64_t f() const { return reinterpret_cast<std::uintptr_t>(&f_); }
+    std::uint64_t binder() const { return reinterpret_cast<std::uintptr_t>(&g_); }
+    const MachOFile& file() const { return file_; }
+    const Fixups& fixups() const { return fixups_; }
+
+  private:
+    int f_ = 0;
+    int g_ = 0;
+    std::vector<std::byte> bytes_;
+    MachOFile file_;
+    Fixups fixups_;
+    std::vector<std::byte> memory_;
+};
+
+TEST(PlacementTest, PointersIntoTheImageMoveWithIt) {
+    ImageBuilder image;
+    image.pointers = {0x4010, 0x77};
+    image.rebase = {0x11, 0x21, 0x00, 0x51};
+    Placed placed(image);
+    placed.fill();
+    EXPECT_EQ(placed.pointer(0), placed.at(0x4010));
+    EXPECT_EQ(placed.pointer(1), 0x77u);
+}
+
+TEST(PlacementTest, SymbolsAreLookedUpWithoutTheUnderscoreOfC) {
+    ImageBuilder image;
+    image.bind = List{0x11, 0x40} + text("_f") +
+                 List{0x60, 0x04, 0x71, 0x00, 0x90, 0x60, 0x00, 0x40} + text("dyld_stub_binder") +
+                 List{0x90};
+    Placed placed(image);
+    placed.fill();
+    EXPECT_EQ(placed.pointer(0), placed.f() + 4);
+    EXPECT_EQ(placed.pointer(1), placed.binder());
+}
+
+TEST(PlacementTest, SymbolsOfTheImageItselfComeFromIt) {
+    ImageBuilder image;
+    image.symbols = {{"_own", 0x4020}};
+    image.bind = List{0x10, 0x40} + text("_own") + List{0x71, 0x00, 0x90};
+    Placed placed(image);
+    placed.fill();
+    EXPECT_EQ(placed.pointer(0), placed.at(0x4020));
+}
+
+TEST(PlacementTest, MissingSymbolsAreNamedWithTheirLibraries) {
+    ImageBuilder image;
+    image.bind = List{0x11, 0x40} + text("_g") + List{0x71, 0x00, 0x90, 0x90, 0x12, 0x40} +
+                 text("_h") + List{0x90};
+    EXPECT_EQ(Placed(image).refusal(),
+              "no such symbol: _g (of /usr/lib/libSystem.B.dylib) _h (of "
+              "/usr/lib/libobjc.A.dylib)");
+}
+
+TEST(PlacementTest, OptionalSymbolsAreZeroWhenMissing) {
+    ImageBuilder image;
+    image.pointers[0] = 0x77;
+    image.bind = List{0x11, 0x41} + text("_g") + List{0x71, 0x00, 0x90};
+    Placed placed(image);
+    placed.fill();
+    EXPECT_EQ(placed.pointer(0), 0u);
+}
+
+TEST(PlacementTest, AnotherWeakDefinitionWinsElseTheImagesOwnStays) {
+    ImageBuilder image;
+    image.pointers = {0x4010, 0x4010};
+    image.rebase = {0x11, 0x21, 0x00, 0x52};
+    image.weakBind =
+        List{0x3d, 0x40} + text("_f") + List{0x71, 0x00, 0x90, 0x40} + text("_g") + List{0x90};
+    Placed placed(image);
+    placed.fill();
+    EXPECT_EQ(placed.pointer(0), placed.f());
+    EXPECT_EQ(placed.pointer(1), placed.at(0x4010));
+}
+
+// The address of the code of an image that has one section of initialisers.
+std::uint64_t codeOf(ImageBuilder& image, std::uint32_t kind, std::uint64_t size) {
+    image.sections = {{"__DATA", "__init", dataAddress, size, kind}};
+    return image.codeAddress();
+}
+
+TEST(InitialisersTest, PointersAreTakenInOrder) {
+    ImageBuilder image;
+    image.rebase = {0x11, 0x21, 0x00, 0x52};
+    const std::uint64_t code = codeOf(image, initialiserPointers, 16);
+    image.pointers = {code + 4, code};
+    Placed placed(image);
+    EXPECT_EQ(initialisers(placed.file(), placed.fixups()),
+              (std::vector<std::uint64_t>{code + 4, code}));
+}
+
+TEST(InitialisersTest, OffsetsAreTakenInOrder) {
+    ImageBuilder image;
+    const std::uint64_t code = codeOf(image, initialiserOffsets, 8);
+    image.pointers = {(code + 4) | code << 32};
+    Placed placed(image);
+    EXPECT_EQ(initialisers(placed.file(), placed.fixups()),
+              (std::vector<std::uint64_t>{code + 4, code}));
+}
+
+TEST(InitialisersTest, PointersThatDoNotMoveAreRefused) {
+    ImageBuilder image;
+    image.pointers = {codeOf(image, initialiserPointers, 8)};
+    Placed placed(image);
+    EXPECT_THROW(initialisers(placed.file(), placed.fixups()), BadImage);
+}
+
+TEST(InitialisersTest, DataIsNoInitialiser) {
+    ImageBuilder image;
+    codeOf(image, initialiserOffsets, 4);
+    image.pointers = {dataAddress};
+    Placed placed(image);
+    EXPECT_THROW(initialisers(placed.file(), placed.fixups()), BadImage);
+}
+
+TEST(SelectorReferencesTest, NamesAreReadWhereTheirPointersLead) {
+    ImageBuilder image;
+    image.sections = {{"__DATA", "__objc_selrefs", dataAddress, 8}};
+    // "frame" and its zero byte, as a number.
+    image.pointers = {dataAddress + 8, 0x000000656d617266};
+    image.rebase = {0x11, 0x21, 0x00, 0x51};
+    Placed placed(image);
+    const auto references = selectorReferences(placed.file(), placed.fixups());
+    ASSERT_EQ(references.size(), 1u);
+    EXPECT_EQ(references[0].address, dataAddress);
+    EXPECT_EQ(references[0].name, "frame");
+}
+
+}  // namespace
+}  // namespace simulator::loader::tests

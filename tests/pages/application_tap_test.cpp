@@ -1,0 +1,206 @@
+// A tap on an icon of the open toolbar, in both styles, and what the page asks of the host.
+#include "pages/application_hosting.hpp"
+#include "platform/definition.hpp"
+#include "tests/pages/applications.hpp"
+
+namespace vantori::tests {
+namespace {
+
+class Tap : public Applications {
+  protected:
+    void openInApplicationStyle() {
+        set("alwaysSpringBoardStyle", false);
+        boot();
+        phone_->open("com.example.notes");
+        openToolbar();
+        phone_->clear();
+        ASSERT_TRUE(VNTToolBarController::shared().isEnabled());
+        ASSERT_EQ(sceneContainer().frame(), (rect(0, -515, 375, 812)));
+        ASSERT_EQ(sceneContainer().layer().cornerRadius(), 30);
+    }
+    void openOnTheHomeScreen() {
+        boot();
+        openToolbar();
+        phone_->clear();
+        ASSERT_TRUE(VNTSBToolBarController::shared().isEnabled());
+    }
+    void expectAtRest() {
+        EXPECT_EQ(sceneContainer().frame(), (rect(0, 0, 375, 812)));
+        EXPECT_EQ(sceneContainer().layer().cornerRadius(), 0);
+    }
+    int launched(const char* identifier) { return phone_->launchedCount(identifier); }
+};
+
+TEST_F(Tap, InApplicationStyleLowersTheSceneThenLaunches) {
+    openInApplicationStyle();
+    tapIcon(applicationPage(), 1);
+    expectAtRest();
+    EXPECT_EQ(launched("com.apple.mobilesafari"), 0);
+    EXPECT_TRUE(VNTToolBarController::shared().isEnabled());
+    phone_->wait(0.4);
+    EXPECT_EQ(launched("com.apple.mobilesafari"), 0);  // the spring takes half a second
+    phone_->wait(0.2);
+    EXPECT_EQ(launched("com.apple.mobilesafari"), 1);
+    EXPECT_EQ(phone_->launchedSuspendedCount("com.apple.mobilesafari"), 0);
+    EXPECT_FALSE(VNTToolBarController::shared().isEnabled());
+    EXPECT_STREQ(SpringBoard::shared().frontMostApplication().bundleIdentifier().utf8(),
+                 "com.apple.mobilesafari");
+    EXPECT_EQ(backNow(), 1);
+    phone_->wait(1);
+    expectAtRest();
+    EXPECT_FALSE(phone_->crashed());
+}
+
+TEST_F(Tap, InterruptedLaunchesNothingButDismisses) {
+    openInApplicationStyle();
+    tapIcon(applicationPage(), 1);
+    phone_->wait(0.1);
+    phone_->interrupt(sceneContainer().get());
+    phone_->wait(2);
+    expectAtRest();
+    EXPECT_EQ(launched("com.apple.mobilesafari"), 0);
+    EXPECT_FALSE(VNTSBToolBarController::shared().isEnabled());
+    EXPECT_TRUE(VNTToolBarController::shared().isEnabled());  // cleared only by a spring that ends
+    EXPECT_EQ(backNow(), 1);
+    EXPECT_EQ(posted("com.ferolin.vantori-stopmarquee"), 1);
+    EXPECT_EQ(posted("com.ferolin.vantori-ccback"), 1);
+}
+
+TEST_F(Tap, OnTheHomeScreenLaunchesAndSendsTheToolbarAway) {
+    openOnTheHomeScreen();
+    tapIcon(springBoardPage(), 2);
+    EXPECT_FALSE(VNTSBToolBarController::shared().isEnabled());
+    EXPECT_EQ(VNTSBToolBarController::shared().view().frame().origin.y, 812);
+    EXPECT_EQ(posted("com.ferolin.vantori-stopmarquee"), 1);
+    phone_->wait(1);
+    EXPECT_EQ(launched("com.apple.MobileSMS"), 1);
+    EXPECT_EQ(backNow(), 1);
+    EXPECT_STREQ(SpringBoard::shared().frontMostApplication().bundleIdentifier().utf8(),
+                 "com.apple.MobileSMS");
+}
+
+TEST_F(Tap, OverAnApplicationInSpringBoardStyleLaunchesAsWell) {
+    boot();
+    phone_->open("com.example.notes");
+    openToolbar();
+    tapIcon(springBoardPage(), 0);
+    phone_->wait(1);
+    EXPECT_EQ(launched("com.apple.mobilephone"), 1);
+    EXPECT_FALSE(VNTSBToolBarController::shared().isEnabled());
+}
+
+// Both ways of letting go count: mask 64 + 128.
+TEST_F(Tap, CountsWhenTheFingerLeavesTheIcon) {
+    openOnTheHomeScreen();
+    const CGPoint from = middleOf(at(springBoardPage(), 0));
+    UIButton button = at(springBoardPage(), 0).appButton();
+    button.send<"sendActionsForControlEvents:">(UIControl::touchUpOutside);
+    phone_->wait(1);
+    EXPECT_EQ(launched("com.apple.mobilephone"), 1);
+    button.send<"sendActionsForControlEvents:">(256UL);  // cancelled
+    phone_->wait(1);
+    EXPECT_EQ(launched("com.apple.mobilephone"), 1);
+    EXPECT_GT(from.y, 297);
+}
+
+TEST_F(Tap, SurvivesARowThatIsBuiltAnewMeanwhile) {
+    openInApplicationStyle();
+    tapIcon(applicationPage(), 3);
+    applicationPage().setIcons(icons(1));
+    applicationPage().layoutIconsWithSize(60);
+    phone_->wait(1);
+    EXPECT_EQ(launched("com.apple.Music"), 1);
+}
+
+TEST_F(Tap, OnAnIconOfNothingLaunchesNothing) {
+    openOnTheHomeScreen();
+    at(springBoardPage(), 0).setApplicationIdentifier({});
+    tapIcon(springBoardPage(), 0);
+    phone_->wait(1);
+    EXPECT_FALSE(VNTSBToolBarController::shared().isEnabled());
+    EXPECT_FALSE(SpringBoard::shared().frontMostApplication());
+    springBoardPage().send<"launchApplicationWithIdentifier:">(Object());
+    phone_->wait(1);
+    EXPECT_EQ(backNow(), 2);
+    EXPECT_FALSE(phone_->crashed());
+}
+
+// The container is the second of the layout's views. With no layout there is nothing to lower.
+TEST_F(Tap, WithoutASceneLayoutStillLaunches) {
+    phone_->missingClass("SBMainDisplaySceneLayoutViewController");
+    boot();
+    openToolbar();
+    tapIcon(springBoardPage(), 0);
+    phone_->wait(1);
+    EXPECT_EQ(launched("com.apple.mobilephone"), 1);
+    EXPECT_EQ(backNow(), 1);
+    EXPECT_FALSE(phone_->crashed());
+}
+
+class PageAndHost : public Applications {
+  protected:
+    static VNTApplicationHostViewController host(Page page) {
+        return page.send<"hostController", VNTApplicationHostViewController>();
+    }
+};
+
+TEST_F(PageAndHost, ThePageMayShowWhileLocked) {
+    boot();
+    EXPECT_TRUE((springBoardPage().send<"_canShowWhileLocked", bool>()));
+    EXPECT_TRUE((applicationPage().send<"_canShowWhileLocked", bool>()));
+}
+
+TEST_F(PageAndHost, EachPageHasAHostOfItsOwn) {
+    boot();
+    EXPECT_TRUE(host(springBoardPage()));
+    EXPECT_TRUE(host(applicationPage()));
+    EXPECT_FALSE(host(springBoardPage()) == host(applicationPage()));
+}
+
+// The backdrop of the toolbar behind the applications does not exist yet when that toolbar's page
+// loads; the other page's host goes into it.
+TEST_F(PageAndHost, TheSpringBoardPagesHostStandsInTheBackdrop) {
+    boot();
+    UIView backdrop = VNTToolBarController::shared().backgroundWallpaperView();
+    EXPECT_EQ(host(springBoardPage()).view().superview(), backdrop);
+    EXPECT_FALSE(host(applicationPage()).view().superview());
+}
+
+TEST_F(PageAndHost, HostingStartsTheApplicationWithoutShowingIt) {
+    boot();
+    springBoardPage().send<"hostApplicationInView:">("com.example.maps"_ns);
+    EXPECT_EQ(phone_->launchedSuspendedCount("com.example.maps"), 1);
+    EXPECT_EQ(phone_->launchedCount("com.example.maps"), 0);
+    EXPECT_FALSE(SpringBoard::shared().frontMostApplication());
+    springBoardPage().send<"hostApplicationInView:">("com.example.gone"_ns);
+    springBoardPage().send<"hostApplicationInView:">(NSString());
+    EXPECT_FALSE(phone_->crashed());
+}
+
+TEST_F(PageAndHost, HostingWithoutAnApplicationControllerIsSilent) {
+    phone_->missingClass("SBApplicationController");
+    boot();
+    springBoardPage().send<"hostApplicationInView:">("com.example.maps"_ns);
+    EXPECT_EQ(phone_->launchedSuspendedCount("com.example.maps"), 0);
+    EXPECT_FALSE(phone_->crashed());
+}
+
+TEST_F(PageAndHost, KeepsWhatIsSetOnIt) {
+    boot();
+    Page page = springBoardPage();
+    auto kept = create<Object>();
+    auto mine = create<VNTApplicationHostViewController>();
+    page.send<"setCurrentApplicationResizeNotification:">(kept);
+    page.send<"setSecondApplicationResizeNotification:">(kept);
+    page.send<"setHostController:">(mine);
+    EXPECT_EQ((page.send<"currentApplicationResizeNotification", Object>()), kept);
+    EXPECT_EQ((page.send<"secondApplicationResizeNotification", Object>()), kept);
+    EXPECT_EQ(host(page), mine);
+    auto icon = create<VNTAppButton>();
+    icon.send<"setApplication:">(kept);
+    EXPECT_EQ((icon.send<"application", Object>()), kept);
+    EXPECT_EQ((icon.send<"valueForKey:", Object>("application"_ns)), kept);
+}
+
+}  // namespace
+}  // namespace vantori::tests

@@ -1,0 +1,77 @@
+#include "toolbar/application_host.hpp"
+
+#include "platform/definition.hpp"
+#include "platform/dispatch.hpp"
+#include "platform/log.hpp"
+#include "platform/springboard_icons.hpp"
+#include "toolbar/arrangement.hpp"
+
+namespace vantori {
+
+namespace {
+
+struct HostState {
+    Strong<FBSceneHostWrapperView> wrapper;  // declared for a scene's view; nothing fills it here
+};
+
+constexpr double retryDelay = 1;  // seconds
+
+void launchSuspended(NSString identifier) {
+    SpringBoard::shared().launchApplication(identifier, true);
+}
+
+// The process is the manager's; a later creation may give another one.
+Strong<FBProcess> createProcess(NSString identifier) {
+    return retained(FBProcessManager::shared().createProcess(identifier));
+}
+
+// Without an application, or on a system without such a process manager, no scene will ever come.
+bool canHost(NSString identifier) {
+    constexpr auto creation = &selector<"createApplicationProcessForBundleID:">;
+    return identifier && FBProcessManager::shared().respondsTo(creation());
+}
+
+void viewDidLoad(VNTApplicationHostViewController self) {
+    super<VNTApplicationHostViewController, "viewDidLoad">(self);
+    const CGSize screen = screenSize();
+    self.view().setFrame(rect(0, (screen.height - pageHeight) / 2 + 7.5, screen.width,
+                              (screen.height - stripHeight) / 2));
+    self.view().layer().setMasksToBounds(true);
+}
+
+void launchApplicationWithApplication(VNTApplicationHostViewController self,
+                                      SBApplication application) {
+    NSArray views = adopted(self.view().subviews().send<"copy", NSArray>()).autoreleased();
+    for (unsigned long i = 0; i < views.count(); ++i) views.at<UIView>(i).removeFromSuperview();
+    launchSuspended(application.bundleIdentifier());
+}
+
+// Asks again at once and without end, on the main thread, until the scene is there; each failed test
+// also leaves one more attempt for a second later. Deliberate.
+void launchApplication(VNTApplicationHostViewController, SBApplication application) {
+    Strong<NSString> identifier = retained(application.bundleIdentifier());
+    launchSuspended(identifier);
+    if (!canHost(identifier)) return;
+    Strong<FBProcess> process = createProcess(identifier);
+    while (!process.mainScene()) {
+        log("[Vantori] mainScene not found, create process again."_ns);
+        launchSuspended(identifier);
+        process = createProcess(identifier);
+        afterSeconds(retryDelay, [identifier] {
+            launchSuspended(identifier);
+            FBProcessManager::shared().createProcess(identifier);
+        });
+    }
+}
+
+}  // namespace
+
+void registerApplicationHost() {
+    define<VNTApplicationHostViewController, UIViewController, HostState>()
+        .method<"viewDidLoad", &viewDidLoad>()
+        .method<"launchApplicationWithApplication:", &launchApplicationWithApplication>()
+        .method<"launchApplication:", &launchApplication>()
+        .property<"applicationHostWrapperView", &HostState::wrapper>();
+}
+
+}  // namespace vantori
