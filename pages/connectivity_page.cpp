@@ -10,20 +10,15 @@ namespace vantori {
 
 namespace {
 
-struct NSFileManager : Object {
-    static constexpr FixedString name{"NSFileManager"};
-    using Object::Object;
-};
-
 struct State {
     Strong<UIViewController> airplane;
     Strong<UIViewController> cellular;
     Strong<UIViewController> hotspot;
     Strong<UIViewController> wifi;
     Strong<UIViewController> bluetooth;
-    Strong<UIViewController> airDrop;  // a slot that the page never fills
-    Strong<NSArray> controllers;       // in display order
-    Strong<NSArray> readControllers;   // not used by the page
+    Strong<UIViewController> airDrop;        // a slot that the page never fills
+    Strong<NSArray> controllers;             // in display order
+    Strong<NSArray> readControllers;         // not used by the page
     Strong<NSDictionary> controllersByName;  // likewise
     Strong<UIView> container;
     bool hasSetUp;
@@ -64,9 +59,8 @@ bool isPlaceholder(Object entry) { return entry.isKindOfClass(objc_getClass("NSN
 
 // The everyday toggles' list; only its existence counts here.
 bool hasToggleList() {
-    return sendClass<NSFileManager, "defaultManager", NSFileManager>()
-        .send<"fileExistsAtPath:", bool>(
-            "/var/mobile/Library/Preferences/com.ferolin.VNTToggleList.plist"_ns);
+    return NSFileManager::shared().fileExists(
+        "/var/mobile/Library/Preferences/com.ferolin.VNTToggleList.plist"_ns);
 }
 
 // Placeholders are passed over only while the list is there. Without it one keeps its place in the

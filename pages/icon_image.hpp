@@ -5,6 +5,9 @@
 
 namespace vantori {
 
+// As SpringBoard draws it now: 60 by 60 points. Empty for no icon, or one without a picture.
+UIImage renderedIcon(SBIcon icon);
+
 // The page's operations of these names. Empty for what is not installed or has no picture.
 UIImage generateIconImageForIdentifier(VNTIconsContainerViewController self, NSString identifier);
 UIImage generateIconImageForIcon(VNTIconsContainerViewController self, SBIcon icon);

@@ -27,8 +27,7 @@ Strong<NSMutableArray> makeList() {
 }
 
 VNTCCTogglesBarViewController init(VNTCCTogglesBarViewController raw) {
-    auto self =
-        super<VNTCCTogglesBarViewController, "init", VNTCCTogglesBarViewController>(raw);
+    auto self = super<VNTCCTogglesBarViewController, "init", VNTCCTogglesBarViewController>(raw);
     if (!self) return self;
     auto& state = stateOf<ModulesState>(self);
     state.allModuleButtons = makeList();

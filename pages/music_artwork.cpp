@@ -1,16 +1,11 @@
 #include "pages/music_artwork.hpp"
 
-#include "core/device_profile.hpp"
+#include "pages/icon_image.hpp"
 #include "pages/music_state.hpp"
-#include "platform/springboard.hpp"
 
 namespace vantori {
 
 namespace {
-
-constexpr int iconFormat = 999;
-constexpr CGSize iconSize{60, 60};
-constexpr double iconCornerRadius = 12;
 
 NSString identifierIn(NSDictionary info) {
     return as<NSString>(info.at("kMRMediaRemoteNowPlayingInfoArtworkIdentifier"_ns));
@@ -32,10 +27,7 @@ void reloadArtwork(VNTMediaPlayerViewController page, NSDictionary info) {
 }
 
 UIImage musicApplicationIcon() {
-    SBIcon icon = SBIcon::ofApplication("com.apple.Music"_ns);
-    if (!isSystem13OrLater()) return icon.send<"generateIconImage:", UIImage>(iconFormat);
-    return icon.send<"generateIconImageWithInfo:", UIImage>(
-        SBIconImageInfo{iconSize, UIScreen::mainScreen().scale(), iconCornerRadius});
+    return renderedIcon(SBIconController::shared().model().expectedIcon("com.apple.Music"_ns));
 }
 
 }  // namespace vantori

@@ -117,6 +117,9 @@ struct NSFileHandle : Object {
 struct NSURL : Object {
     static constexpr FixedString name{"NSURL"};
     using Object::Object;
+    static NSURL from(NSString address) {
+        return sendClass<NSURL, "URLWithString:", NSURL>(address);
+    }
     static NSURL file(NSString path) { return sendClass<NSURL, "fileURLWithPath:", NSURL>(path); }
 };
 
@@ -128,14 +131,6 @@ struct NSBundle : Object {
     }
     // Also true when it was loaded before.
     bool load() const { return send<"load", bool>(); }
-};
-
-struct NSURL : Object {
-    static constexpr FixedString name{"NSURL"};
-    using Object::Object;
-    static NSURL from(NSString address) {
-        return sendClass<NSURL, "URLWithString:", NSURL>(address);
-    }
 };
 
 struct NSNotificationCenter : Object {

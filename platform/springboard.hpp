@@ -3,19 +3,7 @@
 
 #include "platform/uikit.hpp"
 
-// How an icon is to be drawn, as it travels to generateIconImageWithInfo:.
-struct SBIconImageInfo {
-    CGSize size;
-    double scale;
-    double continuousCornerRadius;
-};
-
 namespace platform {
-
-template <>
-struct TypeCode<SBIconImageInfo> {
-    static constexpr FixedString value{"{SBIconImageInfo={CGSize=dd}dd}"};
-};
 
 struct SBApplication : Object {
     static constexpr FixedString name{"SBApplication"};
@@ -44,19 +32,6 @@ struct SpringBoard : UIResponder {
     // Answers whether the launch was accepted. Suspended: it does not come to the front.
     bool launchApplication(NSString identifier, bool suspended) const {
         return send<"launchApplicationWithIdentifier:suspended:", bool>(identifier, suspended);
-    }
-};
-
-// An icon of the home screen.
-struct SBIcon : Object {
-    static constexpr FixedString name{"SBIcon"};
-    using Object::Object;
-    // Empty for an application that is not installed.
-    static SBIcon ofApplication(NSString identifier) {
-        Object controller(classObject(objc_getClass("SBIconController")));
-        return controller.send<"sharedInstance", Object>()
-            .send<"model", Object>()
-            .send<"expectedIconForDisplayIdentifier:", SBIcon>(identifier);
     }
 };
 

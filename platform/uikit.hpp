@@ -93,44 +93,6 @@ struct UIView : UIResponder {
     }
 };
 
-struct UIImage : Object {
-    static constexpr FixedString name{"UIImage"};
-    using Object::Object;
-    static constexpr long alwaysTemplate = 2;
-    // By absolute path too; the picture of the screen's scale beside it is preferred.
-    static UIImage named(NSString nameOrPath) {
-        return sendClass<UIImage, "imageNamed:", UIImage>(nameOrPath);
-    }
-    // Template: only the picture's alpha counts, drawn in the view's tint colour.
-    UIImage withRenderingMode(long mode) const {
-        return send<"imageWithRenderingMode:", UIImage>(mode);
-    }
-};
-
-struct UIImageView : UIView {
-    static constexpr FixedString name{"UIImageView"};
-    using UIView::UIView;
-    static constexpr long scaleAspectFit = 1;
-    void setImage(UIImage image) const { send<"setImage:">(image); }
-    void setContentMode(long mode) const { send<"setContentMode:">(mode); }
-    void setTintColor(UIColor color) const { send<"setTintColor:">(color); }
-};
-
-struct UIControl : UIView {
-    static constexpr FixedString name{"UIControl"};
-    using UIView::UIView;
-    static constexpr unsigned long touchUpInside = 64;
-    // The same target and action again counts once.
-    void addTarget(Object target, SEL action, unsigned long events) const {
-        send<"addTarget:action:forControlEvents:">(target, action, events);
-    }
-};
-
-struct UIButton : UIControl {
-    static constexpr FixedString name{"UIButton"};
-    using UIControl::UIControl;
-};
-
 struct UIGestureRecognizer : Object {
     static constexpr FixedString name{"UIGestureRecognizer"};
     using Object::Object;

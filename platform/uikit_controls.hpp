@@ -46,12 +46,19 @@ struct UILabel : UIView {
 struct UIImage : Object {
     static constexpr FixedString name{"UIImage"};
     using Object::Object;
+    static constexpr long alwaysTemplate = 2;
     // Of the process's own bundle, or at an absolute path; the file of the screen's scale
     // (name@3x.png beside name.png) comes first. Empty when there is none.
-    static UIImage named(NSString name) { return sendClass<UIImage, "imageNamed:", UIImage>(name); }
+    static UIImage named(NSString nameOrPath) {
+        return sendClass<UIImage, "imageNamed:", UIImage>(nameOrPath);
+    }
     // The file of the screen's scale comes first here too.
     static UIImage withContentsOfFile(NSString path) {
         return sendClass<UIImage, "imageWithContentsOfFile:", UIImage>(path);
+    }
+    // Template: only the picture's alpha counts, drawn in the view's tint colour.
+    UIImage withRenderingMode(long mode) const {
+        return send<"imageWithRenderingMode:", UIImage>(mode);
     }
     // Zero for no image.
     CGSize size() const { return send<"size", CGSize>(); }
@@ -64,12 +71,14 @@ struct UIImageView : UIView {
     UIImage image() const { return send<"image", UIImage>(); }
     void setImage(UIImage image) const { send<"setImage:">(image); }
     void setContentMode(long mode) const { send<"setContentMode:">(mode); }
+    void setTintColor(UIColor color) const { send<"setTintColor:">(color); }
 };
 
 struct UIControl : UIView {
     static constexpr FixedString name{"UIControl"};
     using UIView::UIView;
     static constexpr unsigned long touchDown = 1, touchUpInside = 64, touchUpOutside = 128;
+    // The same target and action again counts once.
     void addTarget(Object target, SEL action, unsigned long events) const {
         send<"addTarget:action:forControlEvents:">(target, action, events);
     }

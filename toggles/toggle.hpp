@@ -3,7 +3,7 @@
 // cross-fade under a glyph. The glyph is a system package with named states or a pair of images.
 #pragma once
 
-#include "platform/uikit.hpp"
+#include "platform/uikit_controls.hpp"
 
 namespace vantori {
 

@@ -45,7 +45,7 @@ void createColourLayers(Button self) {
 Strong<UIImageView> glyphView(CGRect bounds, UIImage image) {
     Strong<UIImageView> view = create<UIImageView, "initWithFrame:">(bounds);
     view.setImage(image.withRenderingMode(UIImage::alwaysTemplate));
-    view.setContentMode(UIImageView::scaleAspectFit);
+    view.setContentMode(UIImageView::aspectFit);
     return view;
 }
 

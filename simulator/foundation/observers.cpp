@@ -30,8 +30,7 @@ void tie(id observer) {
     if (!observer || objc_getAssociatedObject(observer, &tieKey)) return;
     auto fresh = platform::create<ObserverTie>();
     platform::stateOf<TieState>(fresh).observer = Object(observer);
-    objc_setAssociatedObject(observer, &tieKey, fresh.get(),
-                             platform::associationRetainNonatomic);
+    objc_setAssociatedObject(observer, &tieKey, fresh.get(), platform::associationRetainNonatomic);
 }
 
 void (*systemAddObserver)(id, SEL, id, SEL, id, id) = nullptr;

@@ -69,14 +69,26 @@ struct LabeledButtonState {
 };
 
 constexpr ConnectivityButton buttons[]{
-    {"CCUIConnectivityAirplaneViewController", Radio::airplane, "airplane", "Airplane Mode",
+    {"CCUIConnectivityAirplaneViewController",
+     Radio::airplane,
+     "airplane",
+     "Airplane Mode",
      {255, 149, 0}},
-    {"CCUIConnectivityCellularDataViewController", Radio::cellular, "cellular", "Cellular Data",
+    {"CCUIConnectivityCellularDataViewController",
+     Radio::cellular,
+     "cellular",
+     "Cellular Data",
      {52, 199, 89}},
-    {"CCUIConnectivityHotspotViewController", Radio::hotspot, "hotspot", "Personal Hotspot",
+    {"CCUIConnectivityHotspotViewController",
+     Radio::hotspot,
+     "hotspot",
+     "Personal Hotspot",
      {52, 199, 89}},
     {"CCUIConnectivityWifiViewController", Radio::wifi, "wifi", "Wi-Fi", {10, 132, 255}},
-    {"CCUIConnectivityBluetoothViewController", Radio::bluetooth, "bluetooth", "Bluetooth",
+    {"CCUIConnectivityBluetoothViewController",
+     Radio::bluetooth,
+     "bluetooth",
+     "Bluetooth",
      {10, 132, 255}},
 };
 
@@ -251,7 +263,8 @@ void layoutModule(CCUIConnectivityModuleViewController self) {
     const double lift = state.expanded ? labelHeight : 0;
     for (std::size_t i = 0; i < state.buttons.size(); ++i) {
         UIView button = state.buttons[i].view();
-        const double column = static_cast<double>(i % columns), row = static_cast<double>(i / columns);
+        const double column = static_cast<double>(i % columns),
+                     row = static_cast<double>(i / columns);
         button.setAlpha(i < columns * rows ? 1 : 0);
         button.setFrame(rect(column * width + (width - side) / 2,
                              row * height + (height - side - lift) / 2, side, side));

@@ -8,8 +8,8 @@ namespace simulator {
 
 namespace {
 
-constexpr double symbolSide = 32;             // points
-constexpr long centred = 1;                   // text alignment
+constexpr double symbolSide = 32;  // points
+constexpr long centred = 1;        // text alignment
 constexpr unsigned long flexibleSize = 2 | 16;
 constexpr unsigned long flexibleMargins = 1 | 4 | 8 | 32;
 
@@ -22,8 +22,8 @@ struct ButtonControllerState {
 };
 
 void centre(UIView part, CGSize whole, CGSize size) {
-    part.setFrame(rect((whole.width - size.width) / 2, (whole.height - size.height) / 2,
-                       size.width, size.height));
+    part.setFrame(rect((whole.width - size.width) / 2, (whole.height - size.height) / 2, size.width,
+                       size.height));
 }
 
 void layoutButtonView(CCUIButtonModuleView self) {

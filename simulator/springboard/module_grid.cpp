@@ -41,7 +41,9 @@ constexpr double firstScale = 0.6;  // of an expanded module that comes by itsel
 
 CollectionState& state() { return stateOf<CollectionState>(moduleCollection()); }
 
-ContainerState& stateIn(CCUIContentModuleContainerView tile) { return stateOf<ContainerState>(tile); }
+ContainerState& stateIn(CCUIContentModuleContainerView tile) {
+    return stateOf<ContainerState>(tile);
+}
 
 UIViewController contentIn(CCUIContentModuleContainerView tile) {
     return contentOf(stateIn(tile).instance);
@@ -107,9 +109,8 @@ Tile makeTile(CCUIModuleCollectionViewController self, CCUIModuleInstance instan
 }
 
 bool hasTile(CCUIModuleInstance instance) {
-    return std::ranges::any_of(state().tiles, [&](const Tile& tile) {
-        return stateIn(tile).instance == instance;
-    });
+    return std::ranges::any_of(
+        state().tiles, [&](const Tile& tile) { return stateIn(tile).instance == instance; });
 }
 
 void makeTiles(CCUIModuleCollectionViewController self) {
@@ -193,8 +194,8 @@ void layModules(CGSize screen, GridSide side) {
     all.screen = screen;
     const bool upright = screen.height > screen.width;
     const double margins = upright ? topMargin + footMargin : 2 * sideMargin;
-    const double scale = std::min({1.0, (screen.width - 2 * sideMargin) / gridWidth,
-                                   (screen.height - margins) / gridHeight});
+    const double scale = std::min(
+        {1.0, (screen.width - 2 * sideMargin) / gridWidth, (screen.height - margins) / gridHeight});
     const double height = scale * gridHeight;
     const double foot = upright ? footMargin : sideMargin;
     CGPoint corner{(screen.width - scale * gridWidth) / 2,

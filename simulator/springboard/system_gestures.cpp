@@ -15,7 +15,7 @@ namespace simulator {
 
 namespace {
 
-constexpr double bottomBand = 8;     // points above the bottom edge where a pull starts
+constexpr double bottomBand = 8;  // points above the bottom edge where a pull starts
 // Points below the top edge, as high as the status bar.
 constexpr double topBand = 20;
 constexpr double topBandBesideNotch = 44;

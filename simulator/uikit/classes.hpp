@@ -1,5 +1,5 @@
 // Handles of the UIKit classes that only the phone itself uses. Those that the library uses too are
-// in platform/uikit.hpp.
+// in platform/uikit.hpp and uikit_controls.hpp.
 #pragma once
 
 #include "platform/uikit_controls.hpp"

@@ -165,12 +165,11 @@ TEST_P(StatusBarTurned, TheDistanceFollowsTheOrientation) {
     EXPECT_EQ(toolbarY(), height - GetParam().distance);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Orientations, StatusBarTurned,
-    testing::Values(Turned{Orientation::portrait, 300, 90, 90},
-                    Turned{Orientation::landscapeRight, 315, 700, 60},
-                    Turned{Orientation::landscapeLeft, 80, 700, 80},
-                    Turned{Orientation::upsideDown, 70, 700, 70}));
+INSTANTIATE_TEST_SUITE_P(Orientations, StatusBarTurned,
+                         testing::Values(Turned{Orientation::portrait, 300, 90, 90},
+                                         Turned{Orientation::landscapeRight, 315, 700, 60},
+                                         Turned{Orientation::landscapeLeft, 80, 700, 80},
+                                         Turned{Orientation::upsideDown, 70, 700, 70}));
 
 TEST_F(ControlCenter, AFingerFromTheTopEdgeRaisesTheToolbar) {
     bootReplacing(true);
@@ -276,8 +275,7 @@ TEST_F(ControlCenter, EachUpdateAsksWhereTheFingerIs) {
     phone_->clear();
     phone_->controlCenterGrabber(PullPhase::updated, 370, 50, 0);
     phone_->controlCenterGrabber(PullPhase::updated, 370, 60, 0);
-    EXPECT_EQ(phone_->calledCount("SBControlCenterController", "_presentGestureLocationInView"),
-              2);
+    EXPECT_EQ(phone_->calledCount("SBControlCenterController", "_presentGestureLocationInView"), 2);
 }
 
 TEST_F(ControlCenter, AnOpenToolbarIsClosedByTheNextPull) {

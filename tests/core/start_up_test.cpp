@@ -212,8 +212,8 @@ TEST_F(StartUp, TheReplayBundleIsNotGated) {
     phone_->boot();
     // The class of its two rows is not there then: they are handed over with none.
     auto expected = joined({welcomeRow, springBoardRows});
-    std::ranges::replace(expected, "RPControlCenterModuleViewController setAvailable:",
-                         " setAvailable:");
+    std::ranges::replace(expected,
+                         "RPControlCenterModuleViewController setAvailable:", " setAvailable:");
     std::ranges::replace(expected, "RPControlCenterModuleViewController available", " available");
     EXPECT_EQ(installed(), expected);
 }

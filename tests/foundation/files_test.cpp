@@ -26,10 +26,7 @@ using namespace simulator;
 
 NSString text(const std::string& string) { return NSString::from(string.c_str()); }
 
-struct NSFileManager : Object {
-    static constexpr platform::FixedString name{"NSFileManager"};
-    using Object::Object;
-};
+using platform::NSFileManager;
 
 class Files : public testing::Test {
   protected:

@@ -50,8 +50,7 @@ class ConnectivityPage : public LibraryPhone {
     }
     // The row with a placeholder between its first two buttons.
     static void putPlaceholder() {
-        Object null =
-            Object(classObject(objc_getClass("NSNull"))).send<"null", Object>();
+        Object null = Object(classObject(objc_getClass("NSNull"))).send<"null", Object>();
         NSMutableArray mixed = NSMutableArray::empty();
         mixed.add(controllers().at(0));
         mixed.add(null);
@@ -109,14 +108,13 @@ TEST_P(ByDevice, TheRowIsScaledAsAWhole) {
 }
 
 // Gaps: (320 - 300) / 6, (375 - 300) / 6, (414 - 300) / 6.
-INSTANTIATE_TEST_SUITE_P(
-    Devices, ByDevice,
-    testing::Values(ScaledDevice{"iPhone6,1", "iPhone 5s", 0.95, 20.0 / 6},
-                    ScaledDevice{"iPhone8,4", "iPhone SE", 0.95, 20.0 / 6},
-                    ScaledDevice{"iPhone8,1", "iPhone 6s", 0.9, 12.5},
-                    ScaledDevice{"iPhone10,3", "iPhone X", 0.9, 12.5},
-                    ScaledDevice{"iPhone11,6", "iPhone XS Max", 0.9, 19},
-                    ScaledDevice{"iPhone12,1", "unknown device", 0.9, 19}));
+INSTANTIATE_TEST_SUITE_P(Devices, ByDevice,
+                         testing::Values(ScaledDevice{"iPhone6,1", "iPhone 5s", 0.95, 20.0 / 6},
+                                         ScaledDevice{"iPhone8,4", "iPhone SE", 0.95, 20.0 / 6},
+                                         ScaledDevice{"iPhone8,1", "iPhone 6s", 0.9, 12.5},
+                                         ScaledDevice{"iPhone10,3", "iPhone X", 0.9, 12.5},
+                                         ScaledDevice{"iPhone11,6", "iPhone XS Max", 0.9, 19},
+                                         ScaledDevice{"iPhone12,1", "unknown device", 0.9, 19}));
 
 struct Named {
     const char* machine;
@@ -347,8 +345,8 @@ TEST_F(ConnectivityPage, ATapSwitchesARadioOnBothToolbars) {
             .send<"buttonView", Object>()
             .send<"isSelected", bool>();
     };
-    for (VNTToolBarController toolbar : {VNTToolBarController::shared(),
-                                         VNTToolBarController(VNTSBToolBarController::shared())}) {
+    for (VNTToolBarController toolbar :
+         {VNTToolBarController::shared(), VNTToolBarController(VNTSBToolBarController::shared())}) {
         EXPECT_TRUE(isOn(toolbar, 0));
         EXPECT_FALSE(isOn(toolbar, 1));
         EXPECT_FALSE(isOn(toolbar, 3));

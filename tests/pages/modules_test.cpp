@@ -72,9 +72,9 @@ class ModulesPage : public LibraryPhone {
 TEST_F(ModulesPage, StartsWithEmptyListsAndTheSystemsManager) {
     boot();
     auto fresh = create<VNTCCTogglesBarViewController>();
-    for (NSArray list : {fresh.send<"allModuleButtons", NSArray>(),
-                         fresh.send<"enabledModuleButtons", NSArray>(),
-                         fresh.send<"allInstances", NSArray>()}) {
+    for (NSArray list :
+         {fresh.send<"allModuleButtons", NSArray>(), fresh.send<"enabledModuleButtons", NSArray>(),
+          fresh.send<"allInstances", NSArray>()}) {
         ASSERT_TRUE(list);
         EXPECT_TRUE(list.isKindOfClass(objc_getClass("NSMutableArray")));
         EXPECT_EQ(list.count(), 0u);
@@ -107,8 +107,9 @@ TEST_F(ModulesPage, AnyZoneTestSetsItUpOnBothToolbars) {
     boot();
     phone_->grabber(simulator::PullPhase::began, 300, 10, 0);  // outside the left zone
     EXPECT_TRUE((page().send<"hasSetupButtons", bool>()));
-    EXPECT_TRUE((VNTToolBarController::shared().ccTogglesViewControllerForApp().send<
-                 "hasSetupButtons", bool>()));
+    EXPECT_TRUE((VNTToolBarController::shared()
+                     .ccTogglesViewControllerForApp()
+                     .send<"hasSetupButtons", bool>()));
 }
 
 TEST_F(ModulesPage, ItsPlainPropertiesKeepWhatTheyAreGiven) {

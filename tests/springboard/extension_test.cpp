@@ -5,6 +5,7 @@
 
 #include <cstdlib>
 #include <fstream>
+#include <span>
 
 #include "tests/loader/image_builder.hpp"
 
