@@ -337,6 +337,20 @@ TEST_F(Levels, ALevelIsFromNothingToOne) {
     expectUnhurt();
 }
 
+TEST_F(Levels, TheKeysChangeTheVolumeInUseBySixteenths) {
+    boot();
+    openToolbar();
+    phone_->volumeKey(true);
+    EXPECT_EQ(shown(volumeSlider()), 0.5625);
+    EXPECT_EQ(posted("AVSystemController_SystemVolumeDidChangeNotification"), 1);
+    playFrom(77);
+    phone_->volumeKey(false);
+    EXPECT_EQ(shown(volumeSlider()), 0.4375);
+    for (int i = 0; i < 10; ++i) phone_->volumeKey(false);
+    EXPECT_EQ(shown(volumeSlider()), 0);
+    EXPECT_EQ(text(glyphState(volumeSlider())), "mute");
+}
+
 TEST_F(Levels, TheVolumeSliderOfTheToolbarUnderAFinger) {
     boot();
     playFrom(77);
