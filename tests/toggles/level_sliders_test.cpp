@@ -298,8 +298,13 @@ TEST_F(Levels, UntilThenTheSlidersAreAsTheyWereMade) {
     boot();
     EXPECT_EQ(shown(volumeSlider()), 1);
     EXPECT_EQ(shown(brightnessSlider()), 1);
+}
+
+TEST_F(Levels, AnotherPlayerRefreshesThem) {
+    boot();
     playFrom(77);
-    EXPECT_EQ(shown(volumeSlider()), 1);
+    EXPECT_EQ(shown(volumeSlider()), 0.5);
+    EXPECT_EQ(shown(brightnessSlider()), 0.5);
 }
 
 TEST_F(Levels, ChangesWhileTheToolbarIsOpenAreShownAtOnce) {
