@@ -35,12 +35,13 @@ struct SBMediaController : Object {
     static SBMediaController shared() {
         return sendClass<SBMediaController, "sharedInstance", SBMediaController>();
     }
+    // iOS 11 takes no event source and so does nothing here.
     // By tracks: -1 to the previous, 1 to the next.
     void changeTrack(int delta) const {
-        send<"changeTrack:eventSource:", bool>(delta, noEventSource);
+        sendIfAnswered<"changeTrack:eventSource:", bool>(delta, noEventSource);
     }
-    void play() const { send<"playForEventSource:", bool>(noEventSource); }
-    void pause() const { send<"pauseForEventSource:", bool>(noEventSource); }
+    void play() const { sendIfAnswered<"playForEventSource:", bool>(noEventSource); }
+    void pause() const { sendIfAnswered<"pauseForEventSource:", bool>(noEventSource); }
 };
 
 }  // namespace platform

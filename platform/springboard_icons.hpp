@@ -59,7 +59,7 @@ struct SBIconListView : UIView {
     using UIView::UIView;
     NSArray icons() const { return send<"icons", NSArray>(); }
     NSArray visibleIcons() const { return send<"visibleIcons", NSArray>(); }
-    CGSize defaultIconSize() const { return send<"defaultIconSize", CGSize>(); }
+    CGSize defaultIconSize() const { return sendIfAnswered<"defaultIconSize", CGSize>(); }
     CGSize alignmentIconSize() const { return send<"alignmentIconSize", CGSize>(); }
     void layoutIconsNow() const { send<"layoutIconsNow">(); }
 };
@@ -73,8 +73,8 @@ struct SBDockView : UIView {
 struct SBDisplayItem : Object {
     static constexpr FixedString name{"SBDisplayItem"};
     using Object::Object;
-    NSString displayIdentifier() const { return send<"displayIdentifier", NSString>(); }
-    NSString bundleIdentifier() const { return send<"bundleIdentifier", NSString>(); }
+    NSString displayIdentifier() const { return sendIfAnswered<"displayIdentifier", NSString>(); }
+    NSString bundleIdentifier() const { return sendIfAnswered<"bundleIdentifier", NSString>(); }
 };
 
 // What the application switcher keeps of one card: display items by the role that they play in it.
@@ -83,7 +83,7 @@ struct SBAppLayout : Object {
     using Object::Object;
     // Empty for a layout without items.
     SBDisplayItem firstItem() const {
-        NSArray items = send<"rolesToLayoutItemsMap", Object>().send<"allObjects", NSArray>();
+        NSArray items = sendIfAnswered<"rolesToLayoutItemsMap", Object>().send<"allObjects", NSArray>();
         return items.count() > 0 ? items.at<SBDisplayItem>(0) : SBDisplayItem();
     }
 };

@@ -69,7 +69,7 @@ struct DNDUIControlCenterModule : Object {
     bool isActive() const {
         return send<"valueForKey:", Object>("_currentState"_ns).send<"isActive", bool>();
     }
-    void toggleStateForActive(bool active) const { send<"_toggleStateForActive:">(active); }
+    void toggleStateForActive(bool active) const { sendIfAnswered<"_toggleStateForActive:">(active); }
 };
 
 struct SBUIFlashlightController : Object {
@@ -80,8 +80,8 @@ struct SBUIFlashlightController : Object {
     }
     unsigned long level() const { return send<"level", unsigned long>(); }
     bool isAvailable() const { return send<"isAvailable", bool>(); }
-    void turnOn(NSString reason) const { send<"turnFlashlightOnForReason:">(reason); }
-    void turnOff(NSString reason) const { send<"turnFlashlightOffForReason:">(reason); }
+    void turnOn(NSString reason) const { sendIfAnswered<"turnFlashlightOnForReason:">(reason); }
+    void turnOff(NSString reason) const { sendIfAnswered<"turnFlashlightOffForReason:">(reason); }
 };
 
 struct UISUserInterfaceStyleMode : Object {

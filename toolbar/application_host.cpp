@@ -31,6 +31,11 @@ bool canHost(NSString identifier) {
     return identifier && FBProcessManager::shared().respondsTo(creation());
 }
 
+// Some systems' processes know nothing of scenes; waiting for one would never end.
+bool knowsScenes(FBProcess process) {
+    return !process || process.respondsTo(selector<"mainScene">());
+}
+
 void viewDidLoad(VNTApplicationHostViewController self) {
     super<VNTApplicationHostViewController, "viewDidLoad">(self);
     const CGSize screen = screenSize();
@@ -53,7 +58,7 @@ void launchApplication(VNTApplicationHostViewController, SBApplication applicati
     launchSuspended(identifier);
     if (!canHost(identifier)) return;
     Strong<FBProcess> process = createProcess(identifier);
-    while (!process.mainScene()) {
+    while (knowsScenes(process) && !process.mainScene()) {
         log("[Vantori] mainScene not found, create process again."_ns);
         launchSuspended(identifier);
         process = createProcess(identifier);

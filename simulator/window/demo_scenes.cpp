@@ -6,7 +6,7 @@ namespace simulator::window {
 
 namespace {
 
-constexpr std::array<DemoScene, 14> scenes{{
+constexpr std::array<DemoScene, 25> scenes{{
     {"home-light", "home-light.png", "Home screen", R"(
 boot
 shot "home-light.png" at 2
@@ -88,6 +88,119 @@ wait 1
 shot "control-center.png" at 2
 )",
      true},
+    {"music", "music.png", "Music playing", R"(
+boot
+play "Paper Boats on the Long Way Home" "The Harbour Lights" "Low Tide" "tide" com.apple.Music
+pull 60 320 over 0.3
+wait 4
+shot "music.png" at 2
+)",
+     true},
+    {"toggles", "toggles.png", "Toggles", R"(
+boot
+play "Paper Boats" "The Harbour Lights" "Low Tide" "tide" com.apple.Music
+toggle lowpower on
+toggle flashlight on
+toggle orientationlock on
+toggle donotdisturb on
+brightness 0.9
+pull 60 320 over 0.3
+wait 1
+shot "toggles.png" at 2
+)",
+     true},
+    {"slider", "slider.png", "A slider under the finger", R"(
+boot
+pull 60 320 over 0.3
+wait 1
+touch down 290 562
+touch move 320 562 over 0.3
+wait 0.5
+shot "slider.png" at 2
+touch up
+)",
+     true},
+    {"toggles-dark", "toggles-dark.png", "… dark", R"(
+boot
+appearance dark
+play "Paper Boats" "The Harbour Lights" "Low Tide" "tide" com.apple.Music
+toggle ringermute on
+toggle donotdisturb on
+wait 0.5
+pull 60 320 over 0.3
+wait 1
+shot "toggles-dark.png" at 2
+)",
+     true},
+    {"recents", "recents.png", "Recent applications", R"(
+setting alwaysSpringBoardStyle false
+recents com.example.maps com.example.mail com.example.photos com.apple.camera com.apple.Music
+boot
+open com.example.notes
+pull 60 320 over 0.3
+wait 1
+shot "recents.png" at 2
+)",
+     true},
+    {"connectivity", "connectivity.png", "Airplane mode", R"(
+boot
+pull 60 320 over 0.3
+wait 1
+tap 63 367
+wait 1
+shot "connectivity.png" at 2
+)",
+     true},
+    {"welcome", "welcome.png", "Welcome", R"(
+delete /var/mobile/Library/Preferences/com.ferolin.VantoriHistoryVersion.plist
+boot
+wait 1
+shot "welcome.png" at 2
+)",
+     true},
+    {"welcome-pages", "welcome-pages.png", "… page by page", R"(
+delete /var/mobile/Library/Preferences/com.ferolin.VantoriHistoryVersion.plist
+boot
+wait 1
+drag 330 400 40 400 over 0.2
+wait 1
+shot "welcome-pages.png" at 2
+)",
+     true},
+    {"welcome-dark", "welcome-dark.png", "… dark", R"(
+delete /var/mobile/Library/Preferences/com.ferolin.VantoriHistoryVersion.plist
+boot
+appearance dark
+wait 1
+drag 330 400 40 400 over 0.2
+wait 1
+drag 330 400 40 400 over 0.2
+wait 1
+shot "welcome-dark.png" at 2
+)",
+     true},
+    {"control-center-replaced", "control-center-replaced.png", "… replaced", R"(
+setting replaceCC true
+boot
+drag 340 2 340 560 over 0.4
+wait 1
+shot "control-center-replaced.png" at 2
+)",
+     true},
+    {"leaving", "leaving.png", "Leaving the welcome", R"(
+delete /var/mobile/Library/Preferences/com.ferolin.VantoriHistoryVersion.plist
+boot
+wait 1
+drag 330 400 40 400 over 0.2
+wait 1
+drag 330 400 40 400 over 0.2
+wait 1
+drag 330 400 40 400 over 0.2
+wait 1
+tap 187 757
+film "leaving.png" 5 over 1
+)",
+     false},
     {"lock-screen", "lock-screen.png", "Lock screen", R"(
 boot
 lock
