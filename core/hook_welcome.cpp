@@ -16,13 +16,17 @@ NSString historyPath() {
     return "/var/mobile/Library/Preferences/com.ferolin.VantoriHistoryVersion.plist"_ns;
 }
 
-// The pager shown last; replacing it releases the one before.
-Strong<VNTUpdateViewController> updateViewController;
+// The pager shown last; replacing it releases the one before. It outlives the process's own end,
+// when nobody is left to take its view off the home screen.
+Strong<VNTUpdateViewController>& updateViewController() {
+    static auto& shown = *new Strong<VNTUpdateViewController>;
+    return shown;
+}
 
 void presentUpdateInfo(Object self) {
-    updateViewController = create<VNTUpdateViewController>();
+    updateViewController() = create<VNTUpdateViewController>();
     UIView home = as<UIView>(self);
-    UIView pager = updateViewController.view();
+    UIView pager = updateViewController().view();
     home.addSubview(pager);
     home.bringSubviewToFront(pager);
 }
