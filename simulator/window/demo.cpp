@@ -28,11 +28,16 @@ using rendering::Surface;
 constexpr double pixelsPerPoint = 2;  // of the scenes' pictures
 constexpr std::size_t sheetColumns = 4;
 
+// The owner has seen the welcome; a scene of the welcome itself takes this away again.
+constexpr std::string_view seenWelcome =
+    "plist /var/mobile/Library/Preferences/com.ferolin.VantoriHistoryVersion.plist [\"1.2.1\"]\n";
+
 // Runs the scene on a new phone. What it says is shown only when it failed.
 int play(const DemoScene& scene, const std::filesystem::path& folder) {
     std::ostringstream said;
     try {
-        const auto statements = scenario::parse(scene.scenario);
+        const auto statements =
+            scenario::parse(std::string(seenWelcome) + std::string(scene.scenario));
         const std::unique_ptr<Phone> phone = makePhone({});
         scenario::Session session(*phone, std::string(scene.name), folder, said);
         for (const auto& statement : statements) session.run(statement);
