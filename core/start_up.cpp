@@ -35,6 +35,7 @@ void registerClasses() {
     registerApplicationHost();
     registerPages();
     registerPanels();
+    registerEverydayPage();
     registerToolBarController();
     registerSBToolBarController();
     registerHookReport();

@@ -1,9 +1,8 @@
 #include "toggles/panels.hpp"
 
 #include "toggles/brightness_slider.hpp"
-#include "toggles/volume_slider.hpp"
-
 #include "toggles/catalogue.hpp"
+#include "toggles/volume_slider.hpp"
 
 namespace vantori {
 
@@ -12,7 +11,6 @@ void registerPanels() {
     registerVolumeSlider();
     registerBrightnessSlider();
     registerToggles();
-    registerEverydayPage();
     registerBrightnessPanel();
     registerVolumePanel();
 }

@@ -1,8 +1,8 @@
-// Every class of the pages of toggles and sliders, for those who make them all.
+// Every class of toggles, sliders and their panels, for those who make them all. The everyday page,
+// which shows them, stands above them.
 #pragma once
 
 #include "toggles/brightness_panel.hpp"
-#include "toggles/everyday_page.hpp"
 #include "toggles/slider.hpp"
 #include "toggles/volume_panel.hpp"
 

@@ -5,6 +5,7 @@
 
 #include "pages/pages.hpp"
 #include "platform/springboard.hpp"
+#include "toggles/everyday_page.hpp"
 #include "toggles/panels.hpp"
 
 namespace vantori {

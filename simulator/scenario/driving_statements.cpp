@@ -50,7 +50,7 @@ void interrupt(Line& line) {
     line.phone().interrupt(view);
 }
 
-constexpr std::array<Form, 29> forms{{
+constexpr std::array<Form, 30> forms{{
     {"wait S", booted, "lets S seconds of the phone's time pass",
      [](Line& line) { line.phone().wait(line.seconds("S")); }},
     {"open BUNDLE", booted, "brings an application to the front",
@@ -97,6 +97,8 @@ constexpr std::array<Form, 29> forms{{
      [](Line& line) { line.phone().volume(line.number("LEVEL")); }},
     {"ringer LEVEL", booted, "someone else changes the ringer volume",
      [](Line& line) { line.phone().ringer(line.number("LEVEL")); }},
+    {"volume-key up|down", booted, "a key at the phone's side: a sixteenth of the volume in use",
+     [](Line& line) { line.phone().volumeKey(line.chose("up")); }},
     {"brightness LEVEL", booted, "someone else changes the brightness",
      [](Line& line) { line.phone().brightness(line.number("LEVEL")); }},
     {"route ROUTE", booted, "the audio route, Speaker or HeadphonesBT",

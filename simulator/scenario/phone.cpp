@@ -18,6 +18,7 @@ void Phone::recents(const std::vector<std::string>&) { absent("the recent applic
 void Phone::flashlightAvailable(bool) { absent("the flashlight"); }
 void Phone::volume(double) { absent("the media volume"); }
 void Phone::ringer(double) { absent("the ringer volume"); }
+void Phone::volumeKey(bool) { absent("the volume keys"); }
 void Phone::brightness(double) { absent("the brightness"); }
 void Phone::route(const std::string&) { absent("the audio route"); }
 void Phone::play(const Song&) { absent("the player"); }

@@ -101,6 +101,7 @@ class Phone {
     virtual void pull(const EdgePull& pull) = 0;
     virtual void volume(double level);
     virtual void ringer(double level);
+    virtual void volumeKey(bool louder);
     virtual void brightness(double level);
     virtual void route(const std::string& name);
     virtual void play(const Song& song);

@@ -305,6 +305,10 @@ class SimulatedPhone final : public Phone {
         requireLevel(level);
         run([&] { setRingerVolume(level); });
     }
+    void volumeKey(bool louder) override {
+        requireOn();
+        run([&] { pressVolumeKey(louder); });
+    }
     void brightness(double level) override {
         requireLevel(level);
         run([&] { setBrightness(level); });

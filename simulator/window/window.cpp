@@ -72,6 +72,8 @@ class PhoneWindow {
         output_ << file.string() << std::endl;
     }
     void quit() { open_ = false; }
+    void louder() { phone().volumeKey(true); }
+    void softer() { phone().volumeKey(false); }
     void help() { output_ << keysHelp() << std::flush; }
 
   private:
@@ -118,11 +120,13 @@ class PhoneWindow {
     bool slow_ = false;
 };
 
-constexpr std::array<Key, 8> keys{{
+constexpr std::array<Key, 10> keys{{
     {SDLK_h, "h", "home", &PhoneWindow::home},
     {SDLK_l, "l", "lock, unlock", &PhoneWindow::lock},
     {SDLK_r, "r", "turn the phone", &PhoneWindow::rotate},
     {SDLK_a, "a", "light or dark appearance", &PhoneWindow::changeAppearance},
+    {SDLK_UP, "up", "louder", &PhoneWindow::louder},
+    {SDLK_DOWN, "down", "softer", &PhoneWindow::softer},
     {SDLK_s, "s", "slow motion, ten times", &PhoneWindow::changeSpeed},
     {SDLK_p, "p", "a picture of the screen, into a file", &PhoneWindow::takePicture},
     {SDLK_q, "q", "quit", &PhoneWindow::quit},

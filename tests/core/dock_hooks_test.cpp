@@ -237,10 +237,10 @@ TEST_F(DockView, BeforeTheSettingsAreLoadedOnlyTheSpringBoardPageIsLaidOut) {
     expectUntouched(applicationPage());
 }
 
-class WithoutClass : public Applications, public testing::WithParamInterface<const char*> {};
+class DockWithoutClass : public Applications, public testing::WithParamInterface<const char*> {};
 
 // The rest of the toolbar opens and closes as ever.
-TEST_P(WithoutClass, ThePageStaysQuiet) {
+TEST_P(DockWithoutClass, ThePageStaysQuiet) {
     phone_->missingClass(GetParam());
     phone_->recents({"com.example.maps", "com.example.mail"});
     boot();
@@ -263,7 +263,7 @@ TEST_P(WithoutClass, ThePageStaysQuiet) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Classes, WithoutClass,
+    Classes, DockWithoutClass,
     testing::Values("SBDockView", "SBRootFolderDockIconListView", "SBFloatingDockIconListView",
                     "SBDockSuggestionsIconListView", "SBDockIconListView", "SBIconListView",
                     "SBIconController", "SBIconModel", "SBIcon", "SBLeafIcon", "SBApplicationIcon",

@@ -57,6 +57,7 @@ const std::vector<std::string> springBoardRows = {
     "SBFloatingDockIconListView didMoveToWindow",
     "SBRecentAppLayouts _validateAndUpdateRecents:",
     "SBRecentAppLayouts _saveRecents",
+    "MediaControlsVolumeController volumeController:volumeValueDidChange:",
     "RPControlCenterModuleViewController setAvailable:",
     "RPControlCenterModuleViewController available",
     "SBMediaController _mediaRemoteNowPlayingApplicationIsPlayingDidChange:",

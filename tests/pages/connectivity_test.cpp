@@ -188,10 +188,10 @@ TEST_F(ConnectivityPage, WithoutItsBundleThePageStaysEmpty) {
     EXPECT_FALSE(phone_->crashed());
 }
 
-class WithoutClass : public ConnectivityPage, public testing::WithParamInterface<unsigned long> {};
+class ConnectivityWithoutClass : public ConnectivityPage, public testing::WithParamInterface<unsigned long> {};
 
 // The row ends where the missing one would stand; the flag follows the airplane controller alone.
-TEST_P(WithoutClass, TheRowEndsThere) {
+TEST_P(ConnectivityWithoutClass, TheRowEndsThere) {
     phone_->missingClass(buttonClasses[GetParam()]);
     bootAndLayOut();
     EXPECT_EQ(controllers().count(), GetParam());
@@ -206,7 +206,7 @@ TEST_P(WithoutClass, TheRowEndsThere) {
     EXPECT_FALSE(phone_->crashed());
 }
 
-INSTANTIATE_TEST_SUITE_P(EachClass, WithoutClass, testing::Values(0UL, 1UL, 2UL, 3UL, 4UL));
+INSTANTIATE_TEST_SUITE_P(EachClass, ConnectivityWithoutClass, testing::Values(0UL, 1UL, 2UL, 3UL, 4UL));
 
 class WithoutPart : public ConnectivityPage, public testing::WithParamInterface<const char*> {};
 

@@ -78,6 +78,7 @@ void FakePhone::pull(const EdgePull& pull) {
         note("pull", pull.edge, pull.distance, pull.seconds);
 }
 void FakePhone::ringer(double level) { note("ringer", level); }
+void FakePhone::volumeKey(bool louder) { note("volumeKey", yesOrNo(louder)); }
 void FakePhone::brightness(double level) { note("brightness", level); }
 void FakePhone::route(const std::string& name) { note("route", name); }
 void FakePhone::play(const Song& song) {

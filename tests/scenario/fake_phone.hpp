@@ -56,6 +56,7 @@ class FakePhone : public Phone {
     void statusBar(PullPhase phase, double x, double y, double velocity) override;
     void pull(const EdgePull& pull) override;
     void ringer(double level) override;
+    void volumeKey(bool louder) override;
     void brightness(double level) override;
     void route(const std::string& name) override;
     void play(const Song& song) override;

@@ -118,6 +118,7 @@ INSTANTIATE_TEST_SUITE_P(
         Carried{"pull 60 120 over 0.3 flick 900", {"pull 60 120 0.3 900"}},
         Carried{"pull 60 120 over 0.3 flick -900", {"pull 60 120 0.3 -900"}},
         Carried{"ringer 1", {"ringer 1"}}, Carried{"brightness 0.25", {"brightness 0.25"}},
+        Carried{"volume-key up", {"volumeKey yes"}}, Carried{"volume-key down", {"volumeKey no"}},
         Carried{"route HeadphonesBT", {"route HeadphonesBT"}},
         Carried{"route \"Speaker\"", {"route Speaker"}},
         Carried{R"(play "T" "A" "" "id 1" com.apple.Music)",

@@ -298,8 +298,13 @@ TEST_F(Levels, UntilThenTheSlidersAreAsTheyWereMade) {
     boot();
     EXPECT_EQ(shown(volumeSlider()), 1);
     EXPECT_EQ(shown(brightnessSlider()), 1);
+}
+
+TEST_F(Levels, AnotherPlayerRefreshesThem) {
+    boot();
     playFrom(77);
-    EXPECT_EQ(shown(volumeSlider()), 1);
+    EXPECT_EQ(shown(volumeSlider()), 0.5);
+    EXPECT_EQ(shown(brightnessSlider()), 0.5);
 }
 
 TEST_F(Levels, ChangesWhileTheToolbarIsOpenAreShownAtOnce) {
@@ -335,6 +340,20 @@ TEST_F(Levels, ALevelIsFromNothingToOne) {
     EXPECT_THROW(phone_->route("Gramophone"), simulator::PhoneError);
     EXPECT_EQ(posted("AVSystemController_SystemVolumeDidChangeNotification"), 0);
     expectUnhurt();
+}
+
+TEST_F(Levels, TheKeysChangeTheVolumeInUseBySixteenths) {
+    boot();
+    openToolbar();
+    phone_->volumeKey(true);
+    EXPECT_EQ(shown(volumeSlider()), 0.5625);
+    EXPECT_EQ(posted("AVSystemController_SystemVolumeDidChangeNotification"), 1);
+    playFrom(77);
+    phone_->volumeKey(false);
+    EXPECT_EQ(shown(volumeSlider()), 0.4375);
+    for (int i = 0; i < 10; ++i) phone_->volumeKey(false);
+    EXPECT_EQ(shown(volumeSlider()), 0);
+    EXPECT_EQ(text(glyphState(volumeSlider())), "mute");
 }
 
 TEST_F(Levels, TheVolumeSliderOfTheToolbarUnderAFinger) {
