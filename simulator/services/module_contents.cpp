@@ -10,7 +10,6 @@ namespace {
 
 constexpr double symbolSide = 32;  // points
 constexpr long centred = 1;        // text alignment
-constexpr unsigned long flexibleSize = 2 | 16;
 constexpr unsigned long flexibleMargins = 1 | 4 | 8 | 32;
 
 struct ButtonViewState {
