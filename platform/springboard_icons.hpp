@@ -83,7 +83,8 @@ struct SBAppLayout : Object {
     using Object::Object;
     // Empty for a layout without items.
     SBDisplayItem firstItem() const {
-        NSArray items = sendIfAnswered<"rolesToLayoutItemsMap", Object>().send<"allObjects", NSArray>();
+        NSArray items =
+            sendIfAnswered<"rolesToLayoutItemsMap", Object>().send<"allObjects", NSArray>();
         return items.count() > 0 ? items.at<SBDisplayItem>(0) : SBDisplayItem();
     }
 };

@@ -69,7 +69,9 @@ struct DNDUIControlCenterModule : Object {
     bool isActive() const {
         return send<"valueForKey:", Object>("_currentState"_ns).send<"isActive", bool>();
     }
-    void toggleStateForActive(bool active) const { sendIfAnswered<"_toggleStateForActive:">(active); }
+    void toggleStateForActive(bool active) const {
+        sendIfAnswered<"_toggleStateForActive:">(active);
+    }
 };
 
 struct SBUIFlashlightController : Object {

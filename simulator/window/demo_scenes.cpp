@@ -55,6 +55,8 @@ shot "app-open.png" at 2
      true},
     {"app-over", "app-over.png", "Toolbar over it", R"(
 boot
+play "Paper Boats" "The Harbour Lights" "Low Tide" "tide" com.apple.Music
+toggle donotdisturb on
 open com.example.maps
 pull 60 320 over 0.3
 wait 1
@@ -79,13 +81,6 @@ open com.example.notes
 pull 60 110 over 0.3
 wait 1
 shot "strip.png" at 2
-)",
-     true},
-    {"control-center", "control-center.png", "Control Center", R"(
-boot
-drag 340 2 340 500 over 0.3
-wait 1
-shot "control-center.png" at 2
 )",
      true},
     {"music", "music.png", "Music playing", R"(
@@ -132,6 +127,30 @@ wait 1
 shot "toggles-dark.png" at 2
 )",
      true},
+    {"connectivity", "connectivity.png", "Airplane mode", R"(
+boot
+pull 60 320 over 0.3
+wait 1
+tap 63 367
+wait 1
+shot "connectivity.png" at 2
+)",
+     true},
+    {"control-center", "control-center.png", "Control Center", R"(
+boot
+drag 340 2 340 500 over 0.3
+wait 1
+shot "control-center.png" at 2
+)",
+     true},
+    {"control-center-replaced", "control-center-replaced.png", "… replaced", R"(
+setting replaceCC true
+boot
+drag 340 2 340 560 over 0.4
+wait 1
+shot "control-center-replaced.png" at 2
+)",
+     true},
     {"recents", "recents.png", "Recent applications", R"(
 setting alwaysSpringBoardStyle false
 recents com.example.maps com.example.mail com.example.photos com.apple.camera com.apple.Music
@@ -140,15 +159,6 @@ open com.example.notes
 pull 60 320 over 0.3
 wait 1
 shot "recents.png" at 2
-)",
-     true},
-    {"connectivity", "connectivity.png", "Airplane mode", R"(
-boot
-pull 60 320 over 0.3
-wait 1
-tap 63 367
-wait 1
-shot "connectivity.png" at 2
 )",
      true},
     {"welcome", "welcome.png", "Welcome", R"(
@@ -179,14 +189,6 @@ wait 1
 shot "welcome-dark.png" at 2
 )",
      true},
-    {"control-center-replaced", "control-center-replaced.png", "… replaced", R"(
-setting replaceCC true
-boot
-drag 340 2 340 560 over 0.4
-wait 1
-shot "control-center-replaced.png" at 2
-)",
-     true},
     {"leaving", "leaving.png", "Leaving the welcome", R"(
 delete /var/mobile/Library/Preferences/com.ferolin.VantoriHistoryVersion.plist
 boot
@@ -207,7 +209,7 @@ lock
 wait 1
 shot "lock-screen.png" at 2
 )",
-     true},
+     false},
     {"landscape-home", "landscape-home.png", "Landscape", R"(
 boot
 rotate landscape-right

@@ -188,7 +188,8 @@ TEST_F(ConnectivityPage, WithoutItsBundleThePageStaysEmpty) {
     EXPECT_FALSE(phone_->crashed());
 }
 
-class ConnectivityWithoutClass : public ConnectivityPage, public testing::WithParamInterface<unsigned long> {};
+class ConnectivityWithoutClass : public ConnectivityPage,
+                                 public testing::WithParamInterface<unsigned long> {};
 
 // The row ends where the missing one would stand; the flag follows the airplane controller alone.
 TEST_P(ConnectivityWithoutClass, TheRowEndsThere) {
@@ -206,7 +207,8 @@ TEST_P(ConnectivityWithoutClass, TheRowEndsThere) {
     EXPECT_FALSE(phone_->crashed());
 }
 
-INSTANTIATE_TEST_SUITE_P(EachClass, ConnectivityWithoutClass, testing::Values(0UL, 1UL, 2UL, 3UL, 4UL));
+INSTANTIATE_TEST_SUITE_P(EachClass, ConnectivityWithoutClass,
+                         testing::Values(0UL, 1UL, 2UL, 3UL, 4UL));
 
 class WithoutPart : public ConnectivityPage, public testing::WithParamInterface<const char*> {};
 
