@@ -94,6 +94,8 @@ void sendFloor(double distance) {
     if constexpr (style == Style::application) {
         lift(distance);
     } else {
+        static const UIView dock = dockIcons();
+        (void)dock.send<"visibleIcons", NSArray>();
         moveToolbar(distance);
     }
 }
