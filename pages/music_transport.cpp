@@ -1,8 +1,8 @@
 #include "pages/music_transport.hpp"
 
 #include "core/lifted_scene.hpp"
-#include "core/toolbars.hpp"
 #include "pages/music_state.hpp"
+#include "pages/toolbar_messages.hpp"
 #include "platform/dispatch.hpp"
 #include "platform/springboard.hpp"
 
@@ -77,7 +77,7 @@ void openNowPlayingApplication(VNTMediaPlayerViewController page) {
     if (!player.isPlaying()) return;
     SpringBoard::shared().launchApplication(player.applicationId(), false);
     lowerLiftedScene();
-    ApplicationToolbar::shared().setIsEnabled(false);
+    toolbars::noteApplicationSideClosed();
 }
 
 }  // namespace vantori

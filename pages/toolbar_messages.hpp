@@ -1,4 +1,4 @@
-// What the applications page asks of the two toolbars, which stand above the pages: by message, with
+// What the pages ask of the two toolbars, which stand above the pages: by message, with
 // no more of them than these messages.
 #pragma once
 
