@@ -10,12 +10,18 @@ constexpr int wholeIconFormat = 999;  // SpringBoard's number up to system 12
 constexpr double side = 60;           // points
 constexpr double cornerRadius = 12;   // points
 
-}  // namespace
-
-UIImage renderedIcon(SBIcon icon) {
+UIImage render(SBIcon icon) {
     if (!isSystem13OrLater()) return icon.generateIconImage(wholeIconFormat);
     return icon.generateIconImageWithInfo(
         {{side, side}, UIScreen::mainScreen().scale(), cornerRadius});
+}
+
+}  // namespace
+
+UIImage renderedIcon(SBIcon icon) {
+    UIImage image = render(icon);
+    if (!image.respondsTo(selector<"copyWithZone:">())) return image;
+    return Copied<UIImage>(image).autoreleased();
 }
 
 UIImage generateIconImageForIdentifier(VNTIconsContainerViewController self, NSString identifier) {
@@ -23,12 +29,8 @@ UIImage generateIconImageForIdentifier(VNTIconsContainerViewController self, NSS
         SBIconController::shared().model().expectedIcon(identifier));
 }
 
-// A copy, so that what SpringBoard does with its own picture later does not show. Where pictures
-// cannot be copied, the picture itself.
 UIImage generateIconImageForIcon(VNTIconsContainerViewController, SBIcon icon) {
-    UIImage image = renderedIcon(icon);
-    if (!image.respondsTo(selector<"copyWithZone:">())) return image;
-    return Copied<UIImage>(image).autoreleased();
+    return renderedIcon(icon);
 }
 
 }  // namespace vantori

@@ -5,7 +5,9 @@
 
 namespace vantori {
 
-// As SpringBoard draws it now: 60 by 60 points. Empty for no icon, or one without a picture.
+// A copy of what SpringBoard draws now, 60 by 60 points, so that what SpringBoard does with its own
+// picture later does not show; the picture itself where pictures cannot be copied. Empty for no icon,
+// or one without a picture.
 UIImage renderedIcon(SBIcon icon);
 
 // The page's operations of these names. Empty for what is not installed or has no picture.

@@ -96,9 +96,7 @@ void viewDidLayoutSubviews(Page self) {
     self.view().setBounds(rect(0, 0, std::min(screen.width, screen.height), music::pageHeight));
 }
 
-UIImage getImage(Page) {
-    return adopted(musicApplicationIcon().send<"copy", UIImage>()).autoreleased();
-}
+UIImage getImage(Page) { return musicApplicationIcon(); }
 
 // The labels keep their size: only texts that scroll make them fit.
 void updatePlayingInfo(Page self) {
