@@ -3,8 +3,8 @@
 #include "core/device_profile.hpp"
 #include "platform/definition.hpp"
 #include "toggles/brightness_slider.hpp"
-#include "toggles/catalogue.hpp"
 #include "toggles/strip.hpp"
+#include "toggles/toggle_making.hpp"
 
 namespace vantori {
 
@@ -24,18 +24,10 @@ struct PanelState {
 };
 
 void createToggles(PanelState& state) {
-    const NSString moon = "/Library/Application Support/Vantori/nightshift.png"_ns;
-    state.nightShift =
-        createImageToggle<VNTNightshiftToggleViewController>(moon, moon, "on"_ns, "off"_ns);
-    state.appearance = createPackageToggle<VNTAppearanceToggleViewController>(
-        "/System/Library/ControlCenter/Bundles/AppearanceModule.bundle/StyleMode.ca"_ns, "light"_ns,
-        "dark"_ns);
-    state.lowPower = createPackageToggle<VNTLowPowerToggleViewController>(
-        "/System/Library/ControlCenter/Bundles/LowPowerModule.bundle/LowPower.ca"_ns, "enabled"_ns,
-        "*"_ns);
-    state.flashlight = createImageToggle<VNTFlashlightToggleViewController>(
-        "/Library/Application Support/Vantori/flashlight_on.png"_ns,
-        "/Library/Application Support/Vantori/flashlight_off.png"_ns, "on"_ns, "off"_ns);
+    state.nightShift = createNightShiftToggle();
+    state.appearance = createAppearanceToggle();
+    state.lowPower = createLowPowerToggle();
+    state.flashlight = createFlashlightToggle();
     state.flashlight.toggleButton().setOffColor(UIColor::white());
     state.flashlight.toggleButton().setOnColor(UIColor::systemBlue());
 }

@@ -24,8 +24,7 @@ Toggle initBase(Toggle raw, NSString path, NSString onName, NSString offName) {
         raw, path, onName, offName);
 }
 
-// On in dark mode. The names of its package are inverted with respect to the modes, deliberately: on
-// shows "light".
+// On in dark mode, and then shows "light".
 struct Appearance {
     using Toggle = VNTAppearanceToggleViewController;
     static constexpr double duration = 1.0;

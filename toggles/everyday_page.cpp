@@ -4,9 +4,9 @@
 #include "core/settings_callbacks.hpp"
 #include "platform/definition.hpp"
 #include "toggles/brightness_panel.hpp"
-#include "toggles/catalogue.hpp"
 #include "toggles/strip.hpp"
 #include "toggles/toggle_list.hpp"
+#include "toggles/toggle_making.hpp"
 #include "toggles/volume_panel.hpp"
 
 namespace vantori {
@@ -39,34 +39,15 @@ double screenWidth() { return UIScreen::mainScreen().bounds().size.width; }
 
 CGRect stripBounds() { return rect(0, 0, screenWidth(), strip::height); }
 
-void createPackageToggles(PageState& state) {
-    state.appearance = createPackageToggle<VNTAppearanceToggleViewController>(
-        "/System/Library/ControlCenter/Bundles/AppearanceModule.bundle/StyleMode.ca"_ns, "light"_ns,
-        "dark"_ns);
-    state.orientation = createPackageToggle<VNTOrientationLockToggleViewController>(
-        "/System/Library/ControlCenter/Bundles/OrientationLockModule.bundle/OrientationLock.ca"_ns,
-        "locked"_ns, "unlocked"_ns);
-    state.mute = createPackageToggle<VNTMuteToggleViewController>(
-        "/System/Library/ControlCenter/Bundles/MuteModule.bundle/Mute.ca"_ns, "silent"_ns,
-        "ringer"_ns);
-    state.lowPower = createPackageToggle<VNTLowPowerToggleViewController>(
-        "/System/Library/ControlCenter/Bundles/LowPowerModule.bundle/LowPower.ca"_ns, "enabled"_ns,
-        "*"_ns);
-    state.doNotDisturb = createPackageToggle<VNTDNDToggleViewController>(
-        "/System/Library/ControlCenter/Bundles/DoNotDisturbModule.bundle/DoNotDisturb.ca"_ns,
-        "on"_ns, "off"_ns);
-}
-
-void createImageToggles(PageState& state) {
-    const NSString sun = "/Library/Application Support/Vantori/brightness.png"_ns;
-    const NSString speaker = "/Library/Application Support/Vantori/volume.png"_ns;
-    state.flashlight = createImageToggle<VNTFlashlightToggleViewController>(
-        "/Library/Application Support/Vantori/flashlight_on.png"_ns,
-        "/Library/Application Support/Vantori/flashlight_off.png"_ns, "on"_ns, "off"_ns);
-    state.brightness =
-        createImageToggle<VNTSwitchModuleToggleViewController>(sun, sun, "full"_ns, "min"_ns);
-    state.volume = createImageToggle<VNTSwitchModuleToggleViewController>(speaker, speaker,
-                                                                          "full"_ns, "min"_ns);
+void createToggles(PageState& state) {
+    state.appearance = createAppearanceToggle();
+    state.orientation = createOrientationLockToggle();
+    state.mute = createMuteToggle();
+    state.lowPower = createLowPowerToggle();
+    state.doNotDisturb = createDoNotDisturbToggle();
+    state.flashlight = createFlashlightToggle();
+    state.brightness = createBrightnessSwitch();
+    state.volume = createVolumeSwitch();
 }
 
 // Off for good: a tap on a switch never changes it, so these two always ask to show their panel.
@@ -105,8 +86,7 @@ void viewDidLoad(Page self) {
     view.addSubview(state.toggleContainerView);
     view.layer().setMasksToBounds(true);  // panels wait above and below the strip
     observeNotifications(self);
-    createPackageToggles(state);
-    createImageToggles(state);
+    createToggles(state);
     prepareSwitches(state);
     colourImages(state);
     self.setupDailyToggles();

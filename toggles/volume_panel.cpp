@@ -1,8 +1,8 @@
 #include "toggles/volume_panel.hpp"
 
 #include "platform/definition.hpp"
-#include "toggles/catalogue.hpp"
 #include "toggles/strip.hpp"
+#include "toggles/toggle_making.hpp"
 #include "toggles/volume_slider.hpp"
 
 namespace vantori {
@@ -19,15 +19,9 @@ struct PanelState {
 };
 
 void createToggles(PanelState& state) {
-    state.mute = createPackageToggle<VNTMuteToggleViewController>(
-        "/System/Library/ControlCenter/Bundles/MuteModule.bundle/Mute.ca"_ns, "silent"_ns,
-        "ringer"_ns);
-    state.orientationLock = createPackageToggle<VNTOrientationLockToggleViewController>(
-        "/System/Library/ControlCenter/Bundles/OrientationLockModule.bundle/OrientationLock.ca"_ns,
-        "locked"_ns, "unlocked"_ns);
-    state.doNotDisturb = createPackageToggle<VNTDNDToggleViewController>(
-        "/System/Library/ControlCenter/Bundles/DoNotDisturbModule.bundle/DoNotDisturb.ca"_ns,
-        "on"_ns, "off"_ns);
+    state.mute = createMuteToggle();
+    state.orientationLock = createOrientationLockToggle();
+    state.doNotDisturb = createDoNotDisturbToggle();
 }
 
 void place(const PanelState& state) {
