@@ -5,6 +5,7 @@
 
 #include "platform/control_center.hpp"
 #include "platform/definition.hpp"
+#include "platform/subviews.hpp"
 
 namespace vantori {
 
@@ -195,8 +196,7 @@ void layoutConnectivityButton(VNTConnectivityBarViewController self) {
 
 void refreshAllToggles(VNTConnectivityBarViewController self) {
     State& state = stateIn(self);
-    Strong<NSArray> shown = retained(state.container.subviews());
-    for (unsigned long i = 0; i < shown.count(); ++i) shown.at<UIView>(i).removeFromSuperview();
+    removeSubviews(state.container);
     state.hasSetUp = false;
     state.hasBeenLaidOut = false;
     self.setUpConnectivityButtonSet();

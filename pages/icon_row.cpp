@@ -4,6 +4,7 @@
 
 #include "core/device_profile.hpp"
 #include "pages/app_button.hpp"
+#include "platform/subviews.hpp"
 
 namespace vantori {
 
@@ -14,11 +15,6 @@ constexpr double trimming = 5;     // points by which an icon is smaller than it
 constexpr double widestIcon = 60;  // points
 constexpr unsigned long mostDockIcons = 5;
 constexpr unsigned long mostOthers = 4;
-
-void clearRow(UIView row) {
-    NSArray views = adopted(row.subviews().send<"copy", NSArray>()).autoreleased();
-    for (unsigned long i = 0; i < views.count(); ++i) views.at<UIView>(i).removeFromSuperview();
-}
 
 void addIcon(VNTIconsContainerViewController self, CGRect frame, UIImage image,
              NSString identifier) {
@@ -34,7 +30,7 @@ void showIcons(VNTIconsContainerViewController self, NSArray icons, unsigned lon
                double side) {
     UIView row = self.view();
     const double width = row.bounds().size.width;
-    clearRow(row);
+    removeSubviews(row);
     for (unsigned long i = 0; i < shown; ++i) {
         SBIcon icon = icons.at<SBIcon>(i);
         addIcon(self, iconPlace(width, side, shown, i), self.generateIconImageForIcon(icon),
@@ -51,7 +47,7 @@ void showLayouts(VNTIconsContainerViewController self, NSArray layouts,
     UIView row = self.view();
     const double width = row.bounds().size.width;
     const unsigned long shown = std::min(layouts.count(), mostOthers);
-    clearRow(row);
+    removeSubviews(row);
     for (unsigned long i = 0; i < shown; ++i) {
         NSString identifier = identifierOf(layouts.at<SBAppLayout>(i).firstItem());
         UIImage image = self.generateIconImageForIdentifier(identifier);

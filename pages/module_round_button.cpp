@@ -41,16 +41,9 @@ bool isScreenRecording(Object controller) {
     return controller.isKindOfClass(classOf<RPControlCenterModuleViewController>());
 }
 
-// The message, if the receiver knows it: no known system has all that expanding takes.
-template <FixedString message, class... A>
-void sendIfKnown(Object receiver, A... arguments) {
-    if (receiver.respondsTo(selector<message>())) receiver.send<message>(arguments...);
-}
-
 CCUIModuleCollectionViewController sharedCollection() {
     Object cls(classObject(classOf<CCUIModuleCollectionViewController>()));
-    if (!cls.respondsTo(selector<"sharedInstance">())) return {};
-    return cls.send<"sharedInstance", CCUIModuleCollectionViewController>();
+    return cls.sendIfAnswered<"sharedInstance", CCUIModuleCollectionViewController>();
 }
 
 // Leaves the sizes as they are when the controller has none to prefer.
@@ -119,7 +112,7 @@ void enableToggle(VNTCCToggleRoundButton self) {
     const State& state = stateIn(self);
     if (isScreenRecording(state.contextController)) {
         as<RPControlCenterModuleViewController>(state.contextController).setAvailable(true);
-        sendIfKnown<"setGlyphState:">(state.toggleView, "Base State"_ns);
+        state.toggleView.sendIfAnswered<"setGlyphState:">("Base State"_ns);
     }
     NSNotificationCenter::defaultCenter().send<"removeObserver:name:object:">(
         self, local::finishLaunching(), Object());
@@ -140,13 +133,14 @@ void handleLongPressGesture(VNTCCToggleRoundButton self, UIGestureRecognizer pre
 void showExpandedModule(Object) {
     create<UIImpactFeedbackGenerator, "initWithStyle:">(UIImpactFeedbackGenerator::medium)
         .impactOccurred();
-    sendIfKnown<"showExpandedViewAnimated">(SBControlCenterController::shared());
+    SBControlCenterController::shared().sendIfAnswered<"showExpandedViewAnimated">();
 }
 
+// No known system has all the messages that expanding takes: those that are missing are passed over.
 void expandModule(VNTCCToggleRoundButton self) {
-    sendIfKnown<"preparedForExpanding">(SBControlCenterController::shared());
-    sendIfKnown<"vntExpandModuleWithIdentifier:">(sharedCollection(),
-                                                  NSString(stateIn(self).moduleIdentifier.get()));
+    SBControlCenterController::shared().sendIfAnswered<"preparedForExpanding">();
+    sharedCollection().sendIfAnswered<"vntExpandModuleWithIdentifier:">(
+        NSString(stateIn(self).moduleIdentifier));
     const double delay = isSystem13OrLater() ? preparation : preparationBefore13;
     auto show = block<void(Object)>(&showExpandedModule);
     BlockRef<void(Object)> shown = show;

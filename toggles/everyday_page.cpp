@@ -3,6 +3,7 @@
 #include "core/notifications.hpp"
 #include "core/settings_callbacks.hpp"
 #include "platform/definition.hpp"
+#include "platform/subviews.hpp"
 #include "toggles/brightness_panel.hpp"
 #include "toggles/strip.hpp"
 #include "toggles/toggle_list.hpp"
@@ -122,16 +123,9 @@ void setupDailyToggles(Page self) {
     kept = retained(toggleListExists() ? listedToggles(state) : defaultToggles(state));
 }
 
-void emptyView(UIView view) {
-    Strong<NSArray> subviews = adopted(view.subviews().send<"copy", NSArray>());
-    for (unsigned long i = 0; i < subviews.count(); ++i) {
-        subviews.at<UIView>(i).removeFromSuperview();
-    }
-}
-
 void layoutDailyToggles(Page self) {
     PageState& state = stateIn(self);
-    emptyView(state.toggleContainerView);
+    removeSubviews(state.toggleContainerView);
     NSArray slots = state.toggleControllers;
     double count = 0;
     for (unsigned long i = 0; i < slots.count(); ++i) count += isFilled(slots.at(i)) ? 1 : 0;

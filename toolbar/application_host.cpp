@@ -4,6 +4,7 @@
 #include "platform/dispatch.hpp"
 #include "platform/log.hpp"
 #include "platform/springboard_icons.hpp"
+#include "platform/subviews.hpp"
 #include "toolbar/arrangement.hpp"
 
 namespace vantori {
@@ -46,8 +47,7 @@ void viewDidLoad(VNTApplicationHostViewController self) {
 
 void launchApplicationWithApplication(VNTApplicationHostViewController self,
                                       SBApplication application) {
-    NSArray views = adopted(self.view().subviews().send<"copy", NSArray>()).autoreleased();
-    for (unsigned long i = 0; i < views.count(); ++i) views.at<UIView>(i).removeFromSuperview();
+    removeSubviews(self.view());
     launchSuspended(application.bundleIdentifier());
 }
 

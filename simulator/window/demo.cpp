@@ -28,7 +28,7 @@ using rendering::Surface;
 constexpr double pixelsPerPoint = 2;  // of the scenes' pictures
 constexpr std::size_t sheetColumns = 4;
 
-// The owner has seen the welcome; a scene of the welcome itself takes this away again.
+// The owner has seen the welcome.
 constexpr std::string_view seenWelcome =
     "plist /var/mobile/Library/Preferences/com.ferolin.VantoriHistoryVersion.plist [\"1.2.1\"]\n";
 
@@ -36,8 +36,8 @@ constexpr std::string_view seenWelcome =
 int play(const DemoScene& scene, const std::filesystem::path& folder) {
     std::ostringstream said;
     try {
-        const auto statements =
-            scenario::parse(std::string(seenWelcome) + std::string(scene.scenario));
+        const auto statements = scenario::parse(std::string(scene.newOwner ? "" : seenWelcome) +
+                                                std::string(scene.scenario));
         const std::unique_ptr<Phone> phone = makePhone({});
         scenario::Session session(*phone, std::string(scene.name), folder, said);
         for (const auto& statement : statements) session.run(statement);

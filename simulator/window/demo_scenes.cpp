@@ -162,23 +162,20 @@ shot "recents.png" at 2
 )",
      true},
     {"welcome", "welcome.png", "Welcome", R"(
-delete /var/mobile/Library/Preferences/com.ferolin.VantoriHistoryVersion.plist
 boot
 wait 1
 shot "welcome.png" at 2
 )",
-     true},
+     true, true},
     {"welcome-pages", "welcome-pages.png", "… page by page", R"(
-delete /var/mobile/Library/Preferences/com.ferolin.VantoriHistoryVersion.plist
 boot
 wait 1
 drag 330 400 40 400 over 0.2
 wait 1
 shot "welcome-pages.png" at 2
 )",
-     true},
+     true, true},
     {"welcome-dark", "welcome-dark.png", "… dark", R"(
-delete /var/mobile/Library/Preferences/com.ferolin.VantoriHistoryVersion.plist
 boot
 appearance dark
 wait 1
@@ -188,9 +185,8 @@ drag 330 400 40 400 over 0.2
 wait 1
 shot "welcome-dark.png" at 2
 )",
-     true},
+     true, true},
     {"leaving", "leaving.png", "Leaving the welcome", R"(
-delete /var/mobile/Library/Preferences/com.ferolin.VantoriHistoryVersion.plist
 boot
 wait 1
 drag 330 400 40 400 over 0.2
@@ -202,7 +198,7 @@ wait 1
 tap 187 757
 film "leaving.png" 5 over 1
 )",
-     false},
+     false, true},
     {"lock-screen", "lock-screen.png", "Lock screen", R"(
 boot
 lock

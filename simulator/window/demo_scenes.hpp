@@ -11,7 +11,8 @@ struct DemoScene {
     std::string_view picture;  // the file that its scenario writes
     std::string_view caption;
     std::string_view scenario;
-    bool framed;  // on the contact sheet, inside a phone
+    bool framed;            // on the contact sheet, inside a phone
+    bool newOwner = false;  // nobody has seen the welcome on this phone yet
 };
 
 std::span<const DemoScene> demoScenes();
