@@ -2,6 +2,7 @@
 
 #include <map>
 
+#include "simulator/runtime/history.hpp"
 #include "simulator/springboard/configuration.hpp"
 #include "simulator/springboard/recents.hpp"
 #include "simulator/springboard/scene_layout.hpp"
@@ -84,6 +85,8 @@ void goHome() {
 
 bool launchApplication(const std::string& identifier, bool suspended) {
     ++applications().launches[{identifier, suspended}];
+    History::shared().happened(suspended ? Happening::launchedSuspended : Happening::launched,
+                               identifier);
     if (!isInstalled(identifier)) return false;
     if (!suspended) openApplication(identifier);
     return true;
