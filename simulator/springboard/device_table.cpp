@@ -43,6 +43,8 @@ bool isEarly(std::string_view identifier) {
 
 }  // namespace
 
+std::span<const DeviceModel> deviceModels() { return devices; }
+
 DeviceModel findDevice(std::string_view identifier) {
     auto found = std::ranges::find(devices, identifier, &DeviceModel::identifier);
     if (found != devices.end()) return *found;

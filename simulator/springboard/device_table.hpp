@@ -3,6 +3,7 @@
 // time: small with a home button before the table begins, 375 points wide without one otherwise.
 #pragma once
 
+#include <span>
 #include <string_view>
 
 namespace simulator {
@@ -16,5 +17,7 @@ struct DeviceModel {
 };
 
 DeviceModel findDevice(std::string_view identifier);
+
+std::span<const DeviceModel> deviceModels();
 
 }  // namespace simulator

@@ -7,12 +7,14 @@
 
 #include "simulator/foundation/bundles.hpp"
 #include "simulator/foundation/device_root.hpp"
+#include "simulator/foundation/language.hpp"
 #include "simulator/foundation/notification_counts.hpp"
 #include "simulator/foundation/preferences.hpp"
 #include "simulator/foundation/property_list.hpp"
 #include "simulator/runtime/clock.hpp"
 #include "simulator/runtime/crash.hpp"
 #include "simulator/runtime/darwin.hpp"
+#include "simulator/runtime/history.hpp"
 #include "simulator/runtime/hooking.hpp"
 #include "simulator/runtime/missing.hpp"
 #include "simulator/runtime/system_log.hpp"
@@ -26,9 +28,14 @@
 #include "simulator/springboard/control_center.hpp"
 #include "simulator/springboard/device_table.hpp"
 #include "simulator/springboard/display.hpp"
+#include "simulator/springboard/elements.hpp"
+#include "simulator/springboard/event_order.hpp"
 #include "simulator/springboard/journal_values.hpp"
+#include "simulator/springboard/known_methods.hpp"
+#include "simulator/springboard/last_second.hpp"
 #include "simulator/springboard/launch.hpp"
 #include "simulator/springboard/lock_screen.hpp"
+#include "simulator/springboard/on_screen.hpp"
 #include "simulator/springboard/orientation.hpp"
 #include "simulator/springboard/processes.hpp"
 #include "simulator/springboard/recents.hpp"
@@ -57,6 +64,18 @@ GestureStage stageOf(PullPhase phase) {
         default:
             return UIGestureRecognizer::cancelled;
     }
+}
+
+bool isWatched(Happening what, Phone::Watched kind) {
+    switch (kind) {
+        case Phone::Watched::calls:
+            return what == Happening::called;
+        case Phone::Watched::log:
+            return what == Happening::logged;
+        case Phone::Watched::notifications:
+            break;
+    }
+    return what == Happening::posted || what == Happening::darwinPosted;
 }
 
 int narrow(long count) { return static_cast<int>(count); }
@@ -320,6 +339,43 @@ class SimulatedPhone final : public Phone {
         if (!known) throw PhoneError("no such route: " + name);
     }
 
+    void keepLastSecond() override {
+        Clock::shared().everyFrame([this] {
+            if (on_) lastSecond_.frame();
+        });
+    }
+    void filmOfLastSecond(const std::filesystem::path& file) override {
+        requireOn();
+        saved([&] { return lastSecond_.save(file); });
+    }
+
+    std::string elements() override {
+        requireOn();
+        AutoreleasePool pool;
+        return elementList();
+    }
+    void activate(const std::string& label) override {
+        constexpr double tapSeconds = 0.05;
+        requireOn();
+        CGPoint place{};
+        {
+            AutoreleasePool pool;
+            const Element element = elementLabelled(label);
+            bool done = false;
+            run([&] { done = simulator::activate(element); });
+            if (done) return;
+            place = activationPoint(element);
+        }
+        touchDown(place.x, place.y);
+        wait(tapSeconds);
+        touchUp();
+    }
+    void language(const std::string& code) override {
+        requireOff();
+        if (!isLanguage(code)) throw PhoneError("no such language: " + code);
+        configuration().language = code;
+    }
+
     void interrupt(objc_object* view) override {
         run([&] { simulator::interrupt(Object(view)); });
     }
@@ -356,6 +412,24 @@ class SimulatedPhone final : public Phone {
         if (!arguments) return std::nullopt;
         return journalValues(*arguments);
     }
+    Place reach(objc_object* view) override {
+        requireOn();
+        AutoreleasePool pool;
+        const CGPoint place = middleWithinReach(Object(view));
+        return {place.x, place.y};
+    }
+    std::optional<std::string> mistakeInMethod(const std::string& className,
+                                               const std::string& selector) override {
+        if (!on_) return std::nullopt;
+        return mistakeInMethodName(className, selector);
+    }
+    EventsInOrder inOrder(const std::vector<Event>& events) override {
+        return eventsInOrder(events);
+    }
+    std::optional<std::string> notShown(const std::string& text) override {
+        requireOn();
+        return textNotShown(text);
+    }
     bool hooked(const std::string& className, const std::string& selector) override {
         return wasHooked(className, selector);
     }
@@ -372,6 +446,7 @@ class SimulatedPhone final : public Phone {
     }
     std::optional<std::string> crashed() override { return crash(); }
     void clear() override {
+        History::shared().clear();
         clearNotificationPosts();
         clearDarwinPosts();
         Journal::clear();
@@ -380,7 +455,28 @@ class SimulatedPhone final : public Phone {
         clearLaunches();
         forgetCrash();
     }
-    std::string tree(objc_object* root) override { return viewTree(UIView(root)); }
+    std::string tree(objc_object* root) override {
+        if (root && !Object(root).isKindOfClass(classOf<UIView>()))
+            throw PhoneError("that is no view");
+        return treeOnScreen(UIView(root));
+    }
+    std::vector<std::string> journal(std::size_t lines) override {
+        return History::shared().latest(lines);
+    }
+    std::string hooks() override {
+        AutoreleasePool pool;
+        // The extension knows more of its hooks than was handed over.
+        const Class report = objc_getClass("VNTHookReport");
+        if (!report) return hookList();
+        return Object(classObject(report)).send<"text", NSString>().utf8();
+    }
+    void watch(Watched kind, std::function<void(const std::string&)> tell) override {
+        if (!tell) return History::shared().watch({});
+        History::shared().watch([kind, tell = std::move(tell)](Happening what,
+                                                               const std::string& line) {
+            if (isWatched(what, kind)) tell(line);
+        });
+    }
     void shot(const std::filesystem::path& file, double pixelsPerPoint) override {
         requireOn();
         if (!(pixelsPerPoint >= 1 && pixelsPerPoint <= 4)) {
@@ -477,6 +573,7 @@ class SimulatedPhone final : public Phone {
     bool taken_ = false;  // the system has the finger
     CGPoint finger_{};
     SystemGestures gestures_;
+    LastSecond lastSecond_;
 };
 
 }  // namespace

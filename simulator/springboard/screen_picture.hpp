@@ -25,6 +25,7 @@ std::optional<std::string> saveScreen(const std::filesystem::path& file, double 
 class FilmStrip {
   public:
     void add();
+    void add(rendering::Surface picture) { frames_.push_back(std::move(picture)); }
     std::optional<std::string> save(const std::filesystem::path& file) const;
 
   private:

@@ -22,6 +22,7 @@ struct LiveOptions {
     std::vector<std::string> settings;  // KEY=JSON
     std::filesystem::path root;         // see PhoneOptions
     std::filesystem::path pictures;
+    std::filesystem::path recording;  // a scenario of all that is done; none when empty
 };
 
 // Throws std::runtime_error when the text is no KEY=JSON.
@@ -32,8 +33,10 @@ class LivePhone {
     // Throws std::runtime_error for options that do not hold. The phone is off.
     LivePhone(const LiveOptions& options, bool prompt, std::ostream& output);
 
-    Phone& phone() { return *phone_; }
+    // What is done through it can be recorded.
+    Phone& phone() { return console_.phone(); }
     scenario::Console& console() { return console_; }
+    LineEditor::Completer completer();
     const DarwinListener& listener() const { return listener_; }
 
     // Posts what other processes have sent since the last time. They are lost on a phone that is
@@ -45,6 +48,9 @@ class LivePhone {
     DarwinListener listener_;
     scenario::Console console_;
 };
+
+// Carries out every whole line that is there. False when one says `quit`, or at the end.
+bool takeLines(ConsoleInput& input, scenario::Console& console);
 
 // The console on standard input: statements in phone time, notifications as they come. The status
 // of the console.
