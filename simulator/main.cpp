@@ -1,13 +1,16 @@
 // vantori-simulator: a small phone on Linux that loads the extension as a real one does, and the
 // commands that reach it.
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <filesystem>
 #include <iostream>
 #include <optional>
 #include <sstream>
 #include <string>
+#include <thread>
 #include <vector>
 
+#include "simulator/scenario/known_names.hpp"
 #include "simulator/scenario/phone.hpp"
 #include "simulator/scenario/runner.hpp"
 #include "simulator/scenario/statements.hpp"
@@ -42,12 +45,50 @@ void addFolders(CLI::App& command, RunOptions& options) {
         ->type_name("DIR");
 }
 
-int run(const std::vector<std::string>& files, const RunOptions& options) {
-    if (files.size() > 1)
-        return simulator::scenario::runFilesApart(files, options,
-                                                  std::filesystem::read_symlink("/proc/self/exe"));
-    return simulator::scenario::runFile(files.front(), options, simulator::makePhone, std::cout,
-                                        std::cerr);
+// A check of an option's value: the parser says what is wrong, with the option's name.
+template <class Mistake>
+CLI::Validator refusing(Mistake mistake) {
+    return CLI::Validator([mistake](const std::string& text) { return mistake(text).value_or(""); },
+                          "");
+}
+
+void addModel(CLI::App& command, std::string& device, std::string& system,
+              std::vector<std::string>& settings) {
+    command.add_option("--device", device, "Machine identifier (iPhone10,3)")
+        ->check(refusing(simulator::mistakeInDevice))
+        ->type_name("IDENT");
+    command.add_option("--system", system, "System version (13.3)")
+        ->check(refusing(simulator::mistakeInSystem))
+        ->type_name("X.Y");
+    command.add_option("--setting", settings, "Put a setting in the settings file")
+        ->check(refusing([](const std::string& text) -> std::optional<std::string> {
+            try {
+                simulator::window::parseSetting(text);
+                return std::nullopt;
+            } catch (const std::exception& error) {
+                return error.what();
+            }
+        }))
+        ->type_name("KEY=JSON")
+        ->allow_extra_args(false);
+}
+
+// The settings of a command line; a key that nothing reads is told of.
+std::vector<std::pair<std::string, nlohmann::json>> parsed(const std::vector<std::string>& texts) {
+    std::vector<std::pair<std::string, nlohmann::json>> settings;
+    for (const std::string& text : texts) {
+        settings.push_back(simulator::window::parseSetting(text));
+        if (const auto mistake = simulator::mistakeInSetting(settings.back().first))
+            std::cerr << "vantori-simulator: " << *mistake << "; it is written all the same\n";
+    }
+    return settings;
+}
+
+template <class Printer>
+std::string printedText(Printer print) {
+    std::ostringstream text;
+    print(text);
+    return text.str();
 }
 
 // The settings command: `set KEY JSON`, `unset KEY`, `get [KEY]`.
@@ -63,6 +104,7 @@ struct SettingsCommand {
         CLI::App* settings = program.add_subcommand(
             "settings", "Change the settings of a phone, also while it runs, as its pane does");
         settings->require_subcommand(1);
+        settings->footer(printedText(simulator::printSettings));
         set = settings->add_subcommand("set", "Put a JSON value under a key");
         unset = settings->add_subcommand("unset", "Take a key out");
         get = settings->add_subcommand("get", "Print one setting, or all");
@@ -85,12 +127,11 @@ struct SettingsCommand {
 };
 
 void addPhone(CLI::App& command, LiveOptions& options) {
-    command.add_option("--device", options.device, "Machine identifier (iPhone10,3)")
-        ->type_name("IDENT");
-    command.add_option("--system", options.system, "System version (13.3)")->type_name("X.Y");
-    command.add_option("--setting", options.settings, "Put a setting in the settings file")
-        ->type_name("KEY=JSON")
-        ->allow_extra_args(false);
+    addModel(command, options.device, options.system, options.settings);
+    command
+        .add_option("--record", options.recording,
+                    "Write all that is done to the phone as a scenario that does it again")
+        ->type_name("FILE");
     command.add_option("--out", options.pictures, "Folder for pictures")->type_name("DIR");
     command.add_option("--root", options.root, "Keep the phone's file system there")
         ->type_name("DIR");
@@ -112,6 +153,17 @@ int main(int argc, char** argv) {
         ->required()
         ->type_name("FILE");
     addFolders(*runCommand, options);
+    std::vector<std::string> runSettings;
+    addModel(*runCommand, options.device, options.system, runSettings);
+    options.jobs = std::max(1U, std::thread::hardware_concurrency());
+    runCommand->add_option("--jobs", options.jobs, "Files at once (as many as there are cores)")
+        ->check(CLI::Range(1, 256))
+        ->type_name("N");
+    runCommand->add_flag("--stop-at-first", options.stopAtFirst, "End at the first file that failed");
+    runCommand
+        ->add_option("--report", options.report,
+                     "Write a page on what failed (index.html) and junit.xml there")
+        ->type_name("DIR");
     std::filesystem::path library;
     runCommand
         ->add_option("--library", library,
@@ -141,10 +193,21 @@ int main(int argc, char** argv) {
     SettingsCommand settings;
     settings.addTo(program);
 
+    CLI::App* devicesCommand =
+        program.add_subcommand("devices", "List the devices and systems that there are");
+
     try {
         program.parse(argc, argv);
         if (!library.empty()) simulator::nameExtension(library);
-        if (runCommand->parsed()) return run(files, options);
+        if (runCommand->parsed()) {
+            options.settings = parsed(runSettings);
+            return simulator::scenario::runFiles(files, options, simulator::makePhone, std::cout);
+        }
+        if (devicesCommand->parsed()) {
+            simulator::printDevices(std::cout);
+            return 0;
+        }
+        parsed(live.settings);  // for what it has to say
         if (consoleCommand->parsed()) return simulator::window::runLiveConsole(live, std::cout);
         if (windowCommand->parsed()) return simulator::window::runWindow(live, std::cout);
         if (demoCommand->parsed())
