@@ -8,7 +8,7 @@
 #include <iterator>
 #include <sstream>
 
-#include "core/start_up.hpp"
+#include "hooks/start_up.hpp"
 #include "platform/ownership.hpp"
 #include "simulator/rendering/png.hpp"
 #include "simulator/scenario/parser.hpp"
