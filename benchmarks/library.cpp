@@ -17,9 +17,9 @@
 #include "platform/hook.hpp"
 #include "platform/loading.hpp"
 #include "settings/settings_file.hpp"
+#include "simulator/phone/extension.hpp"
 #include "simulator/runtime/hooking.hpp"
 #include "simulator/scenario/phone.hpp"
-#include "simulator/springboard/extension.hpp"
 
 extern "C" void MSHookMessageEx(Class cls, SEL selector, IMP replacement, IMP* saved);
 

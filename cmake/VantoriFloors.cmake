@@ -1,6 +1,8 @@
-# The folders of the library, from the lowest: a folder includes only itself
+# The folders of the library and of the phone, each list from the lowest: a folder includes only itself
 # and those before it. This is the one place that says so; scripts/check-floors reads it too.
 set(library_floors platform settings toggles pages toolbar hooks)
+set(simulator_floors runtime foundation rendering uikit loader hardware services springboard
+  scenario phone live window demo)
 
 # vantori_floors(NAME OPTIONS FLOOR... [BELOW FOLDER...]): an object library NAME_FLOOR for each folder,
 # compiled with OPTIONS, whose room shows that folder, those before it and those BELOW, which are built

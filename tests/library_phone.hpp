@@ -8,9 +8,9 @@
 
 #include "hooks/start_up.hpp"
 #include "settings/variables.hpp"
+#include "simulator/phone/extension.hpp"
 #include "simulator/runtime/clock.hpp"
 #include "simulator/scenario/phone.hpp"
-#include "simulator/springboard/extension.hpp"
 #include "toolbar/sb_toolbar_controller.hpp"
 
 namespace vantori::tests {

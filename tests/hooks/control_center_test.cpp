@@ -3,7 +3,7 @@
 #include "hooks/control_center.hpp"
 
 #include "platform/control_center.hpp"
-#include "simulator/springboard/configuration.hpp"
+#include "simulator/hardware/configuration.hpp"
 #include "tests/library_phone.hpp"
 
 namespace vantori::tests {

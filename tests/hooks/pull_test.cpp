@@ -4,7 +4,7 @@
 
 #include "hooks/pull_scene.hpp"
 #include "simulator/runtime/journal.hpp"
-#include "simulator/springboard/switcher_gestures.hpp"
+#include "simulator/springboard/gestures/switcher_gestures.hpp"
 #include "tests/library_phone.hpp"
 
 namespace vantori::tests {

@@ -2,7 +2,7 @@
 #include "pages/application_host.hpp"
 
 #include "platform/springboard_icons.hpp"
-#include "simulator/springboard/processes.hpp"
+#include "simulator/springboard/applications/processes.hpp"
 #include "tests/library_phone.hpp"
 
 namespace vantori::tests {

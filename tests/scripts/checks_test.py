@@ -55,6 +55,22 @@ class FloorsTest(TreeTest):
             ["pages/music.cpp includes toolbar/toolbar.hpp, which stands above it"],
         )
 
+    def test_upward_include_in_the_simulator(self):
+        self.include("simulator/springboard/home.hpp")
+        self.include("simulator/services/radios.cpp", "simulator/springboard/home.hpp")
+        self.assertEqual(
+            self.findings("check-floors"),
+            ["simulator/services/radios.cpp includes simulator/springboard/home.hpp, which stands above it"],
+        )
+
+    def test_what_stands_outside_the_folders_stands_above_them(self):
+        self.include("simulator/program.hpp")
+        self.include("simulator/phone/phone.cpp", "simulator/program.hpp")
+        self.assertEqual(
+            self.findings("check-floors"),
+            ["simulator/phone/phone.cpp includes simulator/program.hpp, which stands above it"],
+        )
+
     def test_library_and_simulator_do_not_see_each_other(self):
         self.include("settings/file.hpp", "simulator/phone.hpp")
         self.include("simulator/phone.hpp")
