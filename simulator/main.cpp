@@ -10,14 +10,14 @@
 #include <thread>
 #include <vector>
 
+#include "simulator/demo/demo.hpp"
+#include "simulator/live/live_phone.hpp"
+#include "simulator/live/settings_command.hpp"
+#include "simulator/phone/extension.hpp"
 #include "simulator/scenario/known_names.hpp"
 #include "simulator/scenario/phone.hpp"
 #include "simulator/scenario/runner.hpp"
 #include "simulator/scenario/statements.hpp"
-#include "simulator/springboard/extension.hpp"
-#include "simulator/window/demo.hpp"
-#include "simulator/window/live_phone.hpp"
-#include "simulator/window/settings_command.hpp"
 #include "simulator/window/window.hpp"
 
 #ifndef VANTORI_VERSION
@@ -26,8 +26,8 @@
 
 namespace {
 
+using simulator::live::LiveOptions;
 using simulator::scenario::RunOptions;
-using simulator::window::LiveOptions;
 
 constexpr int misused = 2;
 
@@ -63,7 +63,7 @@ void addModel(CLI::App& command, std::string& device, std::string& system,
     command.add_option("--setting", settings, "Put a setting in the settings file")
         ->check(refusing([](const std::string& text) -> std::optional<std::string> {
             try {
-                simulator::window::parseSetting(text);
+                simulator::live::parseSetting(text);
                 return std::nullopt;
             } catch (const std::exception& error) {
                 return error.what();
@@ -77,7 +77,7 @@ void addModel(CLI::App& command, std::string& device, std::string& system,
 std::vector<std::pair<std::string, nlohmann::json>> parsed(const std::vector<std::string>& texts) {
     std::vector<std::pair<std::string, nlohmann::json>> settings;
     for (const std::string& text : texts) {
-        settings.push_back(simulator::window::parseSetting(text));
+        settings.push_back(simulator::live::parseSetting(text));
         if (const auto mistake = simulator::mistakeInSetting(settings.back().first))
             std::cerr << "vantori-simulator: " << *mistake << "; it is written all the same\n";
     }
@@ -118,7 +118,7 @@ struct SettingsCommand {
         set->add_option("json", json, "Its value: true, 3, '\"text\"' …")->required();
     }
     int run() const {
-        using namespace simulator::window;
+        using namespace simulator::live;
         if (*set) setSetting(root, key, json, std::cout);
         if (*unset) unsetSetting(root, key, std::cout);
         if (*get) getSettings(root, key.empty() ? std::nullopt : std::optional(key), std::cout);
@@ -208,10 +208,10 @@ int main(int argc, char** argv) {
             return 0;
         }
         parsed(live.settings);  // for what it has to say
-        if (consoleCommand->parsed()) return simulator::window::runLiveConsole(live, std::cout);
+        if (consoleCommand->parsed()) return simulator::live::runLiveConsole(live, std::cout);
         if (windowCommand->parsed()) return simulator::window::runWindow(live, std::cout);
         if (demoCommand->parsed())
-            return simulator::window::runDemo(demoFolder, std::cout, std::cerr);
+            return simulator::demo::runDemo(demoFolder, std::cout, std::cerr);
         if (program.got_subcommand("settings")) return settings.run();
         std::cerr << program.help();
         return misused;

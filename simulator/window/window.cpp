@@ -10,12 +10,12 @@
 #include <optional>
 #include <sstream>
 
+#include "simulator/phone/screen_picture.hpp"
 #include "simulator/rendering/canvas.hpp"
 #include "simulator/rendering/fingerprint.hpp"
 #include "simulator/runtime/clock.hpp"
-#include "simulator/springboard/lock_screen.hpp"
-#include "simulator/springboard/orientation.hpp"
-#include "simulator/springboard/screen_picture.hpp"
+#include "simulator/springboard/display/lock_screen.hpp"
+#include "simulator/springboard/display/orientation.hpp"
 #include "simulator/uikit/screen/screen.hpp"
 #include "simulator/window/display.hpp"
 
@@ -40,7 +40,7 @@ struct Key {
 
 class PhoneWindow {
   public:
-    PhoneWindow(const LiveOptions& options, std::ostream& output)
+    PhoneWindow(const live::LiveOptions& options, std::ostream& output)
         : display_("Vantori"),
           live_(options, isatty(STDIN_FILENO) != 0, output),
           hasConsole_(isatty(STDIN_FILENO) != 0),
@@ -108,10 +108,10 @@ class PhoneWindow {
     }
 
     Display display_;
-    LivePhone live_;
+    live::LivePhone live_;
     bool hasConsole_;
     std::filesystem::path pictures_;
-    ConsoleInput input_;
+    live::ConsoleInput input_;
     rendering::Size shown_;
     std::optional<std::uint64_t> drawn_;
     std::chrono::steady_clock::time_point before_ = std::chrono::steady_clock::now();
@@ -204,9 +204,9 @@ void PhoneWindow::lift(bool cancelled) {
 }
 
 void PhoneWindow::hearConsole() {
-    while (waitForInput(input_.descriptor(), -1, 0).first && !input_.atEnd()) {
+    while (live::waitForInput(input_.descriptor(), -1, 0).first && !input_.atEnd()) {
         input_.read();
-        if (takeLines(input_, live_.console())) continue;
+        if (live::takeLines(input_, live_.console())) continue;
         // The end of the input leaves the window as it is.
         if (!input_.atEnd()) quit();
         hasConsole_ = false;
@@ -253,7 +253,7 @@ std::string keysHelp() {
     return text.str();
 }
 
-int runWindow(const LiveOptions& options, std::ostream& output) {
+int runWindow(const live::LiveOptions& options, std::ostream& output) {
     return PhoneWindow(options, output).run();
 }
 

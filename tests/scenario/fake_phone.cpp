@@ -2,6 +2,7 @@
 #include "tests/scenario/fake_phone.hpp"
 
 #include <algorithm>
+#include <nlohmann/json.hpp>
 #include <sstream>
 
 namespace simulator::scenario {

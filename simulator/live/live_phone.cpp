@@ -1,0 +1,84 @@
+#include "simulator/live/live_phone.hpp"
+
+#include <unistd.h>
+#include <nlohmann/json.hpp>
+
+#include <stdexcept>
+
+#include "simulator/foundation/device_root.hpp"
+#include "simulator/scenario/json_text.hpp"
+#include "simulator/scenario/known_names.hpp"
+
+namespace simulator::live {
+
+namespace {
+
+void setUp(Phone& phone, const LiveOptions& options) {
+    if (!options.device.empty()) phone.device(options.device);
+    if (!options.system.empty()) phone.system(options.system);
+    for (const std::string& text : options.settings) {
+        const auto [key, value] = parseSetting(text);
+        phone.setting(key, value);
+    }
+}
+
+}  // namespace
+
+std::pair<std::string, nlohmann::json> parseSetting(const std::string& text) {
+    const std::size_t sign = text.find('=');
+    if (sign == std::string::npos || sign == 0)
+        throw std::runtime_error("a setting is KEY=JSON, not " + text);
+    const std::string key = text.substr(0, sign);
+    return {key, scenario::jsonOrError(text.substr(sign + 1), key + " has no JSON value")};
+}
+
+LivePhone::LivePhone(const LiveOptions& options, bool prompt, std::ostream& output)
+    : phone_(makePhone({options.root})),
+      listener_(DeviceRoot::shared().path()),
+      console_(*phone_, {options.pictures, prompt}, output) {
+    if (!options.recording.empty()) console_.phone().start(options.recording);
+    setUp(phone(), options);
+    if (prompt)
+        output << "The phone's files are in " << DeviceRoot::shared().path().string() << '\n';
+}
+
+void LivePhone::hearNotifications() {
+    for (const std::string& name : listener_.take()) {
+        try {
+            phone().postDarwin(name);
+            phone().wait(0);
+        } catch (const PhoneError&) {
+            return;  // it is off
+        }
+    }
+}
+
+int runLiveConsole(const LiveOptions& options, std::ostream& output) {
+    LivePhone live(options, isatty(STDIN_FILENO) != 0, output);
+    ConsoleInput input(live.completer());
+    live.console().tellBy([&input](const std::string& text) { input.tell(text); });
+    live.console().greet();
+    input.prompt();
+    for (;;) {
+        const Readable ready = waitForInput(input.descriptor(), live.listener().descriptor(), -1);
+        if (ready.second) live.hearNotifications();
+        if (ready.first) input.read();
+        if (!takeLines(input, live.console())) return live.console().status();
+    }
+}
+
+bool takeLines(ConsoleInput& input, scenario::Console& console) {
+    while (const std::optional<std::string> text = input.line()) {
+        if (!console.take(*text)) return false;
+        input.prompt();
+    }
+    return !input.atEnd();
+}
+
+LineEditor::Completer LivePhone::completer() {
+    return [this](const std::string& before, const std::string& word) {
+        return console_.complete(before, word);
+    };
+}
+
+}  // namespace simulator::live
