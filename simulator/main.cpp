@@ -159,7 +159,8 @@ int main(int argc, char** argv) {
     runCommand->add_option("--jobs", options.jobs, "Files at once (as many as there are cores)")
         ->check(CLI::Range(1, 256))
         ->type_name("N");
-    runCommand->add_flag("--stop-at-first", options.stopAtFirst, "End at the first file that failed");
+    runCommand->add_flag("--stop-at-first", options.stopAtFirst,
+                         "End at the first file that failed");
     runCommand
         ->add_option("--report", options.report,
                      "Write a page on what failed (index.html) and junit.xml there")

@@ -89,11 +89,11 @@ void speak(const std::string& code) {
         writePreference(".GlobalPreferences", "AppleLocale", locale);
     }
     const Object array(platform::classObject(objc_getClass("NSArray")));
-    spoken().languages = platform::retained(
-        array.send<"arrayWithObject:", Object>(NSString::from(code.c_str())));
+    spoken().languages =
+        platform::retained(array.send<"arrayWithObject:", Object>(NSString::from(code.c_str())));
     const Object locales(platform::classObject(objc_getClass("NSLocale")));
-    spoken().locale = platform::adopted(
-        locales.send<"alloc", Object>().send<"initWithLocaleIdentifier:", Object>(
+    spoken().locale =
+        platform::adopted(locales.send<"alloc", Object>().send<"initWithLocaleIdentifier:", Object>(
             NSString::from(locale.c_str())));
     replaceOnClass("NSLocale", "preferredLanguages", &preferredLanguages);
     replaceOnClass("NSLocale", "currentLocale", &currentLocale);

@@ -61,8 +61,8 @@ void LineEditor::take(char* text) {
         return;
     }
     current_->line_ = text;
-    const HIST_ENTRY* last = history_length > 0 ? history_get(history_base + history_length - 1)
-                                                : nullptr;
+    const HIST_ENTRY* last =
+        history_length > 0 ? history_get(history_base + history_length - 1) : nullptr;
     const bool again = last != nullptr && std::strcmp(last->line, text) == 0;
     if (*text != '\0' && !again) add_history(text);
     std::free(text);

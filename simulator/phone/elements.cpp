@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <array>
 
+#include "simulator/phone/on_screen.hpp"
 #include "simulator/scenario/known_names.hpp"
 #include "simulator/scenario/phone.hpp"
 #include "simulator/scenario/value.hpp"
-#include "simulator/phone/on_screen.hpp"
 #include "simulator/uikit/view/label/label.hpp"
 #include "simulator/uikit/view/window/window.hpp"
 
@@ -25,7 +25,8 @@ std::string answer(UIView view) {
 
 std::string shownText(UIView view) {
     if (view.isKindOfClass(classOf<UILabel>())) return textOf(as<UILabel>(view)).text;
-    if (view.isKindOfClass(classOf<UIButton>())) return textOf(view.send<"currentTitle", NSString>());
+    if (view.isKindOfClass(classOf<UIButton>()))
+        return textOf(view.send<"currentTitle", NSString>());
     return "";
 }
 
@@ -118,8 +119,9 @@ std::string elementList() {
         if (!element.value.empty()) text += " value " + scenario::quoted(element.value);
         if (!element.traits.empty()) text += " " + element.traits;
         const CGRect& f = element.frame;
-        text += " at " + scenario::printed(scenario::Structure{
-                             {f.origin.x, f.origin.y, f.size.width, f.size.height}}) +
+        text += " at " +
+                scenario::printed(
+                    scenario::Structure{{f.origin.x, f.origin.y, f.size.width, f.size.height}}) +
                 "\n";
     }
     return text;

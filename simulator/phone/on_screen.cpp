@@ -2,9 +2,9 @@
 
 #include <vector>
 
+#include "simulator/hardware/display.hpp"
 #include "simulator/scenario/known_names.hpp"
 #include "simulator/scenario/phone.hpp"
-#include "simulator/hardware/display.hpp"
 #include "simulator/springboard/display/orientation.hpp"
 #include "simulator/uikit/geometry.hpp"
 #include "simulator/uikit/screen/screen.hpp"
@@ -21,9 +21,9 @@ constexpr double leastAlpha = 0.01;
 CGRect toInterface(CGRect display) {
     const long orientation = activeOrientation();
     const CGPoint one = simulator::toInterface(display.origin, orientation);
-    const CGPoint other = simulator::toInterface({display.origin.x + display.size.width,
-                                                  display.origin.y + display.size.height},
-                                                 orientation);
+    const CGPoint other = simulator::toInterface(
+        {display.origin.x + display.size.width, display.origin.y + display.size.height},
+        orientation);
     return {{std::min(one.x, other.x), std::min(one.y, other.y)},
             {std::abs(one.x - other.x), std::abs(one.y - other.y)}};
 }
@@ -33,7 +33,9 @@ bool overlap(CGRect a, CGRect b) {
            a.origin.y < b.origin.y + b.size.height && b.origin.y < a.origin.y + a.size.height;
 }
 
-std::string described(Object view) { return std::string("<") + class_getName(object_getClass(view.get())) + ">"; }
+std::string described(Object view) {
+    return std::string("<") + class_getName(object_getClass(view.get())) + ">";
+}
 
 // Calls visit for every label, front or back.
 template <class Visitor>
@@ -93,20 +95,22 @@ std::optional<std::string> textNotShown(const std::string& wanted) {
 }
 
 CGPoint middleWithinReach(Object object) {
-    if (!object.isKindOfClass(classOf<UIView>())) throw PhoneError(described(object) + " is no view");
+    if (!object.isKindOfClass(classOf<UIView>()))
+        throw PhoneError(described(object) + " is no view");
     const UIView view = as<UIView>(object);
     const std::string name = described(view);
     if (const auto hindrance = notVisible(view)) throw PhoneError(name + ": " + *hindrance);
     const CGRect bounds = valuesOf(view).bounds;
     const CGPoint display = geometry::apply(
-        conversionToScreen(view), {bounds.origin.x + bounds.size.width / 2,
-                                   bounds.origin.y + bounds.size.height / 2});
+        conversionToScreen(view),
+        {bounds.origin.x + bounds.size.width / 2, bounds.origin.y + bounds.size.height / 2});
     const CGPoint place = simulator::toInterface(display, activeOrientation());
     if (!geometry::contains(screen().bounds(), place))
         throw PhoneError(name + ": its middle is off the screen");
     const UIView hit = viewUnder(display);
     if (!hit) throw PhoneError(name + ": nothing would take the touch there");
-    if (!standsFor(hit, view)) throw PhoneError(name + ": " + described(hit) + " would take the touch");
+    if (!standsFor(hit, view))
+        throw PhoneError(name + ": " + described(hit) + " would take the touch");
     return place;
 }
 

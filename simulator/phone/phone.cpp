@@ -471,10 +471,10 @@ class SimulatedPhone final : public Phone {
     }
     void watch(Watched kind, std::function<void(const std::string&)> tell) override {
         if (!tell) return History::shared().watch({});
-        History::shared().watch([kind, tell = std::move(tell)](Happening what,
-                                                               const std::string& line) {
-            if (isWatched(what, kind)) tell(line);
-        });
+        History::shared().watch(
+            [kind, tell = std::move(tell)](Happening what, const std::string& line) {
+                if (isWatched(what, kind)) tell(line);
+            });
     }
     void shot(const std::filesystem::path& file, double pixelsPerPoint) override {
         requireOn();

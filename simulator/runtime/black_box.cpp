@@ -26,8 +26,8 @@ BlackBox* BlackBox::current_ = nullptr;
 
 BlackBox* BlackBox::make() {
     // Zero bytes are an empty box.
-    void* memory = mmap(nullptr, sizeof(BlackBox), PROT_READ | PROT_WRITE,
-                        MAP_SHARED | MAP_ANONYMOUS, -1, 0);
+    void* memory =
+        mmap(nullptr, sizeof(BlackBox), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
     return memory == MAP_FAILED ? nullptr : static_cast<BlackBox*>(memory);
 }
 
@@ -66,7 +66,8 @@ std::vector<std::string> BlackBox::inFlight() const {
     std::vector<std::string> result;
     for (std::size_t i = 0; i < std::min<std::size_t>(depth_, deepest); ++i)
         result.emplace_back(messages_[i]);
-    if (depth_ > deepest) result.push_back("and " + std::to_string(depth_ - deepest) + " more inside");
+    if (depth_ > deepest)
+        result.push_back("and " + std::to_string(depth_ - deepest) + " more inside");
     return result;
 }
 

@@ -11,8 +11,8 @@ namespace simulator {
 
 namespace {
 
-constexpr std::array<const char*, 7> words{"called", "posted",   "darwin-posted",     "haptic",
-                                           "launched", "launched-suspended", "logged"};
+constexpr std::array<const char*, 7> words{
+    "called", "posted", "darwin-posted", "haptic", "launched", "launched-suspended", "logged"};
 
 const char* wordOf(Happening kind) { return words[static_cast<std::size_t>(kind)]; }
 
@@ -115,7 +115,8 @@ void History::clear() {
 std::string History::line(const Latest& entry) const {
     const Kind& kind = kinds_[entry.event];
     std::string text = decimal(entry.time, 3) + " " + wordOf(kind.happening) + " " + kind.name;
-    for (const BriefArgument& argument : entry.arguments) text += " " + std::visit(Writer{}, argument);
+    for (const BriefArgument& argument : entry.arguments)
+        text += " " + std::visit(Writer{}, argument);
     return text;
 }
 

@@ -44,7 +44,7 @@ std::string hookList() {
     for (const Handover& call : record()) {
         const std::string owner = call.className.empty() ? "(no class)" : call.className;
         text += "-[" + owner + " " + call.selector + "] " +
-                (call.installed            ? "hooked"
+                (call.installed           ? "hooked"
                  : call.className.empty() ? "not installed: the class is missing"
                                           : "not installed: the method is missing") +
                 "\n";

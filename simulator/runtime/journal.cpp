@@ -109,9 +109,8 @@ std::size_t Journal::note(Class definer, id self, const char* selector,
         // Two implementations of one message in a chain of classes are two events.
         const std::string owner = class_getName(definer);
         entry.event = History::shared().numberOf(
-            Happening::called, owner == class_getName(receiver)
-                                   ? entry.message
-                                   : entry.message + " of " + owner);
+            Happening::called,
+            owner == class_getName(receiver) ? entry.message : entry.message + " of " + owner);
     }
     History::shared().add(entry.event, brief(arguments));
     if (BlackBox* box = BlackBox::ofThisProcess()) box->enter(inFlight, entry.message);

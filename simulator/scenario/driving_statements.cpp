@@ -99,13 +99,11 @@ void play(Line& line) {
                        line.word("ARTWORKID"), line.word("BUNDLE")});
 }
 
-void interrupt(Line& line) {
-    line.phone().interrupt(line.view("VIEW"));
-}
+void interrupt(Line& line) { line.phone().interrupt(line.view("VIEW")); }
 
 constexpr std::array<Form, 39> forms{{
-    {"wait S [times N]", booted,
-     "lets S seconds of the phone's time pass; N times, each by itself", wait},
+    {"wait S [times N]", booted, "lets S seconds of the phone's time pass; N times, each by itself",
+     wait},
     {"wait until EXPR for S", booted,
      "lets time pass frame by frame until it holds; fails when S seconds have passed", waitUntil},
     {"wait until EXPR OP EXPR for S", booted, "the same, by OP", waitUntil},

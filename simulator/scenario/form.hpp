@@ -57,7 +57,7 @@ struct Misfit {
     SyntaxError error;
     // When not empty, the line can only have been meant as a form that begins like this.
     std::string_view certain = {};
-    Cursor where;          // only of use while the line's text is there
+    Cursor where;  // only of use while the line's text is there
     // The word of the form that is not there, when that is what stopped it.
     std::string missingWord = {};
 };

@@ -25,15 +25,15 @@ std::string contrasted(const Value& left, const Value& right, const Expression& 
         return (same ? "the same " : "another ") + got;
     }
     const bool alike = got == other && asNumber(left) && asNumber(right) && !equal(left, right);
-    if (alike) return printedExactly(left) + " where " + source.text + " is " + printedExactly(right);
+    if (alike)
+        return printedExactly(left) + " where " + source.text + " is " + printedExactly(right);
     if (speaksForItself(source) || source.text == other) return got;
     return got + " where " + source.text + " is " + other;
 }
 
 void expectValue(Line& line) {
     const Value left = line.value("EXPR");
-    if (!line.given("OP"))
-        return line.expect(isTrue(left), " to be YES or not nil", printed(left));
+    if (!line.given("OP")) return line.expect(isTrue(left), " to be YES or not nil", printed(left));
     const Value right = line.value("EXPR", 1);
     line.expect(holds(left, line.comparison("OP"), right),
                 contrasted(left, right, line.expression("EXPR", 1)));
@@ -82,8 +82,7 @@ void expectOrder(Line& line) {
     if (outcome.met >= events.size()) return line.expect(true, "");
     std::string got = "no " + events[outcome.met].text;
     if (outcome.met > 0) got += " after " + events[outcome.met - 1].text;
-    got += outcome.inAll == 0 ? " at all"
-                                  : " (" + std::to_string(outcome.inAll) + " in all)";
+    got += outcome.inAll == 0 ? " at all" : " (" + std::to_string(outcome.inAll) + " in all)";
     line.expect(false, got);
 }
 

@@ -125,8 +125,8 @@ void writeFailure(std::ostream& page, const Outcome& outcome, const RecordedFail
     std::string journal;
     for (const std::string& line : failure.journal) journal += line + "\n";
     writeDetails(page, "The last lines of the journal (seconds of the phone's time)", journal);
-    writeDetails(page, outcome.died && failure.picture.empty() ? "Messages in flight"
-                                                               : "The view tree",
+    writeDetails(page,
+                 outcome.died && failure.picture.empty() ? "Messages in flight" : "The view tree",
                  failure.tree);
     page << "</div>\n</div>\n</article>\n";
 }
@@ -135,7 +135,7 @@ void writeList(std::ostream& page, const std::vector<Outcome>& outcomes) {
     page << "<h2>All files</h2>\n<table><tr><th>file</th><th>outcome</th><th>seconds</th></tr>\n";
     for (const Outcome& outcome : outcomes)
         page << "<tr><td>" << escaped(outcome.file) << "</td><td class=\""
-             << (good(outcome)  ? "good"
+             << (good(outcome) ? "good"
                  : outcome.run ? "bad"
                                : "quiet")
              << "\">" << escaped(summary(outcome)) << "</td><td>" << seconds(outcome.seconds)

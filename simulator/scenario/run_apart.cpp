@@ -130,10 +130,12 @@ class Run {
         options.root = roots_[index];
         FailureHearer record;
         if (!options.report.empty())
-            record = [notes = FailureNotes(options.report, index)](
-                         Phone& phone, const Failure& failure) mutable { notes.add(phone, failure); };
-        const int status = runFile(outcomes_[index].file, options, makePhone_, std::cout, std::cerr,
-                                   record);
+            record = [notes = FailureNotes(options.report, index)](Phone& phone,
+                                                                   const Failure& failure) mutable {
+                notes.add(phone, failure);
+            };
+        const int status =
+            runFile(outcomes_[index].file, options, makePhone_, std::cout, std::cerr, record);
         children_[index].box->end();
         std::exit(status);
     }
@@ -191,10 +193,9 @@ class Run {
         outcome.status = 1;
         ++outcome.failed;
         const std::string cause =
-            "the phone died: " +
-            (killed ? std::string(strsignal(WTERMSIG(status)))
-                    : "something ended its process with status " +
-                          std::to_string(WEXITSTATUS(status)));
+            "the phone died: " + (killed ? std::string(strsignal(WTERMSIG(status)))
+                                         : "something ended its process with status " +
+                                               std::to_string(WEXITSTATUS(status)));
         RecordedFailure failure{.line = box.line(),
                                 .statement = box.statement(),
                                 .expected = {},

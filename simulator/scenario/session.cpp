@@ -59,9 +59,9 @@ void Session::fail(const Statement& statement, const std::string& why) {
     // What comes after a phone that did not boot could only fail as well.
     if (isBoot(statement)) over_ = true;
     const std::string expected = statement.withoutKeyword("expect");
-    failed({statement.line, statement.text, expected, why,
-            expected.empty() ? statement.text + ": " + why
-                             : "expected " + expected + ", but " + why});
+    failed(
+        {statement.line, statement.text, expected, why,
+         expected.empty() ? statement.text + ": " + why : "expected " + expected + ", but " + why});
 }
 
 void Session::failed(const Failure& failure) {
@@ -174,7 +174,8 @@ std::filesystem::path Line::picture(std::string_view slot) {
     std::error_code error;
     if (file.has_parent_path()) std::filesystem::create_directories(file.parent_path(), error);
     if (error)
-        throw EvaluationError("cannot make " + file.parent_path().string() + ": " + error.message());
+        throw EvaluationError("cannot make " + file.parent_path().string() + ": " +
+                              error.message());
     return file;
 }
 
@@ -198,8 +199,8 @@ void Line::expect(bool held, const std::string& wanted, const std::string& got) 
         return;
     }
     const std::string expected = statement_.withoutKeyword("expect") + wanted;
-    session_.failed({statement_.line, statement_.text, expected, got,
-                     "expected " + expected + ", got " + got});
+    session_.failed(
+        {statement_.line, statement_.text, expected, got, "expected " + expected + ", got " + got});
 }
 
 void Line::expectCount(int got, std::string_view slot) {

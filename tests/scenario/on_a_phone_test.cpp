@@ -29,8 +29,7 @@ class OnAPhone : public testing::Test {
     std::string run(const std::string& text, const std::string& before = "") {
         std::ostringstream output;
         Session session(*phone_, "t", folder_, output);
-        for (const Statement& statement :
-             parse(before + "without extension\nboot\n" + text))
+        for (const Statement& statement : parse(before + "without extension\nboot\n" + text))
             session.run(statement);
         return output.str();
     }
@@ -52,18 +51,19 @@ constexpr const char* ownWindow =
     "wait 0.1\n";
 
 TEST_F(OnAPhone, ASlipInAMethodsNameIsAMistake) {
-    EXPECT_EQ(run("expect called SBMediaControler setMediaVolume: 0\n"
-                  "expect unhooked Typo foo\n"
-                  "expect called SBUIController handleHomeButtonSinglePresUp 0\n"
-                  "expect called SBUIController handleHomeButtonSinglePressUp 0\n"
-                  "expect called UILabel setAlpha: 0\n"
-                  "expect called SBDockView foo 0\n",
-                  "missing class SBDockView\n"),
-              "t:4: expected called SBMediaControler setMediaVolume: 0, but there is no class "
-              "SBMediaControler (is SBMediaController meant?)\n"
-              "t:5: expected unhooked Typo foo, but there is no class Typo\n"
-              "t:6: expected called SBUIController handleHomeButtonSinglePresUp 0, but SBUIController "
-              "has no method handleHomeButtonSinglePresUp (is handleHomeButtonSinglePressUp meant?)\n");
+    EXPECT_EQ(
+        run("expect called SBMediaControler setMediaVolume: 0\n"
+            "expect unhooked Typo foo\n"
+            "expect called SBUIController handleHomeButtonSinglePresUp 0\n"
+            "expect called SBUIController handleHomeButtonSinglePressUp 0\n"
+            "expect called UILabel setAlpha: 0\n"
+            "expect called SBDockView foo 0\n",
+            "missing class SBDockView\n"),
+        "t:4: expected called SBMediaControler setMediaVolume: 0, but there is no class "
+        "SBMediaControler (is SBMediaController meant?)\n"
+        "t:5: expected unhooked Typo foo, but there is no class Typo\n"
+        "t:6: expected called SBUIController handleHomeButtonSinglePresUp 0, but SBUIController "
+        "has no method handleHomeButtonSinglePresUp (is handleHomeButtonSinglePressUp meant?)\n");
 }
 
 TEST_F(OnAPhone, AViewIsTappedInItsMiddle) {
@@ -82,41 +82,42 @@ TEST_F(OnAPhone, AViewIsTappedInItsMiddle) {
 }
 
 TEST_F(OnAPhone, AViewThatNoFingerReachesIsAMistake) {
-    EXPECT_EQ(run(std::string(ownWindow) +
-                  "tap [[UIView new] autorelease]\n"
-                  "do [view setHidden: YES]\n"
-                  "tap label\n"
-                  "do [view setHidden: NO]\n"
-                  "do [view setFrame: {W - 10, 100, 200, 50}]\n"
-                  "tap view\n"
-                  "do [view setFrame: {W, 100, 200, 50}]\n"
-                  "tap view\n"
-                  "do [view setFrame: {0, 100, 200, 50}]\n"
-                  "do [window addSubview: [[[UIControl alloc] initWithFrame: {0, 0, W, H}] autorelease]]\n"
-                  "tap view\n"),
-              "t:12: tap [[UIView new] autorelease]: <UIView>: it is in no window\n"
-              "t:14: tap label: <UILabel>: <UIView> above it is hidden\n"
-              "t:17: tap view: <UIView>: its middle is off the screen\n"
-              "t:19: tap view: <UIView>: it is off the screen\n"
-              "t:22: tap view: <UIView>: <UIControl> would take the touch\n");
+    EXPECT_EQ(
+        run(std::string(ownWindow) +
+            "tap [[UIView new] autorelease]\n"
+            "do [view setHidden: YES]\n"
+            "tap label\n"
+            "do [view setHidden: NO]\n"
+            "do [view setFrame: {W - 10, 100, 200, 50}]\n"
+            "tap view\n"
+            "do [view setFrame: {W, 100, 200, 50}]\n"
+            "tap view\n"
+            "do [view setFrame: {0, 100, 200, 50}]\n"
+            "do [window addSubview: [[[UIControl alloc] initWithFrame: {0, 0, W, H}] autorelease]]\n"
+            "tap view\n"),
+        "t:12: tap [[UIView new] autorelease]: <UIView>: it is in no window\n"
+        "t:14: tap label: <UILabel>: <UIView> above it is hidden\n"
+        "t:17: tap view: <UIView>: its middle is off the screen\n"
+        "t:19: tap view: <UIView>: it is off the screen\n"
+        "t:22: tap view: <UIView>: <UIControl> would take the touch\n");
 }
 
 TEST_F(OnAPhone, TextsCanBeSeenOrSayWhyNot) {
-    EXPECT_EQ(run(std::string(ownWindow) +
-                  "expect shown \"Ready\"\n"
-                  "expect not-shown \"Redy\"\n"
-                  "expect shown \"Redy\"\n"
-                  "do [label setAlpha: 0.01]\n"
-                  "expect not-shown \"Ready\"\n"
-                  "do [label setAlpha: 0.02]\n"
-                  "expect shown \"Ready\"\n"
-                  "do [view setFrame: {-120, 100, 200, 50}]\n"
-                  "expect shown \"Ready\"\n"
-                  "do [window setHidden: YES]\n"
-                  "expect shown \"Ready\"\n"),
-              "t:14: expected shown \"Redy\", got no label or button has that text (is Ready meant?)\n"
-              "t:20: expected shown \"Ready\", got it is off the screen\n"
-              "t:22: expected shown \"Ready\", got its window is hidden\n");
+    EXPECT_EQ(
+        run(std::string(ownWindow) + "expect shown \"Ready\"\n"
+                                     "expect not-shown \"Redy\"\n"
+                                     "expect shown \"Redy\"\n"
+                                     "do [label setAlpha: 0.01]\n"
+                                     "expect not-shown \"Ready\"\n"
+                                     "do [label setAlpha: 0.02]\n"
+                                     "expect shown \"Ready\"\n"
+                                     "do [view setFrame: {-120, 100, 200, 50}]\n"
+                                     "expect shown \"Ready\"\n"
+                                     "do [window setHidden: YES]\n"
+                                     "expect shown \"Ready\"\n"),
+        "t:14: expected shown \"Redy\", got no label or button has that text (is Ready meant?)\n"
+        "t:20: expected shown \"Ready\", got it is off the screen\n"
+        "t:22: expected shown \"Ready\", got its window is hidden\n");
 }
 
 TEST_F(OnAPhone, TreesSayWhereViewsAreInTheInterfaceAsItIsTurned) {
@@ -126,42 +127,43 @@ TEST_F(OnAPhone, TreesSayWhereViewsAreInTheInterfaceAsItIsTurned) {
 }
 
 TEST_F(OnAPhone, EventsAreKnownInTheirOrder) {
-    EXPECT_EQ(run("clear\n"
-                  "post \"first\"\n"
-                  "do [[[[UIImpactFeedbackGenerator alloc] initWithStyle: 2] autorelease] impactOccurred]\n"
-                  "darwin \"second\"\n"
-                  "do [SpringBoard sharedApplication]\n"
-                  "do [[UIApplication sharedApplication] launchApplicationWithIdentifier: "
-                  "\"com.example.notes\" suspended: NO]\n"
-                  "post \"first\"\n"
-                  "expect order posted \"first\", haptic 2, darwin-posted second, called SpringBoard "
-                  "launchApplicationWithIdentifier:suspended:, launched com.example.notes, posted "
-                  "\"first\"\n"
-                  "expect order posted \"first\", posted \"first\", posted \"first\"\n"
-                  "expect order haptic 2, haptic 2\n"
-                  "expect order darwin-posted second, haptic 2\n"
-                  "clear\n"
-                  "expect order posted \"first\"\n"),
-              "t:11: expected order posted \"first\", posted \"first\", posted \"first\", got no posted "
-              "\"first\" after posted \"first\" (2 in all)\n"
-              "t:12: expected order haptic 2, haptic 2, got no haptic 2 after haptic 2 (1 in all)\n"
-              "t:13: expected order darwin-posted second, haptic 2, got no haptic 2 after darwin-posted "
-              "second (1 in all)\n"
-              "t:15: expected order posted \"first\", got no posted \"first\" at all\n");
+    EXPECT_EQ(
+        run("clear\n"
+            "post \"first\"\n"
+            "do [[[[UIImpactFeedbackGenerator alloc] initWithStyle: 2] autorelease] impactOccurred]\n"
+            "darwin \"second\"\n"
+            "do [SpringBoard sharedApplication]\n"
+            "do [[UIApplication sharedApplication] launchApplicationWithIdentifier: "
+            "\"com.example.notes\" suspended: NO]\n"
+            "post \"first\"\n"
+            "expect order posted \"first\", haptic 2, darwin-posted second, called SpringBoard "
+            "launchApplicationWithIdentifier:suspended:, launched com.example.notes, posted "
+            "\"first\"\n"
+            "expect order posted \"first\", posted \"first\", posted \"first\"\n"
+            "expect order haptic 2, haptic 2\n"
+            "expect order darwin-posted second, haptic 2\n"
+            "clear\n"
+            "expect order posted \"first\"\n"),
+        "t:11: expected order posted \"first\", posted \"first\", posted \"first\", got no posted "
+        "\"first\" after posted \"first\" (2 in all)\n"
+        "t:12: expected order haptic 2, haptic 2, got no haptic 2 after haptic 2 (1 in all)\n"
+        "t:13: expected order darwin-posted second, haptic 2, got no haptic 2 after darwin-posted "
+        "second (1 in all)\n"
+        "t:15: expected order posted \"first\", got no posted \"first\" at all\n");
 }
 
 TEST_F(OnAPhone, ElementsAreReadFromTheTopAndActivatedByTheirLabel) {
-    EXPECT_EQ(run(std::string(ownWindow) +
-                  "let button = [UIButton buttonWithType: 0]\n"
-                  "do [button setFrame: {100, 50, 80, 40}]\n"
-                  "do [button setTitle: \"Go on\" forState: 0]\n"
-                  "do [window addSubview: button]\n"
-                  "do [view setAccessibilityLabel: \"State\"]\n"
-                  "wait 0.1\n"),
+    EXPECT_EQ(run(std::string(ownWindow) + "let button = [UIButton buttonWithType: 0]\n"
+                                           "do [button setFrame: {100, 50, 80, 40}]\n"
+                                           "do [button setTitle: \"Go on\" forState: 0]\n"
+                                           "do [window addSubview: button]\n"
+                                           "do [view setAccessibilityLabel: \"State\"]\n"
+                                           "wait 0.1\n"),
               "");
     const std::string elements = phone_->elements();
-    EXPECT_TRUE(elements.starts_with("\"Go on\" button at {100, 50, 80, 40}\n"
-                                     "\"State\" at {20, 100, 200, 50}\n"))
+    EXPECT_TRUE(
+        elements.starts_with("\"Go on\" button at {100, 50, 80, 40}\n"
+                             "\"State\" at {20, 100, 200, 50}\n"))
         << elements;
     EXPECT_THROW(phone_->activate("Go"), PhoneError);
     phone_->activate("Go on");

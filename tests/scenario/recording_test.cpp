@@ -21,7 +21,8 @@ class Recording : public ScenarioTest {
 
     // What is recorded of the text, without the line that says what it is.
     std::string recorded(const std::string& before, const std::string& text) {
-        EXPECT_EQ(run(before + "\nrecord \"" + file.string() + "\"\n" + text + "\nrecord off\n"), "");
+        EXPECT_EQ(run(before + "\nrecord \"" + file.string() + "\"\n" + text + "\nrecord off\n"),
+                  "");
         const std::string all = readFile(file);
         return all.substr(all.find('\n') + 1);
     }
@@ -50,13 +51,13 @@ TEST_F(Recording, ComesBackAsTheSameOperations) {
 TEST_F(Recording, BeginsWithWhatThePhoneIs) {
     EXPECT_EQ(recorded("device iPhone8,1\nsetting enabled true\nboot\nhome", "lock"),
               "device \"iPhone8,1\"\nsetting \"enabled\" true\nboot\nlock\n");
-    EXPECT_EQ(recorded("", "device iPhone8,1\nboot\nhome"),
-              "device \"iPhone8,1\"\nboot\nhome\n");
+    EXPECT_EQ(recorded("", "device iPhone8,1\nboot\nhome"), "device \"iPhone8,1\"\nboot\nhome\n");
 }
 
 TEST_F(Recording, KeepsEveryPassOfTimeByItself) {
-    EXPECT_EQ(recorded("boot", "wait 0.016666666666666666\nwait 0.016666666666666666\nhome\nwait 1"),
-              "boot\nwait 0.016666666666666666 times 2\nhome\nwait 1\n");
+    EXPECT_EQ(
+        recorded("boot", "wait 0.016666666666666666\nwait 0.016666666666666666\nhome\nwait 1"),
+        "boot\nwait 0.016666666666666666 times 2\nhome\nwait 1\n");
 }
 
 TEST_F(Recording, WhatWasRefusedIsNotThere) {

@@ -124,9 +124,9 @@ TEST_F(ScenarioRunning, WhatTheCommandSaysHoldsForAFileThatDoesNotSayOtherwise) 
     options.system = "12.4";
     options.settings = {{"layoutDirection", 1}, {"tapToOpen", false}};
     EXPECT_EQ(run(write("a", "system 13.5\nsetting tapToOpen true\nboot"), options), 0);
-    EXPECT_EQ(operations, (std::vector<std::string>{"device iPhone8,1", "setting layoutDirection 1",
-                                                    "system 13.5", "setting tapToOpen true",
-                                                    "boot"}));
+    EXPECT_EQ(operations,
+              (std::vector<std::string>{"device iPhone8,1", "setting layoutDirection 1",
+                                        "system 13.5", "setting tapToOpen true", "boot"}));
 }
 
 class ScenarioRunningSeveral : public ScenarioRunning {
@@ -155,12 +155,13 @@ TEST_F(ScenarioRunningSeveral, TheWorstStatusWinsAndTheOrderIsKept) {
         RunOptions options;
         options.jobs = jobs;
         EXPECT_EQ(runAll({a, b, c}, options), 2);
-        EXPECT_EQ(output.str(), "[1/3] " + a + ": 1 held, 0 failed\n[2/3] " + b + "\n" + b +
-                                    ":1:1: there is no statement 'jump'\n[3/3] " + c + "\n5\n" + c +
-                                    ":2: expected NO == YES, got NO\n0 held, 1 failed\nfailed:\n  " +
-                                    b + " (cannot be run)\n  " + c +
-                                    " (0 held, 1 failed)\n3 files: 1 held, 2 failed; 1 expectations "
-                                    "held, 1 failed\n");
+        EXPECT_EQ(output.str(),
+                  "[1/3] " + a + ": 1 held, 0 failed\n[2/3] " + b + "\n" + b +
+                      ":1:1: there is no statement 'jump'\n[3/3] " + c + "\n5\n" + c +
+                      ":2: expected NO == YES, got NO\n0 held, 1 failed\nfailed:\n  " + b +
+                      " (cannot be run)\n  " + c +
+                      " (0 held, 1 failed)\n3 files: 1 held, 2 failed; 1 expectations "
+                      "held, 1 failed\n");
         output.str("");
     }
     EXPECT_EQ(runAll({a, c}), 1);
@@ -171,10 +172,10 @@ TEST_F(ScenarioRunningSeveral, EachFileHasARootOfItsOwn) {
     fs::create_directories(folder / "deep");
     RunOptions options;
     options.root = folder / "roots";
-    EXPECT_EQ(runAll({write("a.scenario", ""), write("b.scenario", ""),
-                      write("deep/a.scenario", "")},
-                     options),
-              0);
+    EXPECT_EQ(
+        runAll({write("a.scenario", ""), write("b.scenario", ""), write("deep/a.scenario", "")},
+               options),
+        0);
     for (const char* name : {"a", "b", "a-2"}) EXPECT_TRUE(fs::exists(options.root / name)) << name;
 }
 
@@ -198,9 +199,10 @@ TEST_F(ScenarioRunningSeveral, APhoneThatDiesNamesItsStatement) {
 TEST_F(ScenarioRunningSeveral, APhoneThatEndsItsProcessHasDied) {
     const std::string file = write("a", "boot\nunlock");
     EXPECT_EQ(runAll({file, write("b", "expect YES")}), 1);
-    EXPECT_NE(output.str().find(file + ":2: unlock: the phone died: something ended its process with "
-                                       "status 3\n"),
-              std::string::npos)
+    EXPECT_NE(
+        output.str().find(file + ":2: unlock: the phone died: something ended its process with "
+                                 "status 3\n"),
+        std::string::npos)
         << output.str();
     EXPECT_NE(output.str().find(file + " (0 held, 1 failed, the phone died)"), std::string::npos);
 }
@@ -208,9 +210,9 @@ TEST_F(ScenarioRunningSeveral, APhoneThatEndsItsProcessHasDied) {
 TEST_F(ScenarioRunningSeveral, AReportTellsPeopleAndMachines) {
     RunOptions options;
     options.report = folder / "report";
-    EXPECT_EQ(runAll({write("a", "boot\nexpect \"<&>\" == \"b\""), write("b", "expect YES")},
-                     options),
-              1);
+    EXPECT_EQ(
+        runAll({write("a", "boot\nexpect \"<&>\" == \"b\""), write("b", "expect YES")}, options),
+        1);
     const std::string page = readFile(options.report / "index.html");
     EXPECT_NE(page.find("1 failure</span>"), std::string::npos);
     EXPECT_NE(page.find("&quot;&lt;&amp;&gt;&quot; == &quot;b&quot;"), std::string::npos);
@@ -261,9 +263,10 @@ TEST(ScenarioConsole, QuitsAndHelps) {
 }
 
 TEST(ScenarioConsole, ExplainsOneStatement) {
-    EXPECT_EQ(talk("help shot").output,
-              "  shot FILE [at SCALE]                    a picture of the screen as it is now, SCALE "
-              "pixels a point\n");
+    EXPECT_EQ(
+        talk("help shot").output,
+        "  shot FILE [at SCALE]                    a picture of the screen as it is now, SCALE "
+        "pixels a point\n");
     EXPECT_EQ(talk("help tip").output,
               "console:1: help tip: there is no statement 'tip' (is tap meant?)\n");
 }

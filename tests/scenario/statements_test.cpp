@@ -285,8 +285,8 @@ TEST_F(ScenarioExpecting, AMethodThatThereIsNotIsAMistakeWhateverIsExpectedOfIt)
     EXPECT_EQ(outcome("called C s: 3"), "");
     EXPECT_EQ(outcome("unhooked D s:"),
               "t.scenario:1: expected unhooked D s:, but there is no method D s:\n");
-    for (const char* expectation : {"called D s: 0", "hooked D s:", "last D s: with",
-                                    "order posted \"A\", called D s:"})
+    for (const char* expectation :
+         {"called D s: 0", "hooked D s:", "last D s: with", "order posted \"A\", called D s:"})
         EXPECT_EQ(outcome(expectation), std::string("t.scenario:1: expected ") + expectation +
                                             ", but there is no method D s:\n");
 }
@@ -333,9 +333,10 @@ TEST_F(ScenarioTest, WhatIsWaitedForIsLookedAtAfterEveryFrame) {
 
 TEST_F(ScenarioTest, WaitingInVainFailsWhenTheTimeIsOver) {
     phone.widerByWait = 1;
-    EXPECT_EQ(run("boot\nwait until W < 0 for 0.05\nprint W"),
-              "t.scenario:2: wait until W < 0 for 0.05: still not after 0.05 s: W is 378 where 0 is "
-              "0\n378\n");
+    EXPECT_EQ(
+        run("boot\nwait until W < 0 for 0.05\nprint W"),
+        "t.scenario:2: wait until W < 0 for 0.05: still not after 0.05 s: W is 378 where 0 is "
+        "0\n378\n");
     EXPECT_EQ(failed, 1);
 }
 
@@ -349,9 +350,10 @@ TEST_F(ScenarioTest, ANameWithAFieldMayStandForANumber) {
 }
 
 TEST_F(ScenarioTest, AKeyThatNoSettingHasIsWrittenAndSaid) {
-    EXPECT_EQ(run("setting layoutDirecton 1\nsetting tapToOpen true"),
-              "t.scenario:1: note: no setting is called 'layoutDirecton' (is layoutDirection meant?); "
-              "it is written all the same\n");
+    EXPECT_EQ(
+        run("setting layoutDirecton 1\nsetting tapToOpen true"),
+        "t.scenario:1: note: no setting is called 'layoutDirecton' (is layoutDirection meant?); "
+        "it is written all the same\n");
     EXPECT_EQ(phone.operations,
               (std::vector<std::string>{"setting layoutDirecton 1", "setting tapToOpen true"}));
     EXPECT_EQ(failed, 0);
