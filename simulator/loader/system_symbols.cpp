@@ -14,8 +14,14 @@
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
+#include <span>
 
+#include "platform/core_foundation.hpp"
+#include "platform/dispatch.hpp"
+#include "platform/runtime.hpp"
 #include "simulator/loader/messages.hpp"
+#include "simulator/loader/signed_image.hpp"
+#include "simulator/loader/signing.hpp"
 #endif
 
 namespace simulator::loader {
@@ -63,6 +69,48 @@ bool addMethod(Class cls, SEL selector, IMP implementation, const char* types) {
     return class_addMethod(cls, selector, implementation, types);
 }
 
+// What an arm64e library hands over and gets back is signed; the phone's own pointers are not.
+template <class Function>
+Function* plain(Function* function, const char* taker) {
+    if (!function) return nullptr;
+    const std::uint64_t found =
+        authenticated(reinterpret_cast<std::uintptr_t>(function), functionSigning, 0);
+    if (found == 0)
+        raise("NSInternalInconsistencyException"_ns,
+              std::string(taker) +
+                  " gets a function whose pointer is not signed as one: a phone of "
+                  "arm64e stops at its first call");
+    return reinterpret_cast<Function*>(found);
+}
+
+bool addSignedMethod(Class cls, SEL selector, IMP implementation, const char* types) {
+    return addMethod(cls, selector, plain(implementation, "class_addMethod"), types);
+}
+
+void hookSigned(Class cls, SEL selector, IMP replacement, IMP* saved) {
+    IMP system = nullptr;
+    MSHookMessageEx(cls, selector, plain(replacement, "MSHookMessageEx"), &system);
+    if (!system || !saved) return;
+    *saved = reinterpret_cast<IMP>(
+        signedFor(reinterpret_cast<std::uintptr_t>(system), functionSigning, 0));
+}
+
+void observeSigned(CFNotificationCenterRef center, const void* observer,
+                   CFNotificationCallback callback, CFStringRef name, const void* object,
+                   long behavior) {
+    CFNotificationCenterAddObserver(center, observer,
+                                    plain(callback, "CFNotificationCenterAddObserver"), name,
+                                    object, behavior);
+}
+
+void asyncSigned(dispatch_queue_s* queue, void* context, void (*work)(void*)) {
+    dispatch_async_f(queue, context, plain(work, "dispatch_async_f"));
+}
+
+void afterSigned(std::uint64_t when, dispatch_queue_s* queue, void* context, void (*work)(void*)) {
+    dispatch_after_f(when, queue, context, plain(work, "dispatch_after_f"));
+}
+
 struct SineCosine {
     double sine;
     double cosine;
@@ -90,6 +138,20 @@ const void* address(Function* function) {
     return reinterpret_cast<const void*>(function);
 }
 
+// Functions that take or give back functions, for a library whose pointers are signed.
+const Replacement signedReplacements[] = {
+    {"class_addMethod", address(&addSignedMethod)},
+    {"MSHookMessageEx", address(&hookSigned)},
+    {"CFNotificationCenterAddObserver", address(&observeSigned)},
+    {"dispatch_async_f", address(&asyncSigned)},
+    {"dispatch_after_f", address(&afterSigned)},
+};
+
+const void* find(std::span<const Replacement> table, std::string_view name) {
+    auto found = std::ranges::find(table, name, &Replacement::name);
+    return found == table.end() ? nullptr : found->address;
+}
+
 const void* replacement(std::string_view name) {
     static const Replacement replacements[] = {
         {"objc_msgSend", address(&vantoriMessage)},
@@ -105,8 +167,10 @@ const void* replacement(std::string_view name) {
         {"__stack_chk_guard", &stackGuard},
         {"dyld_stub_binder", address(&bindAtFirstCall)},
     };
-    auto found = std::ranges::find(replacements, name, &Replacement::name);
-    return found == std::end(replacements) ? nullptr : found->address;
+    if (hasSignedImage()) {
+        if (const void* address = find(signedReplacements, name)) return address;
+    }
+    return find(replacements, name);
 }
 
 }  // namespace
