@@ -4,7 +4,9 @@
 
 #include <string>
 
+#include "simulator/loader/border_functions.hpp"
 #include "simulator/loader/shape.hpp"
+#include "simulator/loader/signed_image.hpp"
 #include "simulator/uikit/raise.hpp"
 
 #if defined(__aarch64__)
@@ -14,14 +16,8 @@
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
-#include <span>
 
-#include "platform/core_foundation.hpp"
-#include "platform/dispatch.hpp"
-#include "platform/runtime.hpp"
 #include "simulator/loader/messages.hpp"
-#include "simulator/loader/signed_image.hpp"
-#include "simulator/loader/signing.hpp"
 #endif
 
 namespace simulator::loader {
@@ -69,48 +65,6 @@ bool addMethod(Class cls, SEL selector, IMP implementation, const char* types) {
     return class_addMethod(cls, selector, implementation, types);
 }
 
-// What an arm64e library hands over and gets back is signed; the phone's own pointers are not.
-template <class Function>
-Function* plain(Function* function, const char* taker) {
-    if (!function) return nullptr;
-    const std::uint64_t found =
-        authenticated(reinterpret_cast<std::uintptr_t>(function), functionSigning, 0);
-    if (found == 0)
-        raise("NSInternalInconsistencyException"_ns,
-              std::string(taker) +
-                  " gets a function whose pointer is not signed as one: a phone of "
-                  "arm64e stops at its first call");
-    return reinterpret_cast<Function*>(found);
-}
-
-bool addSignedMethod(Class cls, SEL selector, IMP implementation, const char* types) {
-    return addMethod(cls, selector, plain(implementation, "class_addMethod"), types);
-}
-
-void hookSigned(Class cls, SEL selector, IMP replacement, IMP* saved) {
-    IMP system = nullptr;
-    MSHookMessageEx(cls, selector, plain(replacement, "MSHookMessageEx"), &system);
-    if (!system || !saved) return;
-    *saved = reinterpret_cast<IMP>(
-        signedFor(reinterpret_cast<std::uintptr_t>(system), functionSigning, 0));
-}
-
-void observeSigned(CFNotificationCenterRef center, const void* observer,
-                   CFNotificationCallback callback, CFStringRef name, const void* object,
-                   long behavior) {
-    CFNotificationCenterAddObserver(center, observer,
-                                    plain(callback, "CFNotificationCenterAddObserver"), name,
-                                    object, behavior);
-}
-
-void asyncSigned(dispatch_queue_s* queue, void* context, void (*work)(void*)) {
-    dispatch_async_f(queue, context, plain(work, "dispatch_async_f"));
-}
-
-void afterSigned(std::uint64_t when, dispatch_queue_s* queue, void* context, void (*work)(void*)) {
-    dispatch_after_f(when, queue, context, plain(work, "dispatch_after_f"));
-}
-
 struct SineCosine {
     double sine;
     double cosine;
@@ -138,20 +92,6 @@ const void* address(Function* function) {
     return reinterpret_cast<const void*>(function);
 }
 
-// Functions that take or give back functions, for a library whose pointers are signed.
-const Replacement signedReplacements[] = {
-    {"class_addMethod", address(&addSignedMethod)},
-    {"MSHookMessageEx", address(&hookSigned)},
-    {"CFNotificationCenterAddObserver", address(&observeSigned)},
-    {"dispatch_async_f", address(&asyncSigned)},
-    {"dispatch_after_f", address(&afterSigned)},
-};
-
-const void* find(std::span<const Replacement> table, std::string_view name) {
-    auto found = std::ranges::find(table, name, &Replacement::name);
-    return found == table.end() ? nullptr : found->address;
-}
-
 const void* replacement(std::string_view name) {
     static const Replacement replacements[] = {
         {"objc_msgSend", address(&vantoriMessage)},
@@ -167,10 +107,8 @@ const void* replacement(std::string_view name) {
         {"__stack_chk_guard", &stackGuard},
         {"dyld_stub_binder", address(&bindAtFirstCall)},
     };
-    if (hasSignedImage()) {
-        if (const void* address = find(signedReplacements, name)) return address;
-    }
-    return find(replacements, name);
+    auto found = std::ranges::find(replacements, name, &Replacement::name);
+    return found == std::end(replacements) ? nullptr : found->address;
 }
 
 }  // namespace
@@ -185,12 +123,17 @@ const void* replacement(std::string_view) { return nullptr; }
 
 #endif
 
-const void* systemSymbol(std::string_view name) {
+const void* plainSymbol(std::string_view name) {
     constexpr std::string_view classPrefix = "OBJC_CLASS_$_";
     const std::string text(name);
     if (name.starts_with(classPrefix)) return objc_getClass(text.c_str() + classPrefix.size());
     if (const void* address = replacement(name)) return address;
     return dlsym(RTLD_DEFAULT, text.c_str());
+}
+
+const void* systemSymbol(std::string_view name) {
+    const void* border = hasSignedImage() ? borderFunction(name) : nullptr;
+    return border ? border : plainSymbol(name);
 }
 
 }  // namespace simulator::loader

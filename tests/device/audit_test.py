@@ -184,8 +184,7 @@ class AuditTest(Auditing):
         self.refused("is no map of the linker")
 
     def test_load_command_of_later_systems(self):
-        struct.pack_into("<I", self.data, self.command(LC_UUID), LC_BUILD_VERSION = 0x32
-LC_DYLD_CHAINED_FIXUPS)
+        struct.pack_into("<I", self.data, self.command(LC_UUID), LC_DYLD_CHAINED_FIXUPS)
         self.refused("error: load command 0x80000034 is none that iOS 11 knows")
 
     def test_second_function_that_runs_at_load(self):
