@@ -118,6 +118,12 @@ int main(int argc, char** argv) {
                      "The library to load: a shared object, or on arm64 a phone's dylib")
         ->check(CLI::ExistingFile)
         ->type_name("FILE");
+    std::string slice;
+    runCommand
+        ->add_option("--slice", slice,
+                     "Run SpringBoard as arm64 or arm64e (as a phone of the scenario's model does)")
+        ->check(CLI::IsMember({"arm64", "arm64e"}))
+        ->type_name("NAME");
     runCommand->footer(statementsHelp());
 
     CLI::App* consoleCommand =
@@ -144,6 +150,7 @@ int main(int argc, char** argv) {
     try {
         program.parse(argc, argv);
         if (!library.empty()) simulator::nameExtension(library);
+        if (!slice.empty()) simulator::nameSlice(slice);
         if (runCommand->parsed()) return run(files, options);
         if (consoleCommand->parsed()) return simulator::live::runLiveConsole(live, std::cout);
         if (windowCommand->parsed()) return simulator::window::runWindow(live, std::cout);

@@ -4,7 +4,9 @@
 
 #include <string>
 
+#include "simulator/loader/border_functions.hpp"
 #include "simulator/loader/shape.hpp"
+#include "simulator/loader/signed_image.hpp"
 #include "simulator/uikit/raise.hpp"
 
 #if defined(__aarch64__)
@@ -121,12 +123,17 @@ const void* replacement(std::string_view) { return nullptr; }
 
 #endif
 
-const void* systemSymbol(std::string_view name) {
+const void* plainSymbol(std::string_view name) {
     constexpr std::string_view classPrefix = "OBJC_CLASS_$_";
     const std::string text(name);
     if (name.starts_with(classPrefix)) return objc_getClass(text.c_str() + classPrefix.size());
     if (const void* address = replacement(name)) return address;
     return dlsym(RTLD_DEFAULT, text.c_str());
+}
+
+const void* systemSymbol(std::string_view name) {
+    const void* border = hasSignedImage() ? borderFunction(name) : nullptr;
+    return border ? border : plainSymbol(name);
 }
 
 }  // namespace simulator::loader

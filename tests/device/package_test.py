@@ -129,7 +129,13 @@ class PackageTest(unittest.TestCase):
         packed = self.root / LIBRARIES / "Vantori.dylib"
         self.assertEqual(packed.read_bytes(), built.read_bytes())
         audit = REPOSITORY / "device/audit.py"
-        run(sys.executable, "-B", audit, packed, "--map", built.with_suffix(".map"))
+        maps = [word for name in ("arm64", "arm64e") for word in ("--map", built.with_suffix(f".{name}.map"))]
+        run(sys.executable, "-B", audit, packed, *maps)
+
+    def test_library_is_for_every_phone(self):
+        """Debian's own reader of such files says which processors it is for."""
+        packed = self.root / LIBRARIES / "Vantori.dylib"
+        self.assertEqual(run("llvm-lipo-19", "-archs", packed, text=True).split(), ["arm64", "arm64e"])
 
     def test_loaded_into_springboard_alone(self):
         library, list_of_it = "Vantori.dylib", self.root / LIBRARIES / "Vantori.plist"
