@@ -8,13 +8,13 @@
 #include <string>
 #include <vector>
 
+#include "simulator/demo/demo.hpp"
+#include "simulator/live/live_phone.hpp"
+#include "simulator/live/settings_command.hpp"
+#include "simulator/phone/extension.hpp"
 #include "simulator/scenario/phone.hpp"
 #include "simulator/scenario/runner.hpp"
 #include "simulator/scenario/statements.hpp"
-#include "simulator/springboard/extension.hpp"
-#include "simulator/window/demo.hpp"
-#include "simulator/window/live_phone.hpp"
-#include "simulator/window/settings_command.hpp"
 #include "simulator/window/window.hpp"
 
 #ifndef VANTORI_VERSION
@@ -23,8 +23,8 @@
 
 namespace {
 
+using simulator::live::LiveOptions;
 using simulator::scenario::RunOptions;
-using simulator::window::LiveOptions;
 
 constexpr int misused = 2;
 
@@ -76,7 +76,7 @@ struct SettingsCommand {
         set->add_option("json", json, "Its value: true, 3, '\"text\"' …")->required();
     }
     int run() const {
-        using namespace simulator::window;
+        using namespace simulator::live;
         if (*set) setSetting(root, key, json, std::cout);
         if (*unset) unsetSetting(root, key, std::cout);
         if (*get) getSettings(root, key.empty() ? std::nullopt : std::optional(key), std::cout);
@@ -152,10 +152,10 @@ int main(int argc, char** argv) {
         if (!library.empty()) simulator::nameExtension(library);
         if (!slice.empty()) simulator::nameSlice(slice);
         if (runCommand->parsed()) return run(files, options);
-        if (consoleCommand->parsed()) return simulator::window::runLiveConsole(live, std::cout);
+        if (consoleCommand->parsed()) return simulator::live::runLiveConsole(live, std::cout);
         if (windowCommand->parsed()) return simulator::window::runWindow(live, std::cout);
         if (demoCommand->parsed())
-            return simulator::window::runDemo(demoFolder, std::cout, std::cerr);
+            return simulator::demo::runDemo(demoFolder, std::cout, std::cerr);
         if (program.got_subcommand("settings")) return settings.run();
         std::cerr << program.help();
         return misused;
