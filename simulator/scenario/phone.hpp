@@ -59,10 +59,12 @@ class Phone {
   public:
     virtual ~Phone() = default;
 
-    // Setting up, before boot().
+    // Setting up, before boot(). A real phone has the classes and methods of real systems of its
+    // version, and no others.
     virtual void device(const std::string& identifier) = 0;
     virtual void screen(double width, double height, double scale) = 0;
     virtual void system(const std::string& version) = 0;
+    virtual void real() = 0;
     virtual void homeButton(bool present) = 0;
     virtual void missingClass(const std::string& name) = 0;
     virtual void missingBundle(const std::string& path) = 0;
@@ -138,6 +140,7 @@ class Phone {
 struct PhoneOptions {
     // Where the phone's file system is kept; when empty, a temporary folder that goes with it.
     std::filesystem::path root;
+    bool real = false;  // see Phone::real
 };
 
 std::unique_ptr<Phone> makePhone(const PhoneOptions& options);

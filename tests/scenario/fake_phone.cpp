@@ -21,6 +21,7 @@ const char* yesOrNo(bool yes) { return yes ? "yes" : "no"; }
 void FakePhone::device(const std::string& identifier) { note("device", identifier); }
 void FakePhone::screen(double w, double h, double scale) { note("screen", w, h, scale); }
 void FakePhone::system(const std::string& version) { note("system", version); }
+void FakePhone::real() { note("real"); }
 void FakePhone::homeButton(bool present) { note("homeButton", yesOrNo(present)); }
 void FakePhone::missingClass(const std::string& name) { note("missingClass", name); }
 void FakePhone::missingBundle(const std::string& path) { note("missingBundle", path); }

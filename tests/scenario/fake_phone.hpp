@@ -24,6 +24,7 @@ class FakePhone : public Phone {
     void device(const std::string& identifier) override;
     void screen(double width, double height, double scale) override;
     void system(const std::string& version) override;
+    void real() override;
     void homeButton(bool present) override;
     void missingClass(const std::string& name) override;
     void missingBundle(const std::string& path) override;
