@@ -41,6 +41,12 @@ struct Song {
     std::string bundle;  // the application that plays it
 };
 
+// What the player shows of itself.
+struct PlayerLook {
+    std::string title;
+    bool playing = false;
+};
+
 // A whole pull by a finger from the bottom edge.
 struct EdgePull {
     double edge = 0;      // along the bottom edge
@@ -130,6 +136,9 @@ class Phone {
     virtual int loggedCount(const std::string& text) = 0;
     virtual int launchedCount(const std::string& bundle) = 0;
     virtual int launchedSuspendedCount(const std::string& bundle) = 0;
+    virtual bool toggled(const std::string& name);
+    // Nothing when nothing is loaded.
+    virtual std::optional<PlayerLook> player();
     virtual std::optional<std::string> crashed() = 0;  // why it did first
     virtual void clear() = 0;
     virtual std::string tree(objc_object* root) = 0;  // of the whole screen for a null root

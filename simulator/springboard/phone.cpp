@@ -309,6 +309,16 @@ class SimulatedPhone final : public Phone {
         if (!setting) throw PhoneError("no such setting: " + name);
         run([&] { setOn(*setting, on); });
     }
+    bool toggled(const std::string& name) override {
+        auto setting = settingNamed(name);
+        if (!setting) throw PhoneError("no such setting: " + name);
+        return isOn(*setting);
+    }
+    std::optional<PlayerLook> player() override {
+        const Track* track = MediaPlayer::shared().track();
+        if (!track) return std::nullopt;
+        return PlayerLook{track->title, MediaPlayer::shared().isPlaying()};
+    }
     void volume(double level) override {
         requireLevel(level);
         run([&] { setMediaVolume(level); });

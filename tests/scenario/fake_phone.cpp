@@ -32,6 +32,8 @@ void FakePhone::sceneAfter(const std::string& bundle, int creation) {
 }
 void FakePhone::withoutExtension() { note("withoutExtension"); }
 void FakePhone::boot() { note("boot"); }
+bool FakePhone::toggled(const std::string& name) { return counts["toggled " + name] != 0; }
+std::optional<PlayerLook> FakePhone::player() { return looked; }
 void FakePhone::setting(const std::string& key, const std::optional<nlohmann::json>& value) {
     note("setting", key, value ? value->dump() : "none");
 }
