@@ -2,7 +2,6 @@
 
 #include "core/hook_table.hpp"
 #include "platform/definition.hpp"
-#include "platform/form.hpp"
 
 namespace vantori {
 
@@ -45,20 +44,6 @@ void describe(const HookRow& row, NSMutableString text) {
     text.append("\n");
 }
 
-// Which form of what it can do in several ways the library uses on this system.
-void describe(const FeatureRecord& feature, NSMutableString text) {
-    const char* form = feature.isOff ? nullptr : feature.form.load();
-    text.append("form ");
-    text.append(feature.name);
-    text.append(": ");
-    text.append(form ? form : "off");
-    if (form && form != feature.required) {
-        text.append(", in place of ");
-        text.append(feature.required);
-    }
-    text.append("\n");
-}
-
 NSString reportText(Class) { return hookReport(); }
 
 }  // namespace
@@ -77,9 +62,6 @@ NSString hookReport() {
             text.append("later");
             describe(form.row, text);
         }
-    }
-    for (const FeatureRecord* used = usedFeatures(); used; used = used->next) {
-        describe(*used, text);
     }
     return text;
 }

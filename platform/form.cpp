@@ -20,18 +20,7 @@ void report(FeatureRecord& feature, const char* what, const char* why) {
     log(line);
 }
 
-std::atomic<FeatureRecord*> latest{nullptr};
-
 }  // namespace
-
-const FeatureRecord* usedFeatures() { return latest.load(std::memory_order_acquire); }
-
-void detail::list(FeatureRecord& feature) {
-    if (feature.isListed.exchange(true)) return;
-    feature.next = latest.load(std::memory_order_relaxed);
-    while (!latest.compare_exchange_weak(feature.next, &feature, std::memory_order_release)) {
-    }
-}
 
 void switchOff(FeatureRecord& feature, const char* reason) {
     feature.isOff = true;

@@ -165,13 +165,7 @@ struct FeatureRecord {
     std::atomic<const char*> form{nullptr};  // the name of the one that is taken
     std::atomic<bool> isOff{false};          // for good: its form failed
     std::atomic<bool> isReported{false};     // in the log, that it is off
-    const char* required = nullptr;          // the name of its first form
-    std::atomic<bool> isListed{false};
-    FeatureRecord* next = nullptr;  // of those that have been looked for
 };
-
-// The features that were used so far, the latest first.
-const FeatureRecord* usedFeatures();
 
 // Turns the feature off for good and says so in the log, once.
 void switchOff(FeatureRecord& feature, const char* reason);
@@ -179,7 +173,6 @@ void switchOff(FeatureRecord& feature, const char* reason);
 namespace detail {
 
 void reportFormless(FeatureRecord& feature);
-void list(FeatureRecord& feature);
 
 }  // namespace detail
 
@@ -212,15 +205,12 @@ class Feature {
         return true;
     }
     static const Functions* look() {
-        detail::list(record_);
         if (!(take<First>() || ... || take<Rest>())) detail::reportFormless(record_);
         return taken_.load(std::memory_order_acquire);
     }
 
     static inline std::atomic<const Functions*> taken_{nullptr};
-    static inline FeatureRecord record_{.name = featureName.data(),
-                                        .table = formTable.data(),
-                                        .required = First::name.data()};
+    static inline FeatureRecord record_{featureName.data(), formTable.data()};
 };
 
 }  // namespace platform
