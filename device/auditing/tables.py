@@ -38,6 +38,7 @@ class MethodRow:
     absent: list = field(default_factory=list)
     note: str = ""
     private: bool = False
+    since: str = ""  # the iOS that brought it, where that is later than the oldest
 
 
 def read_stub(path):
@@ -46,6 +47,14 @@ def read_stub(path):
     if not name:
         raise Malformed(f"{path}: no install-name")
     return Stub(name.group(1), set(re.findall(r"^\s+- ([\w.$]+)\s*$", text, re.MULTILINE)))
+
+
+def release(system):
+    """A system's version as a number: 13.4.1 is 1304. 11.x, which has no exact version, counts as 11.1."""
+    found = re.match(r"(\d+)\.(\d+|x)", system)
+    if not found:
+        raise Malformed(f"{system} is no version of a system")
+    return int(found[1]) * 100 + (1 if found[2] == "x" else int(found[2]))
 
 
 def read_table(path):
@@ -69,7 +78,9 @@ class Platform:
     def __init__(self, folder):
         self.methods = [self.private(row) for row in read_table(folder / PRIVATE)]
         self.methods += [
-            MethodRow(row["class"], row["kind"], row["selector"], row["encoding"])
+            MethodRow(
+                row["class"], row["kind"], row["selector"], row["encoding"], since=row["since"]
+            )
             for row in read_table(folder / PUBLIC)
         ]
         self.ours = {

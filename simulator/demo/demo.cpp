@@ -33,13 +33,14 @@ constexpr std::string_view seenWelcome =
     "plist /var/mobile/Library/Preferences/com.ferolin.VantoriHistoryVersion.plist [\"1.2.1\"]\n";
 
 // Runs the scene on a new phone. What it says is shown only when it failed.
-int play(const DemoScene& scene, const std::filesystem::path& folder) {
+int play(const DemoScene& scene, const DemoOptions& options) {
     std::ostringstream said;
     try {
         const auto statements = scenario::parse(std::string(scene.newOwner ? "" : seenWelcome) +
                                                 std::string(scene.scenario));
-        const std::unique_ptr<Phone> phone = makePhone({});
-        scenario::Session session(*phone, std::string(scene.name), folder, said);
+        const std::unique_ptr<Phone> phone = makePhone({{}, options.real});
+        if (!options.system.empty()) phone->system(options.system);
+        scenario::Session session(*phone, std::string(scene.name), options.pictures, said);
         for (const auto& statement : statements) session.run(statement);
         if (session.failed() == 0) return 0;
     } catch (const std::exception& error) {
@@ -50,10 +51,10 @@ int play(const DemoScene& scene, const std::filesystem::path& folder) {
 }
 
 // The extension is never taken out of a process again, so every scene gets a fresh one.
-bool playApart(const DemoScene& scene, const std::filesystem::path& folder) {
+bool playApart(const DemoScene& scene, const DemoOptions& options) {
     const pid_t child = fork();
     if (child < 0) throw std::runtime_error("no process can be started");
-    if (child == 0) _exit(play(scene, folder));
+    if (child == 0) _exit(play(scene, options));
     int status = 0;
     while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
     }
@@ -104,12 +105,12 @@ class Pictures {
 
 }  // namespace
 
-int runDemo(const std::filesystem::path& folder, std::ostream& output, std::ostream& errors) {
-    std::filesystem::create_directories(folder);
-    Pictures pictures(folder, output);
+int runDemo(const DemoOptions& options, std::ostream& output, std::ostream& errors) {
+    std::filesystem::create_directories(options.pictures);
+    Pictures pictures(options.pictures, output);
     int status = 0;
     for (const DemoScene& scene : demoScenes()) {
-        if (playApart(scene, folder)) {
+        if (playApart(scene, options)) {
             pictures.add(scene);
         } else {
             errors << scene.name << ": the scene failed" << std::endl;
