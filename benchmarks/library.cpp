@@ -9,6 +9,7 @@
 
 #include <cstdio>
 #include <ctime>
+#include <nlohmann/json.hpp>
 #include <sstream>
 #include <stdexcept>
 

@@ -4,6 +4,7 @@
 #include <benchmark/benchmark.h>
 
 #include <cstring>
+#include <nlohmann/json.hpp>
 #include <vector>
 
 #include "benchmarks/allocations.hpp"

@@ -6,7 +6,8 @@ set(simulator_floors runtime foundation rendering uikit loader hardware services
 
 # vantori_floors(NAME OPTIONS FLOOR... [BELOW FOLDER...]): an object library NAME_FLOOR for each folder,
 # compiled with OPTIONS, whose room shows that folder, those before it and those BELOW, which are built
-# elsewhere; and NAME, which brings the objects of all and sees everything.
+# elsewhere; and NAME, which brings the objects of all and sees everything. The lowest floor compiles the
+# common headers for those above it.
 function(vantori_floors name options)
   cmake_parse_arguments(PARSE_ARGV 2 floors "" "" "BELOW")
   set(shown ${floors_BELOW})
@@ -19,6 +20,12 @@ function(vantori_floors name options)
     add_library(${name}_${folder} OBJECT ${sources})
     target_include_directories(${name}_${folder} PRIVATE "${${name}_${folder}_room}")
     target_link_libraries(${name}_${folder} PRIVATE ${options})
+    if(NOT DEFINED lowest)
+      set(lowest ${name}_${folder})
+      target_precompile_headers(${lowest} PRIVATE ${vantori_precompiled})
+    elseif(vantori_precompiled)
+      target_precompile_headers(${name}_${folder} REUSE_FROM ${lowest})
+    endif()
     list(APPEND objects "$<TARGET_OBJECTS:${name}_${folder}>")
     set(room "${${name}_${folder}_room}")
   endforeach()

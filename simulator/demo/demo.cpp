@@ -5,11 +5,15 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <deque>
+#include <fstream>
 #include <iostream>
 #include <sstream>
 #include <stdexcept>
+#include <thread>
 #include <vector>
 
+#include "simulator/demo/demo_page.hpp"
 #include "simulator/demo/demo_scenes.hpp"
 #include "simulator/rendering/montage.hpp"
 #include "simulator/rendering/picture.hpp"
@@ -50,13 +54,23 @@ int play(const DemoScene& scene, const DemoOptions& options) {
     return 1;
 }
 
-// The extension is never taken out of a process again, so every scene gets a fresh one.
-bool playApart(const DemoScene& scene, const DemoOptions& options) {
+// A scene on its way. The extension is never taken out of a process again, so every scene gets a
+// fresh one; what they draw is told in their order, however many are drawn at a time.
+struct Played {
+    const DemoScene* scene;
+    pid_t process;
+};
+
+Played startPlaying(const DemoScene& scene, const DemoOptions& options) {
     const pid_t child = fork();
     if (child < 0) throw std::runtime_error("no process can be started");
     if (child == 0) _exit(play(scene, options));
+    return {&scene, child};
+}
+
+bool finishPlaying(const Played& played) {
     int status = 0;
-    while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
+    while (waitpid(played.process, &status, 0) < 0 && errno == EINTR) {
     }
     return WIFEXITED(status) && WEXITSTATUS(status) == 0;
 }
@@ -72,6 +86,14 @@ void writePicture(const Surface& surface, const std::filesystem::path& file, std
     output << file.filename().string() << std::endl;
 }
 
+void writePage(std::span<const DemoScene> drawn, const std::filesystem::path& file,
+               std::ostream& output) {
+    std::ofstream stream(file, std::ios::binary | std::ios::trunc);
+    stream << demoPage(drawn) << std::flush;
+    if (!stream) throw std::runtime_error(file.string() + ": the page cannot be written");
+    output << file.filename().string() << std::endl;
+}
+
 class Pictures {
   public:
     Pictures(std::filesystem::path folder, std::ostream& output)
@@ -79,6 +101,7 @@ class Pictures {
 
     void add(const DemoScene& scene) {
         output_ << scene.picture << std::endl;
+        drawn_.push_back(scene);
         if (!scene.framed) return;
         const Surface phone =
             rendering::frame(readPicture(folder_ / scene.picture), pixelsPerPoint);
@@ -97,9 +120,12 @@ class Pictures {
         }
     }
 
+    void writePage() const { demo::writePage(drawn_, folder_ / "index.html", output_); }
+
   private:
     std::filesystem::path folder_;
     std::ostream& output_;
+    std::vector<DemoScene> drawn_;
     std::vector<Captioned> phones_;
 };
 
@@ -109,15 +135,25 @@ int runDemo(const DemoOptions& options, std::ostream& output, std::ostream& erro
     std::filesystem::create_directories(options.pictures);
     Pictures pictures(options.pictures, output);
     int status = 0;
-    for (const DemoScene& scene : demoScenes()) {
-        if (playApart(scene, options)) {
-            pictures.add(scene);
+    std::deque<Played> playing;
+    const auto finishFirst = [&] {
+        const Played first = playing.front();
+        playing.pop_front();
+        if (finishPlaying(first)) {
+            pictures.add(*first.scene);
         } else {
-            errors << scene.name << ": the scene failed" << std::endl;
+            errors << first.scene->name << ": the scene failed" << std::endl;
             status = 1;
         }
+    };
+    const std::size_t atATime = std::max(1u, std::thread::hardware_concurrency());
+    for (const DemoScene& scene : demoScenes()) {
+        if (playing.size() == atATime) finishFirst();
+        playing.push_back(startPlaying(scene, options));
     }
+    while (!playing.empty()) finishFirst();
     pictures.writeSheets();
+    pictures.writePage();
     return status;
 }
 

@@ -1,4 +1,5 @@
-// The demonstration: pictures and a film of the toolbar on the phone, and a sheet of all of them.
+// The demonstration: pictures and films of the toolbar on the phone, sheets of them, and a page
+// (index.html) that tells them in order.
 #pragma once
 
 #include <filesystem>

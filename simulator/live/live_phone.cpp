@@ -1,6 +1,7 @@
 #include "simulator/live/live_phone.hpp"
 
 #include <unistd.h>
+#include <nlohmann/json.hpp>
 
 #include <stdexcept>
 

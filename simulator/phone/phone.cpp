@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <nlohmann/json.hpp>
 
 #include "simulator/foundation/bundles.hpp"
 #include "simulator/foundation/device_root.hpp"

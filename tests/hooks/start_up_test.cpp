@@ -2,6 +2,7 @@
 #include "hooks/start_up.hpp"
 
 #include <algorithm>
+#include <nlohmann/json.hpp>
 
 #include "hooks/hook_report.hpp"
 #include "hooks/hook_table.hpp"

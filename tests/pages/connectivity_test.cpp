@@ -3,6 +3,8 @@
 // (L - b n) / (n + 1), and button k stands at b k + gap (k + 1).
 #include "pages/connectivity_page.hpp"
 
+#include <nlohmann/json.hpp>
+
 #include "tests/library_phone.hpp"
 #include "toolbar/settings_reload.hpp"
 

@@ -2,6 +2,8 @@
 // screen is 375 points wide; n toggles leave gaps of (375 - 50 n) / (n + 1).
 #include "pages/everyday_page.hpp"
 
+#include <nlohmann/json.hpp>
+
 #include "tests/toggles/toggle_phone.hpp"
 
 namespace vantori::tests {

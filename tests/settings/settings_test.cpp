@@ -1,6 +1,8 @@
 // The settings: defaults, conversions, what a reload changes and what only a new start does.
 #include "settings/settings_file.hpp"
 
+#include <nlohmann/json.hpp>
+
 #include "tests/library_phone.hpp"
 #include "toolbar/settings_reload.hpp"
 

@@ -1,5 +1,6 @@
 // The phone's icons, dock, recents and processes by themselves, without the extension.
 #include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
 
 #include "simulator/foundation/device_root.hpp"
 #include "simulator/phone/temporary_root.hpp"
