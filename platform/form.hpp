@@ -152,7 +152,7 @@ inline constexpr auto joined = (First::text + ... + (separator + Rest::text));
 // One row of a table: what the form is called, the functions that do it, what they need.
 template <FixedString formName, const auto& functionsOfForm, class... Needs>
 struct Form {
-    static constexpr auto name = formName;
+    static constexpr auto label = formName;
     static constexpr const auto& functions = functionsOfForm;
     static constexpr auto text = formName + FixedString{" = "} + detail::joined<" & ", Needs...>;
     static bool areNeedsMet() { return (Needs::isThere() && ...); }
@@ -165,13 +165,19 @@ struct FeatureRecord {
     std::atomic<const char*> form{nullptr};  // the name of the one that is taken
     std::atomic<bool> isOff{false};          // for good: its form failed
     std::atomic<bool> isReported{false};     // in the log, that it is off
+    std::atomic<bool> isListed{false};
+    const FeatureRecord* next = nullptr;  // of those that were used
 };
 
-// Turns the feature off for good and says so in the log, once.
-void switchOff(FeatureRecord& feature, const char* reason);
+// The feature that was first used last, for the report; the others follow it. None at first.
+const FeatureRecord* usedFeatures();
+
+// Turns the feature off for good and says so in the log, once, with what the system gave as the error.
+void switchOff(FeatureRecord& feature, const char* reason, Object error);
 
 namespace detail {
 
+void list(FeatureRecord& feature);
 void reportFormless(FeatureRecord& feature);
 
 }  // namespace detail
@@ -189,7 +195,9 @@ class Feature {
         return found ? found : look();
     }
     // The service behind the taken form refuses or fails: it is not asked again.
-    static void switchOff(const char* reason) { platform::switchOff(record_, reason); }
+    static void switchOff(const char* reason, Object error = Object()) {
+        platform::switchOff(record_, reason, error);
+    }
     static const FeatureRecord& record() { return record_; }
 
     // "feature: form = need & need; form = need". Read by the audit.
@@ -200,11 +208,12 @@ class Feature {
     template <class Candidate>
     static bool take() {
         if (!Candidate::areNeedsMet()) return false;
-        record_.form.store(Candidate::name.data(), std::memory_order_relaxed);
+        record_.form.store(Candidate::label.data(), std::memory_order_relaxed);
         taken_.store(&Candidate::functions, std::memory_order_release);
         return true;
     }
     static const Functions* look() {
+        detail::list(record_);
         if (!(take<First>() || ... || take<Rest>())) detail::reportFormless(record_);
         return taken_.load(std::memory_order_acquire);
     }

@@ -83,10 +83,26 @@ TEST_F(FormTable, KeepsTheFormThatItTook) {
 TEST_F(FormTable, SwitchedOffStaysOffAndSaysWhyOnce) {
     using Table = Feature<"refused voice", Form<"deep", two, Depth>>;
     ASSERT_NE(Table::taken(), nullptr);
-    Table::switchOff("the service refused");
-    Table::switchOff("the service refused");
+    Table::switchOff("refused", "no such goose"_ns);
+    Table::switchOff("refused");
     EXPECT_EQ(Table::taken(), nullptr);
-    EXPECT_EQ(logged("[Vantori] refused voice is off: the service refused"), 1);
+    EXPECT_EQ(logged("refused voice"), 1);
+    EXPECT_EQ(logged("[Vantori] refused voice is off: refused: no such goose"), 1);
+}
+
+TEST_F(FormTable, FeaturesThatWereUsedAreListedOnce) {
+    using First = Feature<"first voice", Form<"deep", two, Depth>>;
+    using Second = Feature<"second voice", Form<"flying", one, Unknown>>;
+    using Unused = Feature<"unused voice", Form<"deep", two, Depth>>;
+    EXPECT_EQ(usedFeatures(), nullptr);
+    First::taken();
+    Second::taken();
+    First::taken();
+    Second::taken();
+    EXPECT_STREQ(Unused::record().name, "unused voice");
+    ASSERT_EQ(usedFeatures(), &Second::record());
+    ASSERT_EQ(usedFeatures()->next, &First::record());
+    EXPECT_EQ(First::record().next, nullptr);
 }
 
 TEST_F(FormTable, NeedsSendWhatTheyName) {
