@@ -82,8 +82,6 @@ struct SBUIFlashlightController : Object {
     }
     unsigned long level() const { return send<"level", unsigned long>(); }
     bool isAvailable() const { return send<"isAvailable", bool>(); }
-    void turnOn(NSString reason) const { sendIfAnswered<"turnFlashlightOnForReason:">(reason); }
-    void turnOff(NSString reason) const { sendIfAnswered<"turnFlashlightOffForReason:">(reason); }
 };
 
 struct UISUserInterfaceStyleMode : Object {

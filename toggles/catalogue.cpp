@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "settings/device_profile.hpp"
+#include "toggles/flashlight_forms.hpp"
 #include "toggles/setting_toggle.hpp"
 #include "toggles/switch_toggle.hpp"
 
@@ -124,13 +125,7 @@ struct Flashlight {
     static std::optional<bool> read(Toggle self) {
         return controller(self).level() != 0 && controller(self).isAvailable();
     }
-    static void write(Toggle self, bool on) {
-        if (on) {
-            controller(self).turnOn("Vantori_turn_on"_ns);
-        } else {
-            controller(self).turnOff("Vantori_turn_off"_ns);
-        }
-    }
+    static void write(Toggle self, bool on) { turnFlashlight(controller(self), on); }
 };
 
 // The platform loads no view that a controller is given, so this runs only for whoever calls it.

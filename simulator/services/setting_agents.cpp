@@ -123,6 +123,10 @@ void registerFlashlight() {
         })
         .method<"turnFlashlightOffForReason:">(
             [](Flashlight, NSString) { setOn(Setting::flashlight, false); })
+        .realMethod<"turnFlashlightOn">([](Flashlight) {
+            if (isFlashlightAvailable()) setOn(Setting::flashlight, true);
+        })
+        .realMethod<"turnFlashlightOff">([](Flashlight) { setOn(Setting::flashlight, false); })
         .method<"addObserver:">([](Flashlight, Object observer) {
             if (observer) listeners<Object>().push_back(observer);
         })
