@@ -90,6 +90,7 @@ std::string imagePath(const std::string& path) {
 void startSpringBoard() {
     auto application = create<SpringBoard>();
     if (application) setSharedApplication(UIApplication(application.get()));
+    fillVariables(application);
     makeWindows();
     makeHomeScreen();
     moveHomeScreenToWindow();

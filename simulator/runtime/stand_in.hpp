@@ -28,8 +28,7 @@ class StandIn {
 
     template <platform::FixedString message, auto fn>
     const StandIn& method(On phones = On::allPhones) const {
-        if (answers<message>(Kind::method, phones))
-            definition_.template method<message, fn>();
+        if (answers<message>(Kind::method, phones)) definition_.template method<message, fn>();
         return *this;
     }
     template <platform::FixedString message, auto fn>
@@ -78,13 +77,23 @@ class Variables {
     void addTo(Class cls) const {
         for (const auto& [name, phones] : all_) {
             if (has(class_getName(cls), Kind::variable, name, phones))
-                class_addIvar(cls, name, sizeof(id), platform::detail::alignmentPower(sizeof(id)), "@");
+                class_addIvar(cls, name, sizeof(id), platform::detail::alignmentPower(sizeof(id)),
+                              "@");
         }
     }
 
   private:
     std::vector<std::pair<const char*, On>> all_;
 };
+
+// Keeps the object in a variable of the system's name for ever. Nothing where this phone has no such
+// variable.
+inline void setVariable(platform::Object owner, const char* name, platform::Object value) {
+    Ivar variable = owner ? class_getInstanceVariable(object_getClass(owner.get()), name) : nullptr;
+    if (!variable) return;
+    auto* place = reinterpret_cast<char*>(owner.get()) + ivar_getOffset(variable);
+    *reinterpret_cast<id*>(place) = platform::retained(value).leak();
+}
 
 template <platform::Handle T, platform::Handle Super, class State = platform::detail::NoState>
 StandIn<T, State> standIn(const Variables& variables = {}, On phones = On::allPhones) {
