@@ -2,6 +2,7 @@
 
 #include "platform/now_playing.hpp"
 #include "simulator/services/media_player.hpp"
+#include "simulator/services/media_remote.hpp"
 #include "simulator/springboard/applications/applications.hpp"
 
 namespace simulator {
@@ -107,6 +108,7 @@ void registerMedia() {
         .realMethod<"_mediaRemoteNowPlayingInfoDidChange:", &infoDidChange>()
         .method<"_mediaRemoteNowPlayingApplicationIsPlayingDidChange:", &playingDidChange>();
     MediaPlayer::shared().listen(&tellSpringBoard);
+    if (realRelease() != 0) exportMediaRemote();
 }
 
 }  // namespace simulator
