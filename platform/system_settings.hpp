@@ -65,13 +65,6 @@ struct SBControlCenterSystemAgent : Object {
 struct DNDUIControlCenterModule : Object {
     static constexpr FixedString name{"DNDUIControlCenterModule"};
     using Object::Object;
-    // Its state is a variable without an accessor.
-    bool isActive() const {
-        return send<"valueForKey:", Object>("_currentState"_ns).send<"isActive", bool>();
-    }
-    void toggleStateForActive(bool active) const {
-        sendIfAnswered<"_toggleStateForActive:">(active);
-    }
 };
 
 struct SBUIFlashlightController : Object {

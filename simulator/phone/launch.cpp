@@ -19,6 +19,7 @@
 #include "simulator/runtime/system_log.hpp"
 #include "simulator/services/brightness.hpp"
 #include "simulator/services/connectivity.hpp"
+#include "simulator/services/do_not_disturb.hpp"
 #include "simulator/services/marquee_view.hpp"
 #include "simulator/services/module_contents.hpp"
 #include "simulator/services/now_playing.hpp"
@@ -147,7 +148,7 @@ void registerSpringBoard() {
     registerConnectivity();
     registerSettingAgents();
     registerInterfaceStyle();
-    announceDoNotDisturb();
+    registerDoNotDisturb();
     registerPackages();
     followSettings();
     registerSpringBoardApplication();

@@ -4,7 +4,6 @@
 #include <vector>
 
 #include "platform/system_settings.hpp"
-#include "simulator/foundation/bundles.hpp"
 #include "simulator/runtime/darwin.hpp"
 #include "simulator/services/system_settings.hpp"
 #include "simulator/uikit/classes.hpp"
@@ -12,11 +11,6 @@
 namespace simulator {
 
 namespace {
-
-struct DNDState : Object {
-    static constexpr FixedString name{"DNDState"};
-    using Object::Object;
-};
 
 // Objects that listen; not owned, and gone from here when they go.
 template <class T>
@@ -147,17 +141,6 @@ void tellFlashlightObservers() {
     }
 }
 
-void registerDoNotDisturb() {
-    table<DNDState, Object>().method<"isActive">(
-        [](DNDState) -> bool { return isOn(Setting::doNotDisturb); });
-    // Reached by key only, as the variable of a device is.
-    table<DNDUIControlCenterModule, Object>()
-        .method<"_currentState">(
-            [](DNDUIControlCenterModule) { return create<DNDState>().autoreleased(); })
-        .method<"_toggleStateForActive:">(
-            [](DNDUIControlCenterModule, bool active) { setOn(Setting::doNotDisturb, active); });
-}
-
 // What the rest of the system is told.
 void announce(Setting setting) {
     switch (setting) {
@@ -190,11 +173,6 @@ void registerSettingAgents() {
     registerSystemAgent();
     registerFlashlight();
     onSettingChange(&announce);
-}
-
-void announceDoNotDisturb() {
-    onBundleLoad("/System/Library/ControlCenter/Bundles/DoNotDisturbModule.bundle",
-                 &registerDoNotDisturb);
 }
 
 }  // namespace simulator

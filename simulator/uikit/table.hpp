@@ -99,8 +99,8 @@ class Table {
 };
 
 template <platform::Handle T, platform::Handle Super, class State = platform::detail::NoState>
-Table<T> table() {
-    standIn<T, Super, State>();
+Table<T> table(const Variables& variables = {}) {
+    standIn<T, Super, State>(variables);
     return Table<T>(platform::Defined<T>::value);
 }
 
