@@ -12,6 +12,7 @@ import struct
 import sys
 
 from auditing import checks
+from auditing.forms import spans, systems_of
 from auditing.link_map import LinkMap
 from auditing.macho import Malformed, read_dylib
 from auditing.tables import Platform, read_stub
@@ -27,6 +28,7 @@ def errors_of(dylib, link_map, stubs, platform, forbidden):
     yield from checks.check_methods(methods, platform)
     yield from checks.check_messages(link_map.messages(), methods, platform)
     yield from checks.check_classes(link_map.classes(dylib), methods, platform)
+    yield from checks.check_features(link_map.features(dylib), platform)
 
 
 def describe_messages(link_map, platform):
@@ -39,6 +41,22 @@ def describe_messages(link_map, platform):
             found = " ".join(row.own + row.inherited) or "no system looked at"
             lacking = f"; not in {' '.join(row.absent)}" if row.absent else ""
             print(f"  {row.kind}[{row.class_name} {selector}] {row.encoding}: in {found}{lacking}")
+
+
+def describe_forms(features, platform):
+    """Which system takes which form, and what is looked up at run time."""
+    symbols = {}
+    for feature in features:
+        print(f"{feature.name}:")
+        for form, releases in systems_of(feature, platform).items():
+            if releases:
+                print(f"  {form or 'off'}: {spans(releases)}")
+        needs = [need for form in feature.forms for need in form.needs if need.kind == "symbol"]
+        symbols.update({need.name: need for need in needs})
+    print("looked up at run time:")
+    for name, need in sorted(symbols.items()):
+        row = platform.looked_up.get(name)
+        print(f"  {need}: in {' '.join(row.own) if row else 'no system looked at'}")
 
 
 def describe_room(dylib, link_map):
@@ -65,6 +83,7 @@ def main():
         help="a path that must not occur in the file; the repository always is one",
     )
     parser.add_argument("--messages", action="store_true", help="list the private messages, and where they exist")
+    parser.add_argument("--forms", action="store_true", help="list which form of a feature which system takes")
     parser.add_argument("--room", action="store_true", help="list what takes the room")
     arguments = parser.parse_args()
     try:
@@ -83,6 +102,8 @@ def main():
     errors = list(errors_of(dylib, link_map, stubs, platform, forbidden))
     if arguments.messages:
         describe_messages(link_map, platform)
+    if arguments.forms:
+        describe_forms(link_map.features(dylib), platform)
     if arguments.room:
         describe_room(dylib, link_map)
     for error in errors:
@@ -90,7 +111,8 @@ def main():
     print(
         f"{arguments.dylib.name}: {len(dylib.data)} bytes, {len(dylib.undefined)} system symbols from "
         f"{len(dylib.libraries)} libraries, {len(list(link_map.hooks(dylib)))} hooks, "
-        f"{len(link_map.messages())} messages, {len(errors)} errors"
+        f"{len(link_map.messages())} messages, {len(list(link_map.features(dylib)))} features with forms, "
+        f"{len(errors)} errors"
     )
     return 1 if errors else 0
 

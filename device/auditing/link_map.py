@@ -9,6 +9,7 @@ addresses that the map gives.
 import re
 from dataclasses import dataclass
 
+from auditing.forms import read_feature
 from auditing.macho import Malformed
 
 LINE = re.compile(r"^0x([0-9A-F]+)\s+0x([0-9A-F]+)\s+\[\s*(\d+)\]\s(.*)$")
@@ -19,8 +20,9 @@ TEXT = re.compile(r"(?:Lc\d+E)+")  # the characters of a string that is a templa
 HOOK = "__ZN8platform6detail9HookThunkI"
 METHOD = "__ZN8platform6detail5ThunkI"
 MESSAGE = "__ZZN8platform8selectorI"
+FEATURE, FORM_TABLE = "__ZN8platform7FeatureI", "9formTableE"
 ENCODING = "8encodingE"
-LONGEST = 1000  # bytes of a text whose size the map does not know (it says 0 of local symbols)
+LONGEST = 10000  # bytes of a text whose size the map does not know (it says 0 of local symbols)
 NAME = re.compile(r"^__ZN(?:8platform|7vantori)(?:12_GLOBAL__N_1)?\d+\w+4nameE$")
 
 
@@ -124,6 +126,12 @@ class LinkMap:
             owner = first_type(stem.removeprefix(METHOD))
             kind = "+" if stem in on_classes else "-"
             yield Method("" if owner == "Object" else owner, texts(stem)[0], encoding, kind)
+
+    def features(self, dylib):
+        """The tables of forms."""
+        for symbol in self.starting(FEATURE):
+            if symbol.name.endswith(FORM_TABLE):
+                yield read_feature(text_of(symbol, dylib) or "")
 
     def messages(self):
         """Every selector that the code asks for."""

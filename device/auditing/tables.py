@@ -9,11 +9,12 @@ from dataclasses import dataclass, field
 
 from auditing.macho import Malformed
 
-PRIVATE, PUBLIC, OWN, SYMBOLS = (
+PRIVATE, PUBLIC, OWN, SYMBOLS, LOOKED_UP = (
     "private_methods.tsv",
     "public_methods.tsv",
     "own_methods.tsv",
     "symbols.tsv",
+    "looked_up_symbols.tsv",
 )
 
 
@@ -87,6 +88,14 @@ class Platform:
             (row["class"], row["selector"], row["encoding"]) for row in read_table(folder / OWN)
         }
         self.symbols = {row["symbol"]: row for row in read_table(folder / SYMBOLS)}
+        # As rows whose class is the library.
+        self.looked_up = {
+            row["symbol"]: MethodRow(
+                row["library"], "symbol", row["symbol"], row["signature"],
+                row["own"].split(), absent=row["absent"].split(), note=row["note"],
+            )
+            for row in read_table(folder / LOOKED_UP)
+        }  # fmt: skip
         self.classes = {row.class_name for row in self.methods}
 
     @staticmethod
@@ -95,6 +104,13 @@ class Platform:
             row["class"], row["kind"], row["selector"], row["encoding"],
             row["own"].split(), row["inherited"].split(), row["absent"].split(), row["note"], True,
         )  # fmt: skip
+
+    def of_name(self, class_name, kind, name):
+        return [
+            row
+            for row in self.methods
+            if (row.class_name, row.kind, row.selector) == (class_name, kind, name)
+        ]
 
     def of_selector(self, selector):
         return [row for row in self.methods if row.selector == selector and row.kind in "+-"]
