@@ -14,6 +14,7 @@ import sys
 
 from auditing import checks
 from auditing.fat import read_slices
+from auditing.forms import spans, systems_of
 from auditing.link_map import LinkMap
 from auditing.macho import Malformed
 from auditing.tables import Platform, read_stub
@@ -30,6 +31,7 @@ class Slice:
             raise Malformed(f"no map fits its {self.name} slice: each is the map of another file")
         self.hooks = list(self.map.hooks(dylib))
         self.methods = list(self.map.methods(dylib))
+        self.features = list(self.map.features(dylib))
         self.pointers = list(read_threads(dylib)) if self.name == "arm64e" else []
         self.contents = {
             "the hook": {f"{hook.class_name} {hook.selector} {hook.encoding}" for hook in self.hooks},
@@ -50,6 +52,7 @@ class Slice:
         yield from checks.check_methods(self.methods, platform)
         yield from checks.check_messages(self.map.messages(), self.methods, platform)
         yield from checks.check_classes(self.map.classes(dylib), self.methods, platform)
+        yield from checks.check_features(self.features, platform)
 
     def summary(self):
         signed = sum(bool(one.signing) for one in self.pointers)
@@ -57,7 +60,7 @@ class Slice:
         return (
             f"{self.name}: {len(self.dylib.data)} bytes, {len(self.dylib.undefined)} system symbols from "
             f"{len(self.dylib.libraries)} libraries, {len(self.hooks)} hooks, "
-            f"{len(self.map.messages())} messages{threads}"
+            f"{len(self.map.messages())} messages, {len(self.features)} features with forms{threads}"
         )
 
 
@@ -71,6 +74,22 @@ def describe_messages(link_map, platform):
             found = " ".join(row.own + row.inherited) or "no system looked at"
             lacking = f"; not in {' '.join(row.absent)}" if row.absent else ""
             print(f"  {row.kind}[{row.class_name} {selector}] {row.encoding}: in {found}{lacking}")
+
+
+def describe_forms(features, platform):
+    """Which system takes which form, and what is looked up at run time."""
+    symbols = {}
+    for feature in features:
+        print(f"{feature.name}:")
+        for form, releases in systems_of(feature, platform).items():
+            if releases:
+                print(f"  {form or 'off'}: {spans(releases)}")
+        needs = [need for form in feature.forms for need in form.needs if need.kind == "symbol"]
+        symbols.update({need.name: need for need in needs})
+    print("looked up at run time:")
+    for name, need in sorted(symbols.items()):
+        row = platform.looked_up.get(name)
+        print(f"  {need}: in {' '.join(row.own) if row else 'no system looked at'}")
 
 
 def describe_room(one):
@@ -112,6 +131,7 @@ def main():
         help="a path that must not occur in the file; the repository always is one",
     )
     parser.add_argument("--messages", action="store_true", help="list the private messages, and where they exist")
+    parser.add_argument("--forms", action="store_true", help="list which form of a feature which system takes")
     parser.add_argument("--room", action="store_true", help="list what takes the room")
     arguments = parser.parse_args()
     try:
@@ -130,6 +150,8 @@ def main():
 
     if arguments.messages:
         describe_messages(slices[0].map, platform)
+    if arguments.forms:
+        describe_forms(slices[0].features, platform)
     if arguments.room:
         for one in slices:
             describe_room(one)

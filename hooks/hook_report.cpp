@@ -2,6 +2,7 @@
 
 #include "hooks/hook_table.hpp"
 #include "platform/definition.hpp"
+#include "platform/form.hpp"
 
 namespace vantori {
 
@@ -44,6 +45,16 @@ void describe(const HookRow& row, NSMutableString text) {
     text.append("\n");
 }
 
+void describe(const FeatureRecord& feature, NSMutableString text) {
+    const char* form = feature.form;
+    text.append("form ");
+    text.append(feature.name);
+    text.append(": ");
+    text.append(form ? form : "none");
+    if (feature.isOff) text.append(", switched off");
+    text.append("\n");
+}
+
 NSString reportText(Class) { return hookReport(); }
 
 }  // namespace
@@ -62,6 +73,9 @@ NSString hookReport() {
             text.append("later");
             describe(form.row, text);
         }
+    }
+    for (const FeatureRecord* feature = usedFeatures(); feature; feature = feature->next) {
+        describe(*feature, text);
     }
     return text;
 }

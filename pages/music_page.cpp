@@ -7,6 +7,7 @@
 #include "pages/music_state.hpp"
 #include "pages/music_text.hpp"
 #include "pages/music_transport.hpp"
+#include "pages/now_playing_forms.hpp"
 #include "pages/page_height.hpp"
 #include "platform/springboard.hpp"
 #include "settings/notifications.hpp"
@@ -53,7 +54,7 @@ void loadView(Page self) {
     super<Page, "loadView">(self);
     createParts(self);
     MusicState& state = musicState(self);
-    state.controller = create<MPUNowPlayingController>();
+    state.controller = createNowPlayingSource();
     state.controller.setDelegate(self);
     state.openButton.addTarget(self, selector<"openNowPlayingApplication">(),
                                UIControl::touchUpInside | UIControl::touchUpOutside);

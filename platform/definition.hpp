@@ -118,6 +118,9 @@ struct Accessors<member> {
 };
 
 struct NoState {};
+struct NoVariables {
+    void operator()(Class) const {}
+};
 
 }  // namespace detail
 
@@ -191,9 +194,11 @@ constexpr unsigned char alignmentPower(std::size_t bytes) {
 
 // Makes and registers the class T::name below Super. The offset of the state is asked for after the
 // registration (GCC's runtime answers 0 before it). If a class of that name exists or Super does
-// not, nothing is made and the table has no effect.
-template <Handle T, Handle Super, class State = detail::NoState, class Trace = NoTrace>
-Definition<T, State, Trace> define() {
+// not, nothing is made and the table has no effect. Variables under names of their own can be added
+// only before the registration: addVariables(class) is called then.
+template <Handle T, Handle Super, class State = detail::NoState, class Trace = NoTrace,
+          class AddVariables = detail::NoVariables>
+Definition<T, State, Trace> define(AddVariables addVariables = {}) {
     Class parent = objc_getClass(Super::name.data());
     if (!parent || objc_getClass(T::name.data())) return Definition<T, State, Trace>(nullptr);
     Class cls = objc_allocateClassPair(parent, T::name.data(), 0);
@@ -209,6 +214,7 @@ Definition<T, State, Trace> define() {
                             reinterpret_cast<IMP>(&detail::deallocate<T, State>), "v@:");
         }
     }
+    addVariables(cls);
     objc_registerClassPair(cls);
     Defined<T>::value = cls;
     if constexpr (stateful) {

@@ -31,17 +31,9 @@ struct MPUMarqueeView : UIView {
 struct SBMediaController : Object {
     static constexpr FixedString name{"SBMediaController"};
     using Object::Object;
-    static constexpr long noEventSource = 0;
     static SBMediaController shared() {
         return sendClass<SBMediaController, "sharedInstance", SBMediaController>();
     }
-    // iOS 11 takes no event source and so does nothing here.
-    // By tracks: -1 to the previous, 1 to the next.
-    void changeTrack(int delta) const {
-        sendIfAnswered<"changeTrack:eventSource:", bool>(delta, noEventSource);
-    }
-    void play() const { sendIfAnswered<"playForEventSource:", bool>(noEventSource); }
-    void pause() const { sendIfAnswered<"pauseForEventSource:", bool>(noEventSource); }
 };
 
 }  // namespace platform

@@ -27,6 +27,8 @@ using simulator::live::LiveOptions;
 using simulator::scenario::RunOptions;
 
 constexpr int misused = 2;
+constexpr const char* systemHelp = "System version (13.3)";
+constexpr const char* realHelp = "A phone with only what real systems of its version have";
 
 std::string statementsHelp() {
     std::ostringstream text;
@@ -87,7 +89,8 @@ struct SettingsCommand {
 void addPhone(CLI::App& command, LiveOptions& options) {
     command.add_option("--device", options.device, "Machine identifier (iPhone10,3)")
         ->type_name("IDENT");
-    command.add_option("--system", options.system, "System version (13.3)")->type_name("X.Y");
+    command.add_option("--system", options.system, systemHelp)->type_name("X.Y");
+    command.add_flag("--real", options.real, realHelp);
     command.add_option("--setting", options.settings, "Put a setting in the settings file")
         ->type_name("KEY=JSON")
         ->allow_extra_args(false);
@@ -112,6 +115,7 @@ int main(int argc, char** argv) {
         ->required()
         ->type_name("FILE");
     addFolders(*runCommand, options);
+    runCommand->add_flag("--real", options.real, realHelp);
     std::filesystem::path library;
     runCommand
         ->add_option("--library", library,
@@ -139,10 +143,12 @@ int main(int argc, char** argv) {
 
     CLI::App* demoCommand =
         program.add_subcommand("demo", "Draw the toolbar at work; needs no display");
-    std::filesystem::path demoFolder;
-    demoCommand->add_option("--out", demoFolder, "Folder for the pictures")
+    simulator::demo::DemoOptions demo;
+    demoCommand->add_option("--out", demo.pictures, "Folder for the pictures")
         ->required()
         ->type_name("DIR");
+    demoCommand->add_option("--system", demo.system, systemHelp)->type_name("X.Y");
+    demoCommand->add_flag("--real", demo.real, realHelp);
 
     SettingsCommand settings;
     settings.addTo(program);
@@ -154,8 +160,7 @@ int main(int argc, char** argv) {
         if (runCommand->parsed()) return run(files, options);
         if (consoleCommand->parsed()) return simulator::live::runLiveConsole(live, std::cout);
         if (windowCommand->parsed()) return simulator::window::runWindow(live, std::cout);
-        if (demoCommand->parsed())
-            return simulator::demo::runDemo(demoFolder, std::cout, std::cerr);
+        if (demoCommand->parsed()) return simulator::demo::runDemo(demo, std::cout, std::cerr);
         if (program.got_subcommand("settings")) return settings.run();
         std::cerr << program.help();
         return misused;

@@ -2,10 +2,11 @@
 
 import re
 
+from auditing.forms import rows_of, systems_of
 from auditing.link_map import BLOCK_DESCRIPTOR
 from auditing.macho import INITIALISERS
 from auditing.signature import signature_fault
-from auditing.tables import OWN, PRIVATE, SYMBOLS
+from auditing.tables import LOOKED_UP, OWN, PRIVATE, SYMBOLS
 from auditing.threads import Signing
 
 INSTALL_NAME = "/Library/MobileSubstrate/DynamicLibraries/Vantori.dylib"
@@ -202,3 +203,37 @@ def check_classes(classes, methods, platform):
     for name in classes:
         if name not in platform.classes | ours and not name.startswith("VNT"):
             yield f"the class {name} is not known: add a row for it to a table of device/platform (kind: class)"
+
+
+def check_need(feature, form, need, platform):
+    """What a form needs is in the tables, and is called there as the library calls it."""
+    where = f"the form '{form.name}' of {feature.name}"
+    rows = rows_of(need, platform)
+    if not rows:
+        table = LOOKED_UP if need.kind == "symbol" else PRIVATE
+        yield (
+            f"{where} needs {need}, which is not known: add a row for it to device/platform/{table} "
+            "with the systems that have it"
+        )
+    elif need.encoding and plain(need.encoding) not in encodings_of(rows[0]):
+        yield f"{where} sends {need} as {need.encoding}, but the system has {' or '.join(encodings_of(rows[0]))}"
+
+
+def check_features(features, platform):
+    """Each form can be done where it is taken, and is taken somewhere."""
+    for feature in features:
+        faults = [
+            fault
+            for form in feature.forms
+            for need in form.needs
+            for fault in check_need(feature, form, need, platform)
+        ]
+        yield from faults
+        if faults:
+            continue
+        for name, releases in systems_of(feature, platform).items():
+            if name and not releases:
+                yield (
+                    f"the form '{name}' of {feature.name} is taken on no system: one before it is there wherever it "
+                    "is, or the tables know of no system that has all it needs"
+                )

@@ -10,6 +10,7 @@ import bisect
 import re
 from dataclasses import dataclass
 
+from auditing.forms import read_feature
 from auditing.macho import Malformed
 
 LINE = re.compile(r"^0x([0-9A-F]+)\s+0x([0-9A-F]+)\s+\[\s*(\d+)\]\s(.*)$")
@@ -20,8 +21,9 @@ TEXT = re.compile(r"(?:Lc\d+E)+")  # the characters of a string that is a templa
 HOOK = "__ZN8platform6detail9HookThunkI"
 METHOD = "__ZN8platform6detail5ThunkI"
 MESSAGE = "__ZZN8platform8selectorI"
+FEATURE, FORM_TABLE = "__ZN8platform7FeatureI", "9formTableE"
 ENCODING = "8encodingE"
-LONGEST = 1000  # bytes of a text whose size the map does not know (it says 0 of local symbols)
+LONGEST = 10000  # bytes of a text whose size the map does not know (it says 0 of local symbols)
 # The static descriptor of a block (platform/block.hpp): its last two pointers are functions.
 BLOCK_DESCRIPTOR = re.compile(r"^__ZN8platform5BlockI.*10descriptorE$")
 LABEL = re.compile(r"^ltmp\d+$")  # the compiler's own, beside the name that counts
@@ -139,6 +141,12 @@ class LinkMap:
             owner = first_type(stem.removeprefix(METHOD))
             kind = "+" if stem in on_classes else "-"
             yield Method("" if owner == "Object" else owner, texts(stem)[0], encoding, kind)
+
+    def features(self, dylib):
+        """The tables of forms."""
+        for symbol in self.starting(FEATURE):
+            if symbol.name.endswith(FORM_TABLE):
+                yield read_feature(text_of(symbol, dylib) or "")
 
     def messages(self):
         """Every selector that the code asks for."""

@@ -12,7 +12,7 @@ namespace simulator::live {
 namespace {
 
 std::unique_ptr<Phone> setUp(const LiveOptions& options) {
-    std::unique_ptr<Phone> phone = makePhone({options.root});
+    std::unique_ptr<Phone> phone = makePhone({options.root, options.real});
     if (!options.device.empty()) phone->device(options.device);
     if (!options.system.empty()) phone->system(options.system);
     for (const std::string& text : options.settings) {

@@ -18,6 +18,7 @@
 #include <cstring>
 
 #include "simulator/loader/messages.hpp"
+#include "simulator/runtime/system_libraries.hpp"
 #endif
 
 namespace simulator::loader {
@@ -46,9 +47,16 @@ int phoneUname(PhoneNames* answer) {
 
 // The bits of iOS: 1 lazily, 2 at once, 4 for itself, 8 for all.
 void* phoneDlopen(const char* path, int mode) {
+    if (const void* library = path ? systemLibrary(path) : nullptr)
+        return const_cast<void*>(library);
     constexpr int now = 2;
     constexpr int global = 8;
     return dlopen(path, (mode & now ? RTLD_NOW : RTLD_LAZY) | (mode & global ? RTLD_GLOBAL : 0));
+}
+
+// Only the phone's libraries are asked: whoever looks a function up must say where.
+void* phoneDlsym(void* handle, const char* name) {
+    return const_cast<void*>(symbolOfLibrary(handle, name));
 }
 
 Class classOfObject(id object) { return object ? object_getClass(object) : nullptr; }
@@ -102,6 +110,7 @@ const void* replacement(std::string_view name) {
         {"NSLog", address(&vantoriLog)},
         {"uname", address(&phoneUname)},
         {"dlopen", address(&phoneDlopen)},
+        {"dlsym", address(&phoneDlsym)},
         {"__sincos_stret", address(&sineAndCosine)},
         {"memset_pattern16", address(&fillPattern)},
         {"__stack_chk_guard", &stackGuard},

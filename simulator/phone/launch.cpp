@@ -19,6 +19,7 @@
 #include "simulator/runtime/system_log.hpp"
 #include "simulator/services/brightness.hpp"
 #include "simulator/services/connectivity.hpp"
+#include "simulator/services/do_not_disturb.hpp"
 #include "simulator/services/marquee_view.hpp"
 #include "simulator/services/module_contents.hpp"
 #include "simulator/services/now_playing.hpp"
@@ -90,6 +91,7 @@ std::string imagePath(const std::string& path) {
 void startSpringBoard() {
     auto application = create<SpringBoard>();
     if (application) setSharedApplication(UIApplication(application.get()));
+    fillVariables(application);
     makeWindows();
     makeHomeScreen();
     moveHomeScreenToWindow();
@@ -146,7 +148,7 @@ void registerSpringBoard() {
     registerConnectivity();
     registerSettingAgents();
     registerInterfaceStyle();
-    announceDoNotDisturb();
+    registerDoNotDisturb();
     registerPackages();
     followSettings();
     registerSpringBoardApplication();

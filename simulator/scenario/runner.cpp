@@ -36,6 +36,7 @@ int runApart(const std::string& file, const RunOptions& options,
     std::vector<std::string> words{program.string(), "run"};
     if (!options.pictures.empty()) words.insert(words.end(), {"--out", options.pictures.string()});
     if (!options.root.empty()) words.insert(words.end(), {"--root", options.root.string()});
+    if (options.real) words.emplace_back("--real");
     words.insert(words.end(), {"--", file});
     std::vector<char*> arguments;
     for (std::string& word : words) arguments.push_back(word.data());
@@ -64,7 +65,7 @@ int runFile(const std::string& file, const RunOptions& options, const PhoneMaker
     }
     std::unique_ptr<Phone> phone;
     try {
-        phone = makePhone({options.root});
+        phone = makePhone({options.root, options.real});
     } catch (const std::exception& error) {
         errors << file << ": there is no phone to run it on: " << error.what() << std::endl;
         return someFailed;

@@ -18,6 +18,7 @@ using PhoneMaker = std::function<std::unique_ptr<Phone>(const PhoneOptions&)>;
 struct RunOptions {
     std::filesystem::path pictures;  // beside the scenario's file when empty
     std::filesystem::path root;      // see PhoneOptions
+    bool real = false;               // likewise, for every file
 };
 
 // One file in this process. What is malformed is told to `errors`, everything else to `output`.

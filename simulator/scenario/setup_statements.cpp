@@ -11,7 +11,7 @@ namespace {
 constexpr auto before = Phase::setup;
 constexpr auto always = Phase::always;
 
-constexpr std::array<Form, 20> forms{{
+constexpr std::array<Form, 21> forms{{
     {"device IDENT", before, "machine identifier, as uname reports it (iPhone10,3)",
      [](Line& line) { line.phone().device(line.word("IDENT")); }},
     {"screen W H SCALE", before, "overrides the device's screen, in points",
@@ -20,6 +20,8 @@ constexpr std::array<Form, 20> forms{{
      }},
     {"system X.Y", before, "system version (13.3)",
      [](Line& line) { line.phone().system(line.word("X.Y")); }},
+    {"real", before, "only the classes and methods that real systems of its version have",
+     [](Line& line) { line.phone().real(); }},
     {"homebutton yes|no", before, "overrides whether there is a home button",
      [](Line& line) { line.phone().homeButton(line.chose("yes")); }},
     {"setting KEY none", always, "takes KEY out of the settings file",

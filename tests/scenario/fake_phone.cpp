@@ -22,6 +22,7 @@ const char* yesOrNo(bool yes) { return yes ? "yes" : "no"; }
 void FakePhone::device(const std::string& identifier) { note("device", identifier); }
 void FakePhone::screen(double w, double h, double scale) { note("screen", w, h, scale); }
 void FakePhone::system(const std::string& version) { note("system", version); }
+void FakePhone::real() { note("real"); }
 void FakePhone::homeButton(bool present) { note("homeButton", yesOrNo(present)); }
 void FakePhone::missingClass(const std::string& name) { note("missingClass", name); }
 void FakePhone::missingBundle(const std::string& path) { note("missingBundle", path); }
@@ -32,6 +33,8 @@ void FakePhone::sceneAfter(const std::string& bundle, int creation) {
 }
 void FakePhone::withoutExtension() { note("withoutExtension"); }
 void FakePhone::boot() { note("boot"); }
+bool FakePhone::toggled(const std::string& name) { return counts["toggled " + name] != 0; }
+std::optional<PlayerLook> FakePhone::player() { return looked; }
 void FakePhone::setting(const std::string& key, const std::optional<nlohmann::json>& value) {
     note("setting", key, value ? value->dump() : "none");
 }

@@ -18,12 +18,14 @@ class FakePhone : public Phone {
     std::map<std::string, int> counts;
     std::map<std::string, std::vector<Value>> calls;
     std::optional<std::string> crash;
+    std::optional<PlayerLook> looked;
     objc_object* presented = nullptr;
     std::string refusal;  // when not empty, every driving operation refuses with it
 
     void device(const std::string& identifier) override;
     void screen(double width, double height, double scale) override;
     void system(const std::string& version) override;
+    void real() override;
     void homeButton(bool present) override;
     void missingClass(const std::string& name) override;
     void missingBundle(const std::string& path) override;
@@ -58,6 +60,8 @@ class FakePhone : public Phone {
     void ringer(double level) override;
     void volumeKey(bool louder) override;
     void brightness(double level) override;
+    bool toggled(const std::string& name) override;
+    std::optional<PlayerLook> player() override;
     void route(const std::string& name) override;
     void play(const Song& song) override;
     void playing(bool yes) override;
