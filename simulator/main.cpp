@@ -153,8 +153,7 @@ int main(int argc, char** argv) {
         if (runCommand->parsed()) return run(files, options);
         if (consoleCommand->parsed()) return simulator::window::runLiveConsole(live, std::cout);
         if (windowCommand->parsed()) return simulator::window::runWindow(live, std::cout);
-        if (demoCommand->parsed())
-            return simulator::window::runDemo(demo, std::cout, std::cerr);
+        if (demoCommand->parsed()) return simulator::window::runDemo(demo, std::cout, std::cerr);
         if (program.got_subcommand("settings")) return settings.run();
         std::cerr << program.help();
         return misused;

@@ -28,8 +28,7 @@ class StandIn {
 
     template <platform::FixedString message, auto fn>
     const StandIn& method(On phones = On::allPhones) const {
-        if (answers<message>(Kind::method, phones))
-            definition_.template method<message, fn>();
+        if (answers<message>(Kind::method, phones)) definition_.template method<message, fn>();
         return *this;
     }
     template <platform::FixedString message, auto fn>
@@ -78,7 +77,8 @@ class Variables {
     void addTo(Class cls) const {
         for (const auto& [name, phones] : all_) {
             if (has(class_getName(cls), Kind::variable, name, phones))
-                class_addIvar(cls, name, sizeof(id), platform::detail::alignmentPower(sizeof(id)), "@");
+                class_addIvar(cls, name, sizeof(id), platform::detail::alignmentPower(sizeof(id)),
+                              "@");
         }
     }
 

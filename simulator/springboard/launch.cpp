@@ -28,6 +28,7 @@
 #include "simulator/springboard/control_center.hpp"
 #include "simulator/springboard/extension.hpp"
 #include "simulator/springboard/home_screen.hpp"
+#include "simulator/springboard/hook_report_notes.hpp"
 #include "simulator/springboard/icon_lists.hpp"
 #include "simulator/springboard/icons.hpp"
 #include "simulator/springboard/lock_screen.hpp"
@@ -155,6 +156,7 @@ void launchPhone(Extension extension) {
     registerSpringBoard();
     installAddresses();
     if (extension == Extension::load) loadExtension();
+    noteInHookReport();
     startSpringBoard();
     settle(launchingTime);
     // With the home screen in front no application's scenes are on the display.
