@@ -9,17 +9,18 @@
 
 #include <cstdio>
 #include <ctime>
+#include <nlohmann/json.hpp>
 #include <sstream>
 #include <stdexcept>
 
-#include "core/settings_file.hpp"
-#include "core/start_up.hpp"
+#include "hooks/start_up.hpp"
 #include "platform/definition.hpp"
 #include "platform/hook.hpp"
 #include "platform/loading.hpp"
+#include "settings/settings_file.hpp"
+#include "simulator/phone/extension.hpp"
 #include "simulator/runtime/hooking.hpp"
 #include "simulator/scenario/phone.hpp"
-#include "simulator/springboard/extension.hpp"
 
 extern "C" void MSHookMessageEx(Class cls, SEL selector, IMP replacement, IMP* saved);
 

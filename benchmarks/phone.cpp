@@ -4,14 +4,15 @@
 #include <benchmark/benchmark.h>
 
 #include <cstring>
+#include <nlohmann/json.hpp>
 #include <vector>
 
 #include "benchmarks/allocations.hpp"
 #include "platform/springboard.hpp"
+#include "simulator/phone/screen_picture.hpp"
 #include "simulator/runtime/clock.hpp"
 #include "simulator/scenario/phone.hpp"
-#include "simulator/springboard/screen_picture.hpp"
-#include "simulator/springboard/switcher_gestures.hpp"
+#include "simulator/springboard/gestures/switcher_gestures.hpp"
 
 namespace {
 

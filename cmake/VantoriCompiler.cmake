@@ -14,6 +14,14 @@ if(CCACHE)
   set(CMAKE_CXX_COMPILER_LAUNCHER "${CCACHE}")
 endif()
 
+# What many files include is compiled once and reused. A build for another machine goes without: there a
+# file that does not include what it uses is told.
+if(NOT CMAKE_CROSSCOMPILING)
+  set(vantori_precompiled <algorithm> <array> <cmath> <filesystem> <functional> <map> <memory>
+    <optional> <set> <span> <sstream> <stdexcept> <string> <string_view> <tuple> <utility> <variant>
+    <vector>)
+endif()
+
 add_library(vantori_warnings INTERFACE)
 # Implementations travel as IMP and are cast back where they are called: that is the runtime's way.
 # g++ 12 sees overlapping copies inside std::string where there are none.

@@ -1,9 +1,9 @@
 #include "pages/application_launch.hpp"
 
-#include "core/lifted_scene.hpp"
-#include "core/notifications.hpp"
 #include "pages/app_button.hpp"
+#include "pages/lifted_scene.hpp"
 #include "pages/toolbar_messages.hpp"
+#include "settings/notifications.hpp"
 
 namespace vantori {
 

@@ -3,10 +3,11 @@
 #include <algorithm>
 
 #include "pages/app_button.hpp"
-#include "pages/application_hosting.hpp"
+#include "pages/application_host.hpp"
 #include "pages/application_launch.hpp"
 #include "pages/icon_image.hpp"
 #include "pages/icon_row.hpp"
+#include "pages/page_height.hpp"
 #include "pages/toolbar_messages.hpp"
 #include "platform/definition.hpp"
 
@@ -21,8 +22,6 @@ struct IconsContainerState {
     Strong<Object> secondResizeNotification;
 };
 
-constexpr double height = 100;  // points
-
 bool canShowWhileLocked(VNTIconsContainerViewController) { return true; }
 
 // The backdrop is not made yet when the page of the toolbar behind the applications loads its view.
@@ -36,7 +35,7 @@ void loadView(VNTIconsContainerViewController self) {
 void viewDidLayoutSubviews(VNTIconsContainerViewController self) {
     super<VNTIconsContainerViewController, "viewDidLayoutSubviews">(self);
     const CGSize screen = UIScreen::mainScreen().bounds().size;
-    self.view().setBounds(rect(0, 0, std::min(screen.width, screen.height), height));
+    self.view().setBounds(rect(0, 0, std::min(screen.width, screen.height), pageHeight));
 }
 
 void hostApplicationInView(VNTIconsContainerViewController self, NSString identifier) {

@@ -3,6 +3,7 @@
 #include <sys/utsname.h>
 #include <algorithm>
 
+#include "pages/page_height.hpp"
 #include "platform/control_center.hpp"
 #include "platform/definition.hpp"
 #include "platform/subviews.hpp"
@@ -26,7 +27,6 @@ struct State {
     bool hasBeenLaidOut;
 };
 
-constexpr double pageHeight = 100;
 constexpr double buttonTop = 25;
 constexpr double smallPhoneScale = 0.95;
 constexpr double scale = 0.9;

@@ -1,6 +1,6 @@
 #include "pages/icon_image.hpp"
 
-#include "core/device_profile.hpp"
+#include "settings/device_profile.hpp"
 
 namespace vantori {
 

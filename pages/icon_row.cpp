@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "core/device_profile.hpp"
 #include "pages/app_button.hpp"
 #include "platform/subviews.hpp"
+#include "settings/device_profile.hpp"
 
 namespace vantori {
 

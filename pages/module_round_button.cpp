@@ -1,9 +1,9 @@
 #include "pages/module_round_button.hpp"
 
-#include "core/device_profile.hpp"
-#include "core/notifications.hpp"
 #include "platform/control_center.hpp"
 #include "platform/definition.hpp"
+#include "settings/device_profile.hpp"
+#include "settings/notifications.hpp"
 
 namespace vantori {
 

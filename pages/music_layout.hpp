@@ -8,7 +8,6 @@ namespace vantori::music {
 
 using platform::rect;
 
-inline constexpr double pageHeight = 100;
 inline constexpr double artworkRadius = 5;
 inline constexpr double fontSize = 15;
 

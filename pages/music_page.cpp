@@ -2,13 +2,14 @@
 
 #include <algorithm>
 
-#include "core/notifications.hpp"
 #include "pages/music_artwork.hpp"
 #include "pages/music_layout.hpp"
 #include "pages/music_state.hpp"
 #include "pages/music_text.hpp"
 #include "pages/music_transport.hpp"
+#include "pages/page_height.hpp"
 #include "platform/springboard.hpp"
+#include "settings/notifications.hpp"
 
 namespace vantori {
 
@@ -93,7 +94,7 @@ void viewDidLoad(Page self) {
 void viewDidLayoutSubviews(Page self) {
     super<Page, "viewDidLayoutSubviews">(self);
     const CGSize screen = screenSize();
-    self.view().setBounds(rect(0, 0, std::min(screen.width, screen.height), music::pageHeight));
+    self.view().setBounds(rect(0, 0, std::min(screen.width, screen.height), pageHeight));
 }
 
 UIImage getImage(Page) { return musicApplicationIcon(); }

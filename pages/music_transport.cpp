@@ -1,6 +1,6 @@
 #include "pages/music_transport.hpp"
 
-#include "core/lifted_scene.hpp"
+#include "pages/lifted_scene.hpp"
 #include "pages/music_state.hpp"
 #include "pages/toolbar_messages.hpp"
 #include "platform/dispatch.hpp"

@@ -8,13 +8,13 @@
 #include <string>
 #include <vector>
 
+#include "simulator/demo/demo.hpp"
+#include "simulator/live/live_phone.hpp"
+#include "simulator/live/settings_command.hpp"
+#include "simulator/phone/extension.hpp"
 #include "simulator/scenario/phone.hpp"
 #include "simulator/scenario/runner.hpp"
 #include "simulator/scenario/statements.hpp"
-#include "simulator/springboard/extension.hpp"
-#include "simulator/window/demo.hpp"
-#include "simulator/window/live_phone.hpp"
-#include "simulator/window/settings_command.hpp"
 #include "simulator/window/window.hpp"
 
 #ifndef VANTORI_VERSION
@@ -23,8 +23,8 @@
 
 namespace {
 
+using simulator::live::LiveOptions;
 using simulator::scenario::RunOptions;
-using simulator::window::LiveOptions;
 
 constexpr int misused = 2;
 constexpr const char* systemHelp = "System version (13.3)";
@@ -78,7 +78,7 @@ struct SettingsCommand {
         set->add_option("json", json, "Its value: true, 3, '\"text\"' …")->required();
     }
     int run() const {
-        using namespace simulator::window;
+        using namespace simulator::live;
         if (*set) setSetting(root, key, json, std::cout);
         if (*unset) unsetSetting(root, key, std::cout);
         if (*get) getSettings(root, key.empty() ? std::nullopt : std::optional(key), std::cout);
@@ -137,7 +137,7 @@ int main(int argc, char** argv) {
 
     CLI::App* demoCommand =
         program.add_subcommand("demo", "Draw the toolbar at work; needs no display");
-    simulator::window::DemoOptions demo;
+    simulator::demo::DemoOptions demo;
     demoCommand->add_option("--out", demo.pictures, "Folder for the pictures")
         ->required()
         ->type_name("DIR");
@@ -151,9 +151,9 @@ int main(int argc, char** argv) {
         program.parse(argc, argv);
         if (!library.empty()) simulator::nameExtension(library);
         if (runCommand->parsed()) return run(files, options);
-        if (consoleCommand->parsed()) return simulator::window::runLiveConsole(live, std::cout);
+        if (consoleCommand->parsed()) return simulator::live::runLiveConsole(live, std::cout);
         if (windowCommand->parsed()) return simulator::window::runWindow(live, std::cout);
-        if (demoCommand->parsed()) return simulator::window::runDemo(demo, std::cout, std::cerr);
+        if (demoCommand->parsed()) return simulator::demo::runDemo(demo, std::cout, std::cerr);
         if (program.got_subcommand("settings")) return settings.run();
         std::cerr << program.help();
         return misused;

@@ -1,7 +1,7 @@
 #include "toggles/brightness_panel.hpp"
 
-#include "core/device_profile.hpp"
 #include "platform/definition.hpp"
+#include "settings/device_profile.hpp"
 #include "toggles/brightness_slider.hpp"
 #include "toggles/strip.hpp"
 #include "toggles/toggle_making.hpp"

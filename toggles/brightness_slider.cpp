@@ -1,8 +1,8 @@
 #include "toggles/brightness_slider.hpp"
 
-#include "core/notifications.hpp"
 #include "platform/definition.hpp"
 #include "platform/system_levels.hpp"
+#include "settings/notifications.hpp"
 #include "toggles/slider_glyph.hpp"
 
 namespace vantori {

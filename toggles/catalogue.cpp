@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "core/device_profile.hpp"
+#include "settings/device_profile.hpp"
 #include "toggles/setting_toggle.hpp"
 #include "toggles/switch_toggle.hpp"
 

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <cmath>
 
-#include "core/device_profile.hpp"
-#include "core/notifications.hpp"
 #include "platform/definition.hpp"
+#include "settings/device_profile.hpp"
+#include "settings/notifications.hpp"
 
 namespace vantori {
 

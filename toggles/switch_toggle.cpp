@@ -1,7 +1,7 @@
 #include "toggles/switch_toggle.hpp"
 
-#include "core/notifications.hpp"
 #include "platform/definition.hpp"
+#include "settings/notifications.hpp"
 #include "toggles/catalogue.hpp"
 
 namespace vantori {

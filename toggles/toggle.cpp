@@ -2,8 +2,8 @@
 
 #include <cmath>
 
-#include "core/notifications.hpp"
 #include "platform/definition.hpp"
+#include "settings/notifications.hpp"
 #include "toggles/toggle_button.hpp"
 
 namespace vantori {

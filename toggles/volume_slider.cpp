@@ -1,9 +1,9 @@
 #include "toggles/volume_slider.hpp"
 
-#include "core/notifications.hpp"
 #include "platform/definition.hpp"
 #include "platform/springboard.hpp"
 #include "platform/system_levels.hpp"
+#include "settings/notifications.hpp"
 #include "toggles/slider_glyph.hpp"
 
 namespace vantori {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "core/settings_file.hpp"
+#include "settings/settings_file.hpp"
 
 namespace vantori {
 

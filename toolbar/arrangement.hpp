@@ -1,13 +1,10 @@
 // Where the pages stand. Lengths in points; W and H are the main screen's bounds, read fresh.
 #pragma once
 
+#include "pages/page_height.hpp"
 #include "toolbar/toolbar_controller.hpp"
 
 namespace vantori {
-
-inline constexpr double bandHeight = 15;  // above the pages
-inline constexpr double pageHeight = 100;
-inline constexpr double stripHeight = bandHeight + pageHeight;
 
 CGSize screenSize();
 double screenLongSide();

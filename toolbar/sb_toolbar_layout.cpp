@@ -4,8 +4,8 @@
 #include <cmath>
 #include <numbers>
 
-#include "core/settings_file.hpp"
 #include "platform/definition.hpp"
+#include "settings/settings_file.hpp"
 #include "toolbar/arrangement.hpp"
 #include "toolbar/sb_toolbar_state.hpp"
 

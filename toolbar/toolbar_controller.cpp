@@ -2,13 +2,13 @@
 
 #include <array>
 
-#include "core/device_profile.hpp"
-#include "core/lifted_scene.hpp"
-#include "core/notifications.hpp"
-#include "core/settings_callbacks.hpp"
-#include "core/settings_file.hpp"
+#include "pages/lifted_scene.hpp"
 #include "platform/definition.hpp"
+#include "settings/device_profile.hpp"
+#include "settings/notifications.hpp"
+#include "settings/settings_file.hpp"
 #include "toolbar/arrangement.hpp"
+#include "toolbar/settings_reload.hpp"
 
 namespace vantori {
 

@@ -3,9 +3,9 @@
 // the applications' scenes; its subclass VNTSBToolBarController has a window of its own.
 #pragma once
 
+#include "pages/everyday_page.hpp"
 #include "pages/pages.hpp"
 #include "platform/springboard.hpp"
-#include "toggles/everyday_page.hpp"
 #include "toggles/panels.hpp"
 
 namespace vantori {

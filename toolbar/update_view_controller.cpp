@@ -1,7 +1,7 @@
 #include "toolbar/update_view_controller.hpp"
 
-#include "core/device_profile.hpp"
 #include "platform/definition.hpp"
+#include "settings/device_profile.hpp"
 #include "toolbar/welcome_pages.hpp"
 
 namespace vantori {

@@ -32,7 +32,7 @@ def check_file(dylib):
         yield f"load command {command:#x} is none that iOS 11 knows and this library needs"
     started = sum(one.size // 8 for one in dylib.sections if one.kind == INITIALISERS)
     if started != 1:
-        yield f"{started} functions run when the library is loaded, not the one of core/entry.cpp"
+        yield f"{started} functions run when the library is loaded, not the one of entry.cpp"
     fault = signature_fault(dylib)
     if fault:
         yield fault

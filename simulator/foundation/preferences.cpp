@@ -1,6 +1,7 @@
 #include "simulator/foundation/preferences.hpp"
 
 #include <map>
+#include <nlohmann/json.hpp>
 
 #include "platform/core_foundation.hpp"
 #include "simulator/foundation/device_root.hpp"

@@ -1,6 +1,7 @@
 #include "simulator/foundation/property_list.hpp"
 
 #include <fstream>
+#include <nlohmann/json.hpp>
 #include <stdexcept>
 
 #include "simulator/foundation/property_list_guard.hpp"

@@ -1,5 +1,6 @@
 // What a phone is before it boots, and the files that can also be changed later.
 #include <array>
+#include <nlohmann/json.hpp>
 
 #include "simulator/scenario/line.hpp"
 #include "simulator/scenario/statements.hpp"

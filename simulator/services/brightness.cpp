@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "simulator/springboard/classes.hpp"
+#include "platform/system_levels.hpp"
 #include "simulator/uikit/screen/screen.hpp"
 
 namespace simulator {

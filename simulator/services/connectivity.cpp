@@ -6,23 +6,16 @@
 #include <vector>
 
 #include "platform/control_center.hpp"
+#include "simulator/hardware/configuration.hpp"
+#include "simulator/hardware/uikit_bridge.hpp"
 #include "simulator/runtime/stand_in.hpp"
 #include "simulator/services/module_contents.hpp"
 #include "simulator/services/radios.hpp"
-#include "simulator/springboard/configuration.hpp"
-#include "simulator/springboard/parts.hpp"
-#include "simulator/springboard/uikit_bridge.hpp"
-#include "simulator/springboard/windows.hpp"
+#include "simulator/uikit/parts.hpp"
 
 namespace simulator {
 
 namespace {
-
-#define VANTORI_CLASS(type, base)                 \
-    struct type : base {                          \
-        static constexpr FixedString name{#type}; \
-        using base::base;                         \
-    }
 
 VANTORI_CLASS(CCUILabeledRoundButtonViewController, UIViewController);
 VANTORI_CLASS(CCUIConnectivityButtonViewController, CCUILabeledRoundButtonViewController);
@@ -32,8 +25,6 @@ VANTORI_CLASS(CCUIConnectivityHotspotViewController, CCUIConnectivityButtonViewC
 VANTORI_CLASS(CCUIConnectivityWifiViewController, CCUIConnectivityButtonViewController);
 VANTORI_CLASS(CCUIConnectivityBluetoothViewController, CCUIConnectivityButtonViewController);
 VANTORI_CLASS(CCUIConnectivityModuleViewController, UIViewController);
-
-#undef VANTORI_CLASS
 
 // A button of the module: its radio, its symbol, its title and the colour of its disc while on.
 struct ConnectivityButton {
@@ -302,7 +293,6 @@ Strong<UIViewController> makeConnectivityModule(const ModuleKind&) {
 
 void registerConnectivity() {
     onRadioChange(&paintAll);
-    onRadioChange(&refreshWindows);
     standIn<CCUIRoundButton, UIControl, RoundButtonState>()
         .method<"intrinsicContentSize", &intrinsicContentSize>()
         .method<"glyphImageView", &glyphImageView>()

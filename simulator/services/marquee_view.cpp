@@ -4,9 +4,9 @@
 #include <cmath>
 #include <vector>
 
+#include "platform/now_playing.hpp"
 #include "simulator/runtime/clock.hpp"
-#include "simulator/springboard/classes.hpp"
-#include "simulator/springboard/parts.hpp"
+#include "simulator/uikit/parts.hpp"
 #include "simulator/uikit/scene.hpp"
 #include "simulator/uikit/view/view.hpp"
 

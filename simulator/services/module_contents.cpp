@@ -1,8 +1,8 @@
 #include "simulator/services/module_contents.hpp"
 
+#include "simulator/hardware/uikit_bridge.hpp"
 #include "simulator/runtime/stand_in.hpp"
-#include "simulator/springboard/parts.hpp"
-#include "simulator/springboard/uikit_bridge.hpp"
+#include "simulator/uikit/parts.hpp"
 
 namespace simulator {
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "simulator/services/modules.hpp"
+#include "simulator/uikit/classes.hpp"
 
 namespace simulator {
 

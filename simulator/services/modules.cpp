@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "platform/control_center.hpp"
 #include "simulator/runtime/stand_in.hpp"
 #include "simulator/services/module_contents.hpp"
 

@@ -5,22 +5,15 @@
 #include <span>
 #include <string_view>
 
-#include "simulator/springboard/classes.hpp"
+#include "simulator/runtime/handle.hpp"
+#include "simulator/uikit/classes.hpp"
 
 namespace simulator {
-
-#define VANTORI_CLASS(type, base)                 \
-    struct type : base {                          \
-        static constexpr FixedString name{#type}; \
-        using base::base;                         \
-    }
 
 VANTORI_CLASS(CCUIModuleInstance, Object);
 VANTORI_CLASS(CCUIButtonModuleView, UIControl);
 VANTORI_CLASS(CCUIButtonModuleViewController, UIViewController);
 VANTORI_CLASS(CCUIMenuModuleViewController, CCUIButtonModuleViewController);
-
-#undef VANTORI_CLASS
 
 // In cells of the grid.
 struct GridPlace {

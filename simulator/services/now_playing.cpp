@@ -3,10 +3,11 @@
 #include <algorithm>
 #include <vector>
 
+#include "platform/now_playing.hpp"
+#include "simulator/hardware/uikit_bridge.hpp"
 #include "simulator/rendering/cover_art.hpp"
 #include "simulator/services/callback_thread.hpp"
 #include "simulator/services/media_player.hpp"
-#include "simulator/springboard/uikit_bridge.hpp"
 #include "simulator/uikit/raise.hpp"
 
 namespace simulator {

@@ -1,7 +1,7 @@
 // The controller through which a view learns what is playing.
 #pragma once
 
-#include "simulator/springboard/classes.hpp"
+#include "simulator/uikit/classes.hpp"
 
 namespace simulator {
 

@@ -1,9 +1,10 @@
 #include "simulator/services/screen_recording.hpp"
 
+#include "platform/control_center.hpp"
 #include "simulator/foundation/bundles.hpp"
 #include "simulator/runtime/stand_in.hpp"
 #include "simulator/services/module_contents.hpp"
-#include "simulator/springboard/parts.hpp"
+#include "simulator/uikit/parts.hpp"
 
 namespace simulator {
 

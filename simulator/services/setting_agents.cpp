@@ -7,9 +7,7 @@
 #include "simulator/foundation/bundles.hpp"
 #include "simulator/runtime/darwin.hpp"
 #include "simulator/services/system_settings.hpp"
-#include "simulator/springboard/windows.hpp"
-#include "simulator/uikit/screen/screen.hpp"
-#include "simulator/uikit/table.hpp"
+#include "simulator/uikit/classes.hpp"
 
 namespace simulator {
 
@@ -145,28 +143,6 @@ void tellFlashlightObservers() {
     }
 }
 
-// Systems before 13.0 have no dark style to turn to.
-bool knowsStyles() { return std::atof(screen().systemVersion.c_str()) >= 13.0; }
-
-void registerStyleMode() {
-    struct State {
-        long mode;
-    };
-    table<UISUserInterfaceStyleMode, Object, State>()
-        .method<"modeValue">([](UISUserInterfaceStyleMode self) -> long {
-            const long own = stateOf<State>(self).mode;
-            return own ? own : screen().style;
-        })
-        .method<"setModeValue:">([](UISUserInterfaceStyleMode self, long mode) {
-            if (mode != UISUserInterfaceStyleMode::light && mode != UISUserInterfaceStyleMode::dark)
-                return;
-            stateOf<State>(self).mode = mode;
-            if (!knowsStyles()) return;
-            setInterfaceStyle(mode);
-            refreshWindows();
-        });
-}
-
 void registerDoNotDisturb() {
     table<DNDState, Object>().method<"isActive">(
         [](DNDState) -> bool { return isOn(Setting::doNotDisturb); });
@@ -209,7 +185,6 @@ void registerSettingAgents() {
     registerBatterySaver();
     registerSystemAgent();
     registerFlashlight();
-    registerStyleMode();
     onSettingChange(&announce);
 }
 

@@ -4,23 +4,17 @@
 #include <array>
 #include <string_view>
 
-#include "simulator/springboard/classes.hpp"
+#include "platform/springboard.hpp"
+#include "simulator/runtime/handle.hpp"
+#include "simulator/uikit/classes.hpp"
 
 namespace simulator {
 
 namespace {
 
-#define VANTORI_CLASS(type)                       \
-    struct type : Object {                        \
-        static constexpr FixedString name{#type}; \
-        using Object::Object;                     \
-    }
-
-VANTORI_CLASS(AVSystemController);
-VANTORI_CLASS(MPVolumeController);
-VANTORI_CLASS(MediaControlsVolumeController);
-
-#undef VANTORI_CLASS
+VANTORI_CLASS(AVSystemController, Object);
+VANTORI_CLASS(MPVolumeController, Object);
+VANTORI_CLASS(MediaControlsVolumeController, Object);
 
 struct Category {
     const char* name;

@@ -3,35 +3,27 @@
 #pragma once
 
 #include "platform/uikit_controls.hpp"
+#include "simulator/runtime/handle.hpp"
 #include "simulator/uikit/table.hpp"
 
 namespace simulator {
 
 using namespace platform;  // the phone is written in the same object layer as the library
 
-#define VANTORI_CLASS(type, base, text)          \
-    struct type : base {                         \
-        static constexpr FixedString name{text}; \
-        using base::base;                        \
-    }
-
-VANTORI_CLASS(UITouch, Object, "UITouch");
-VANTORI_CLASS(UIEvent, Object, "UIEvent");
-VANTORI_CLASS(UIVisualEffect, Object, "UIVisualEffect");
-VANTORI_CLASS(UIBackdropView, UIView, "_UIBackdropView");
-VANTORI_CLASS(UILongPressGestureRecognizer, UIGestureRecognizer, "UILongPressGestureRecognizer");
-VANTORI_CLASS(UIScreenEdgePanGestureRecognizer, UIPanGestureRecognizer,
-              "UIScreenEdgePanGestureRecognizer");
-VANTORI_CLASS(UIAlertView, UIView, "UIAlertView");
-VANTORI_CLASS(UIAlertController, UIViewController, "UIAlertController");
-VANTORI_CLASS(UIAlertAction, Object, "UIAlertAction");
-VANTORI_CLASS(NSValue, Object, "NSValue");
-VANTORI_CLASS(NSTimer, Object, "NSTimer");
-VANTORI_CLASS(ClockTimer, NSTimer, "VirtualClockTimer");
-VANTORI_CLASS(NSException, Object, "NSException");
+VANTORI_CLASS(UITouch, Object);
+VANTORI_CLASS(UIEvent, Object);
+VANTORI_CLASS(UIVisualEffect, Object);
+VANTORI_NAMED_CLASS(UIBackdropView, UIView, "_UIBackdropView");
+VANTORI_CLASS(UILongPressGestureRecognizer, UIGestureRecognizer);
+VANTORI_CLASS(UIScreenEdgePanGestureRecognizer, UIPanGestureRecognizer);
+VANTORI_CLASS(UIAlertView, UIView);
+VANTORI_CLASS(UIAlertController, UIViewController);
+VANTORI_CLASS(UIAlertAction, Object);
+VANTORI_CLASS(NSValue, Object);
+VANTORI_CLASS(NSTimer, Object);
+VANTORI_NAMED_CLASS(ClockTimer, NSTimer, "VirtualClockTimer");
+VANTORI_CLASS(NSException, Object);
 // What a view or layer shows on screen now, mid-animation.
-VANTORI_CLASS(ViewPresentation, Object, "UIViewPresentation");
-
-#undef VANTORI_CLASS
+VANTORI_NAMED_CLASS(ViewPresentation, Object, "UIViewPresentation");
 
 }  // namespace simulator

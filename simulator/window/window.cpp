@@ -10,12 +10,12 @@
 #include <optional>
 #include <sstream>
 
+#include "simulator/phone/screen_picture.hpp"
 #include "simulator/rendering/canvas.hpp"
 #include "simulator/rendering/fingerprint.hpp"
 #include "simulator/runtime/clock.hpp"
-#include "simulator/springboard/lock_screen.hpp"
-#include "simulator/springboard/orientation.hpp"
-#include "simulator/springboard/screen_picture.hpp"
+#include "simulator/springboard/display/lock_screen.hpp"
+#include "simulator/springboard/display/orientation.hpp"
 #include "simulator/uikit/screen/screen.hpp"
 #include "simulator/window/display.hpp"
 
@@ -40,7 +40,7 @@ struct Key {
 
 class PhoneWindow {
   public:
-    PhoneWindow(const LiveOptions& options, std::ostream& output)
+    PhoneWindow(const live::LiveOptions& options, std::ostream& output)
         : output_(output),
           display_("Vantori"),
           live_(options, isatty(STDIN_FILENO) != 0, output),
@@ -107,10 +107,10 @@ class PhoneWindow {
 
     std::ostream& output_;
     Display display_;
-    LivePhone live_;
+    live::LivePhone live_;
     bool hasConsole_;
     std::filesystem::path pictures_;
-    LineReader input_{STDIN_FILENO};
+    live::LineReader input_{STDIN_FILENO};
     rendering::Size shown_;
     std::optional<std::uint64_t> drawn_;
     std::chrono::steady_clock::time_point before_ = std::chrono::steady_clock::now();
@@ -203,7 +203,7 @@ void PhoneWindow::lift(bool cancelled) {
 }
 
 void PhoneWindow::hearConsole() {
-    if (waitForInput(STDIN_FILENO, -1, 0).first) input_.read();
+    if (live::waitForInput(STDIN_FILENO, -1, 0).first) input_.read();
     while (const std::optional<std::string> text = input_.line()) {
         if (!live_.console().take(*text)) return quit();
         live_.console().prompt();
@@ -250,7 +250,7 @@ std::string keysHelp() {
     return text.str();
 }
 
-int runWindow(const LiveOptions& options, std::ostream& output) {
+int runWindow(const live::LiveOptions& options, std::ostream& output) {
     return PhoneWindow(options, output).run();
 }
 

@@ -5,7 +5,7 @@
 #include <ostream>
 #include <string>
 
-#include "simulator/window/live_phone.hpp"
+#include "simulator/live/live_phone.hpp"
 
 namespace simulator::window {
 
@@ -13,6 +13,6 @@ namespace simulator::window {
 std::string keysHelp();
 
 // Until the window is closed. Throws std::runtime_error when there is no display.
-int runWindow(const LiveOptions& options, std::ostream& output);
+int runWindow(const live::LiveOptions& options, std::ostream& output);
 
 }  // namespace simulator::window

@@ -181,7 +181,7 @@ class PackageTest(unittest.TestCase):
     def test_defaults_are_those_of_the_library(self):
         sources = "".join(
             path.read_text()
-            for room in ("core", "toolbar", "pages", "toggles")
+            for room in ("settings", "toggles", "pages", "toolbar", "hooks")
             for path in (REPOSITORY / room).glob("*.cpp")
         )
         read = re.findall(r'(?<!\(void\))\bboolSetting\("(\w+)"_ns, (true|false)\)', sources)

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 #include <unistd.h>
+#include <nlohmann/json.hpp>
 
 #include "platform/core_foundation.hpp"
 #include "simulator/foundation/bundles.hpp"

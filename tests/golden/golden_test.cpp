@@ -8,14 +8,14 @@
 #include <iterator>
 #include <sstream>
 
-#include "core/start_up.hpp"
+#include "hooks/start_up.hpp"
 #include "platform/ownership.hpp"
+#include "simulator/phone/extension.hpp"
+#include "simulator/phone/screen_picture.hpp"
 #include "simulator/rendering/png.hpp"
 #include "simulator/scenario/parser.hpp"
 #include "simulator/scenario/phone.hpp"
 #include "simulator/scenario/session.hpp"
-#include "simulator/springboard/extension.hpp"
-#include "simulator/springboard/screen_picture.hpp"
 #include "tests/golden/scenes.hpp"
 
 namespace {

@@ -1,5 +1,5 @@
 // A tap on an icon of the open toolbar, in both styles, and what the page asks of the host.
-#include "pages/application_hosting.hpp"
+#include "pages/application_host.hpp"
 #include "platform/definition.hpp"
 #include "tests/pages/applications.hpp"
 

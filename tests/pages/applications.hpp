@@ -5,12 +5,12 @@
 #include <string>
 #include <vector>
 
-#include "core/pull_scene.hpp"
+#include "hooks/pull_scene.hpp"
 #include "pages/app_button.hpp"
 #include "pages/applications_page.hpp"
-#include "simulator/springboard/icon_lists.hpp"
-#include "simulator/springboard/recents.hpp"
-#include "tests/core/library_phone.hpp"
+#include "simulator/springboard/applications/recents.hpp"
+#include "simulator/springboard/home/icon_lists.hpp"
+#include "tests/library_phone.hpp"
 
 namespace vantori::tests {
 

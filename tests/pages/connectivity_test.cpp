@@ -3,8 +3,10 @@
 // (L - b n) / (n + 1), and button k stands at b k + gap (k + 1).
 #include "pages/connectivity_page.hpp"
 
-#include "core/settings_callbacks.hpp"
-#include "tests/core/library_phone.hpp"
+#include <nlohmann/json.hpp>
+
+#include "tests/library_phone.hpp"
+#include "toolbar/settings_reload.hpp"
 
 namespace vantori::tests {
 namespace {

@@ -4,7 +4,7 @@
 #include "pages/module_round_button.hpp"
 #include "platform/control_center.hpp"
 #include "platform/definition.hpp"
-#include "tests/core/library_phone.hpp"
+#include "tests/library_phone.hpp"
 
 namespace vantori::tests {
 namespace {

@@ -5,7 +5,6 @@
 #include <thread>
 
 #include "platform/definition.hpp"
-#include "simulator/springboard/classes.hpp"
 #include "tests/pages/music_phone.hpp"
 
 namespace vantori::tests {

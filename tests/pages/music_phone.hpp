@@ -2,7 +2,7 @@
 #pragma once
 
 #include "pages/music_page.hpp"
-#include "tests/core/library_phone.hpp"
+#include "tests/library_phone.hpp"
 
 namespace vantori::tests {
 

@@ -1,6 +1,7 @@
 // The volume is left to the base class: this phone has none.
 #include "tests/scenario/fake_phone.hpp"
 
+#include <nlohmann/json.hpp>
 #include <sstream>
 
 namespace simulator::scenario {

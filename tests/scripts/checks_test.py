@@ -34,13 +34,17 @@ class TreeTest(unittest.TestCase):
 class FloorsTest(TreeTest):
     def test_downward_and_level_includes_pass(self):
         self.include("platform/object.hpp")
-        self.include("core/settings.hpp", "platform/object.hpp")
-        self.include("toggles/toggle.hpp", "core/settings.hpp")
+        self.include("settings/file.hpp", "platform/object.hpp")
+        self.include("toggles/toggle.hpp", "settings/file.hpp")
         self.include("pages/music.hpp", "toggles/toggle.hpp")
-        self.include("toolbar/toolbar.hpp", "pages/music.hpp", "core/settings.hpp")
-        self.include("core/hooks.cpp", "toolbar/toolbar.hpp")
-        self.include("simulator/phone.hpp", "platform/object.hpp")
-        self.include("tests/core/hooks_test.cpp", "core/settings.hpp", "simulator/phone.hpp")
+        self.include("pages/apps.hpp", "pages/music.hpp")
+        self.include("toolbar/toolbar.hpp", "pages/music.hpp", "settings/file.hpp")
+        self.include("hooks/start.hpp", "toolbar/toolbar.hpp")
+        self.include("entry.cpp", "hooks/start.hpp")
+        self.include("simulator/uikit/view/view.hpp", "platform/object.hpp")
+        self.include("simulator/springboard/home.hpp", "simulator/uikit/view/view.hpp")
+        self.include("simulator/main.cpp", "simulator/springboard/home.hpp")
+        self.include("tests/hooks/hooks_test.cpp", "settings/file.hpp", "simulator/springboard/home.hpp")
         self.assertEqual(self.findings("check-floors"), [])
 
     def test_upward_include(self):
@@ -48,36 +52,44 @@ class FloorsTest(TreeTest):
         self.include("pages/music.cpp", "toolbar/toolbar.hpp")
         self.assertEqual(
             self.findings("check-floors"),
-            ["pages/music.cpp includes toolbar/toolbar.hpp, from floor 3 up to floor 4"],
+            ["pages/music.cpp includes toolbar/toolbar.hpp, which stands above it"],
         )
 
-    def test_lower_core_may_not_see_the_upper(self):
-        self.include("core/hooks.hpp")
-        self.include("core/settings.cpp", "core/hooks.hpp")
+    def test_upward_include_in_the_simulator(self):
+        self.include("simulator/springboard/home.hpp")
+        self.include("simulator/services/radios.cpp", "simulator/springboard/home.hpp")
         self.assertEqual(
             self.findings("check-floors"),
-            ["core/settings.cpp includes core/hooks.hpp, from floor 1 up to floor 5"],
+            ["simulator/services/radios.cpp includes simulator/springboard/home.hpp, which stands above it"],
+        )
+
+    def test_what_stands_outside_the_folders_stands_above_them(self):
+        self.include("simulator/program.hpp")
+        self.include("simulator/phone/phone.cpp", "simulator/program.hpp")
+        self.assertEqual(
+            self.findings("check-floors"),
+            ["simulator/phone/phone.cpp includes simulator/program.hpp, which stands above it"],
         )
 
     def test_library_and_simulator_do_not_see_each_other(self):
-        self.include("core/settings.hpp", "simulator/phone.hpp")
+        self.include("settings/file.hpp", "simulator/phone.hpp")
         self.include("simulator/phone.hpp")
-        self.include("simulator/main.cpp", "core/settings.hpp")
+        self.include("simulator/main.cpp", "settings/file.hpp")
         self.assertEqual(
             self.findings("check-floors"),
             [
-                "core/settings.hpp includes simulator/phone.hpp, but core/ may not see simulator/",
-                "simulator/main.cpp includes core/settings.hpp, but simulator/ may not see core/",
+                "settings/file.hpp includes simulator/phone.hpp, but settings/ may not see simulator/",
+                "simulator/main.cpp includes settings/file.hpp, but simulator/ may not see settings/",
             ],
         )
 
     def test_include_that_does_not_start_at_the_root(self):
-        self.include("core/settings.hpp")
-        self.include("core/settings.cpp", "settings.hpp")
+        self.include("settings/file.hpp")
+        self.include("settings/file.cpp", "file.hpp")
         self.assertEqual(
             self.findings("check-floors"),
             [
-                "core/settings.cpp includes settings.hpp, "
+                "settings/file.cpp includes file.hpp, "
                 "which is no file of the repository, named from its root"
             ],
         )
@@ -94,7 +106,7 @@ class FloorsTest(TreeTest):
 
 class WordsTest(TreeTest):
     def test_plain_comments_pass(self):
-        self.write("core/a.cpp", "// A specific reason, in points; part 2 of the path is unspecified.")
+        self.write("pages/a.cpp", "// A specific reason, in points; part 2 of the path is unspecified.")
         self.assertEqual(self.findings("check-words"), [])
 
     def test_each_rule_finds_its_words(self):
@@ -107,10 +119,10 @@ class WordsTest(TreeTest):
             "not yet imple" + "mented",
         ):
             with self.subTest(words):
-                self.write("core/a.cpp", "int a;", f"// {words}")
+                self.write("pages/a.cpp", "int a;", f"// {words}")
                 found = self.findings("check-words")
                 self.assertEqual(len(found), 1)
-                self.assertTrue(found[0].startswith("core/a.cpp:2: '"), found[0])
+                self.assertTrue(found[0].startswith("pages/a.cpp:2: '"), found[0])
 
     def test_build_folder_and_pictures_are_left_alone(self):
         self.write("build/x.cpp", "// TO" + "DO")
@@ -121,7 +133,7 @@ class WordsTest(TreeTest):
 class DeviceTablesTest(TreeTest):
     def setUp(self):
         super().setUp()
-        self.write("core/hook_table.cpp", 'hook<"SBOne", "old:", &a>(),', 'hook<"SBOne", "kept", &b>(),',
+        self.write("hooks/hook_table.cpp", 'hook<"SBOne", "old:", &a>(),', 'hook<"SBOne", "kept", &b>(),',
                    'laterForm<"SBOne", "old:", "old:new:", &a>(),')  # fmt: skip
         self.methods("SBOne - kept v@: . 11.1,12.0 13.2.2 .")
         self.document("")

@@ -2,8 +2,8 @@
 // come round.
 #include <gtest/gtest.h>
 
+#include "platform/now_playing.hpp"
 #include "simulator/scenario/phone.hpp"
-#include "simulator/springboard/classes.hpp"
 #include "simulator/uikit/scene.hpp"
 
 namespace simulator::testing {

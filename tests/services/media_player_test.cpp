@@ -1,10 +1,12 @@
 // The phone's player, without the library: queue, time, commands, and whom it tells what.
 #include <gtest/gtest.h>
 
+#include "platform/now_playing.hpp"
+#include "platform/springboard.hpp"
 #include "simulator/runtime/clock.hpp"
 #include "simulator/scenario/phone.hpp"
 #include "simulator/services/media_player.hpp"
-#include "simulator/springboard/classes.hpp"
+#include "simulator/uikit/classes.hpp"
 
 namespace simulator::testing {
 namespace {

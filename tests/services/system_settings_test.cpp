@@ -6,12 +6,12 @@
 
 #include "platform/package_view.hpp"
 #include "platform/system_settings.hpp"
+#include "simulator/phone/screen_picture.hpp"
 #include "simulator/rendering/symbols.hpp"
 #include "simulator/scenario/phone.hpp"
 #include "simulator/services/packages.hpp"
 #include "simulator/services/setting_agents.hpp"
-#include "simulator/springboard/orientation.hpp"
-#include "simulator/springboard/screen_picture.hpp"
+#include "simulator/springboard/display/orientation.hpp"
 #include "simulator/uikit/layer/layer.hpp"
 
 namespace {

@@ -1,11 +1,11 @@
 // Addresses: who opens which, and that the application object says so.
-#include "simulator/springboard/addresses.hpp"
+#include "simulator/springboard/applications/addresses.hpp"
 
 #include <gtest/gtest.h>
 
 #include "platform/block.hpp"
 #include "simulator/scenario/phone.hpp"
-#include "simulator/springboard/applications.hpp"
+#include "simulator/springboard/applications/applications.hpp"
 #include "simulator/uikit/classes.hpp"
 
 namespace simulator {

@@ -1,13 +1,14 @@
 // The phone's icons, dock, recents and processes by themselves, without the extension.
 #include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
 
 #include "simulator/foundation/device_root.hpp"
+#include "simulator/phone/temporary_root.hpp"
 #include "simulator/scenario/phone.hpp"
-#include "simulator/springboard/icon_lists.hpp"
-#include "simulator/springboard/icons.hpp"
-#include "simulator/springboard/processes.hpp"
-#include "simulator/springboard/recents.hpp"
-#include "simulator/springboard/temporary_root.hpp"
+#include "simulator/springboard/applications/processes.hpp"
+#include "simulator/springboard/applications/recents.hpp"
+#include "simulator/springboard/home/icon_lists.hpp"
+#include "simulator/springboard/home/icons.hpp"
 
 namespace {
 

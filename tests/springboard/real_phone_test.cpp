@@ -4,8 +4,8 @@
 
 #include "simulator/runtime/presence.hpp"
 #include "simulator/scenario/phone.hpp"
-#include "simulator/springboard/extension.hpp"
-#include "simulator/springboard/hook_report_notes.hpp"
+#include "simulator/phone/extension.hpp"
+#include "simulator/phone/hook_report_notes.hpp"
 
 namespace simulator {
 namespace {

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "platform/definition.hpp"
-#include "tests/core/library_phone.hpp"
+#include "tests/library_phone.hpp"
 #include "toggles/brightness_slider.hpp"
 #include "toggles/volume_slider.hpp"
 

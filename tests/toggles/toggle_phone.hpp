@@ -5,7 +5,7 @@
 #include "platform/package_view.hpp"
 #include "simulator/uikit/animation/animation.hpp"
 #include "simulator/uikit/view/view.hpp"
-#include "tests/core/library_phone.hpp"
+#include "tests/library_phone.hpp"
 #include "toggles/catalogue.hpp"
 
 namespace vantori::tests {

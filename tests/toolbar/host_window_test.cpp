@@ -2,7 +2,7 @@
 // shows, the window itself never.
 #include "toolbar/host_windows.hpp"
 
-#include "tests/core/library_phone.hpp"
+#include "tests/library_phone.hpp"
 
 namespace vantori::tests {
 namespace {

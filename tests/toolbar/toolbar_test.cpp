@@ -3,9 +3,9 @@
 
 #include "toolbar/sb_toolbar_controller.hpp"
 
-#include "core/pull_scene.hpp"
+#include "hooks/pull_scene.hpp"
 #include "platform/definition.hpp"
-#include "tests/core/library_phone.hpp"
+#include "tests/library_phone.hpp"
 #include "toolbar/arrangement.hpp"
 
 namespace vantori::tests {

@@ -1,9 +1,9 @@
 // A phone that shows the welcome pager, and ways to find its parts.
 #pragma once
 
-#include "core/hook_welcome.hpp"
+#include "hooks/hook_welcome.hpp"
 #include "platform/uikit_controls.hpp"
-#include "tests/core/library_phone.hpp"
+#include "tests/library_phone.hpp"
 #include "toolbar/update_view_controller.hpp"
 
 namespace vantori::tests {

@@ -1,8 +1,0 @@
-// The one load-time constructor: whoever loads the library starts it.
-#include "core/start_up.hpp"
-
-namespace {
-
-[[gnu::constructor]] void load() { vantori::startUp(); }
-
-}  // namespace

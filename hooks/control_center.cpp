@@ -1,0 +1,119 @@
+#include "hooks/control_center.hpp"
+
+#include "settings/notifications.hpp"
+#include "settings/variables.hpp"
+#include "toolbar/sb_toolbar_controller.hpp"
+
+namespace vantori {
+
+namespace {
+
+// Upward flicks faster than this close; points per second.
+constexpr double closingVelocity = -15.0;
+
+// Without "replaceCC", a phone without a home button keeps the system's gestures.
+bool leavesToSystem() { return !replaceCC && hasNoHomeButton(); }
+
+double pulledDistance(UIPanGestureRecognizer pan, UIView container) {
+    const CGPoint location = pan.locationInView(container);
+    switch (SpringBoard::shared().frontMostAppOrientation()) {
+        case orientationPortrait:
+            return location.y;
+        case orientationLandscapeRight:
+            return UIScreen::mainScreen().bounds().size.height - location.x;
+        default:
+            return location.x;
+    }
+}
+
+void releaseStatusBarPull(VNTSBToolBarController toolbar, double velocity, double distance) {
+    const double screenHeight = UIScreen::mainScreen().bounds().size.height;
+    const double height = toolbar.suggestedY();
+    const bool opens = velocity > closingVelocity && distance > 0.5 * height;
+    toolbar.updateYValueWithAnimation(opens ? screenHeight - height : screenHeight);
+    toolbar.setIsEnabled(opens);
+}
+
+// The zone test makes a bottom-edge pull ready; here the first pull of all would find no window to be
+// seen in and a heap of buttons.
+void prepareForFirstPull(VNTSBToolBarController toolbar) {
+    toolbar.makeKeyWindow();
+    toolbar.layoutConnectivityButton();
+}
+
+void followStatusBarPull(UIPanGestureRecognizer pan) {
+    VNTSBToolBarController toolbar = VNTSBToolBarController::shared();
+    UIView container = pan.view().superview();
+    pan.send<"translationInView:", CGPoint>(container);  // asked for and not used
+    const double distance = pulledDistance(pan, container);
+    const double y =
+        UIScreen::mainScreen().bounds().size.height - rubberBand(distance, toolbar.suggestedY());
+    switch (pan.state()) {
+        case UIGestureRecognizer::began:
+            prepareForFirstPull(toolbar);
+            toolbar.updateYValueWithAnimation(y);
+            pan.setTranslation({0, 0}, container);
+            break;
+        case UIGestureRecognizer::changed:
+            toolbar.updateYValue(y);
+            pan.setTranslation({0, 0}, container);
+            break;
+        case UIGestureRecognizer::ended:
+        case UIGestureRecognizer::cancelled:
+            releaseStatusBarPull(toolbar, pan.velocityInView(container).y, distance);
+            break;
+        default:
+            break;
+    }
+}
+
+PullSource sourceOf(Object self) {
+    const CGPoint location = self.send<"_presentGestureLocationInView", CGPoint>();
+    return {edgePosition(location), replaceCC, false};
+}
+
+}  // namespace
+
+bool hasNoHomeButton() { return BSPlatform::shared().homeButtonType() == BSPlatform::noHomeButton; }
+
+void statusBarPulledDown(System<void(Object)> system, Object, Object recognizer) {
+    if (!replaceCC) {
+        shouldHideCCScrollView = false;
+        post(local::controlCenterBack());
+        system(recognizer);
+        return;
+    }
+    shouldHideCCScrollView = true;
+    followStatusBarPull(as<UIPanGestureRecognizer>(recognizer));
+}
+
+void controlCenterPullBegan(const TongueReport& system, Object self, Object tongue, double distance,
+                            double velocity) {
+    VNTSBToolBarController::shared().makeKeyWindow();
+    clearPull();
+    if (leavesToSystem()) {
+        letSystemPull(system, tongue, distance, velocity);
+        return;
+    }
+    beginPull(system, sourceOf(self), tongue, distance, velocity);
+}
+
+void controlCenterPullUpdated(const TongueReport& system, Object self, Object tongue,
+                              double distance, double velocity) {
+    sourceOf(self);  // location and orientation are taken afresh on each report
+    updatePull(system, tongue, distance, velocity);
+}
+
+void controlCenterPullEnded(const TongueReport& system, Object, Object tongue, double distance,
+                            double velocity) {
+    if (leavesToSystem()) clearPull();
+    endPull(system, tongue, distance, velocity);
+}
+
+void controlCenterPullCancelled(const TongueReport& system, Object, Object tongue, double distance,
+                                double velocity) {
+    if (leavesToSystem()) clearPull();
+    cancelPull(system, tongue, distance, velocity);
+}
+
+}  // namespace vantori

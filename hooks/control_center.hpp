@@ -1,0 +1,18 @@
+// The Control Center replacement: with "replaceCC" on, the gestures that would open the system's
+// Control Center open the SpringBoard toolbar.
+#pragma once
+
+#include "hooks/pull_tracking.hpp"
+
+namespace vantori {
+
+// Whether the device has no home button, as the platform says (2 means none).
+bool hasNoHomeButton();
+
+void statusBarPulledDown(System<void(Object)> system, Object self, Object recognizer);
+PullHandler controlCenterPullBegan;
+PullHandler controlCenterPullUpdated;
+PullHandler controlCenterPullEnded;
+PullHandler controlCenterPullCancelled;
+
+}  // namespace vantori

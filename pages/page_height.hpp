@@ -1,0 +1,10 @@
+// The heights of the pages and of the band above them. Points.
+#pragma once
+
+namespace vantori {
+
+inline constexpr double bandHeight = 15;  // above the pages
+inline constexpr double pageHeight = 100;
+inline constexpr double stripHeight = bandHeight + pageHeight;
+
+}  // namespace vantori

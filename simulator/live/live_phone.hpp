@@ -1,0 +1,54 @@
+// A phone that someone looks at: set up from the command line, switched on, listening for the
+// notifications of other processes, with a console beside it.
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "simulator/live/console_input.hpp"
+#include "simulator/live/darwin_socket.hpp"
+#include "simulator/scenario/console.hpp"
+#include "simulator/scenario/phone.hpp"
+
+namespace simulator::live {
+
+struct LiveOptions {
+    std::string device;                 // its own default when empty
+    std::string system;                 // likewise
+    std::vector<std::string> settings;  // KEY=JSON
+    std::filesystem::path root;         // see PhoneOptions
+    bool real = false;                  // likewise
+    std::filesystem::path pictures;
+};
+
+// Throws std::runtime_error when the text is no KEY=JSON.
+std::pair<std::string, nlohmann::json> parseSetting(const std::string& text);
+
+class LivePhone {
+  public:
+    // Throws std::runtime_error for options that do not hold. The phone is off.
+    LivePhone(const LiveOptions& options, bool prompt, std::ostream& output);
+
+    Phone& phone() { return *phone_; }
+    scenario::Console& console() { return console_; }
+    const DarwinListener& listener() const { return listener_; }
+
+    // Posts what other processes have sent since the last time. They are lost on a phone that is
+    // still off.
+    void hearNotifications();
+
+  private:
+    std::unique_ptr<Phone> phone_;
+    DarwinListener listener_;
+    scenario::Console console_;
+};
+
+// The console on standard input: statements in phone time, notifications as they come. The status
+// of the console.
+int runLiveConsole(const LiveOptions& options, std::ostream& output);
+
+}  // namespace simulator::live

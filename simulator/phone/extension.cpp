@@ -1,0 +1,68 @@
+#include "simulator/phone/extension.hpp"
+
+#include <dlfcn.h>
+
+#include <array>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <stdexcept>
+
+#include "simulator/loader/library.hpp"
+
+namespace simulator {
+
+namespace {
+
+std::function<void()>& loaderSlot() {
+    static auto& loader = *new std::function<void()>;
+    return loader;
+}
+
+std::filesystem::path libraryPath() {
+    if (const char* named = std::getenv("VANTORI_LIBRARY"); named && *named) return named;
+    std::error_code error;
+    auto program = std::filesystem::read_symlink("/proc/self/exe", error);
+    return program.parent_path().parent_path() / "lib" / "libvantori.so";
+}
+
+[[noreturn]] void refuse(const std::string& reason) {
+    throw std::runtime_error("the extension does not load: " + reason);
+}
+
+// Whether this machine's own loader is the one to ask: for its own files, and for the words about
+// files that are not there.
+bool isForThisMachine(const std::filesystem::path& path) {
+    constexpr std::array<char, 4> elf{'\x7f', 'E', 'L', 'F'};
+    std::ifstream file(path, std::ios::binary);
+    if (!file || std::filesystem::is_directory(path)) return true;
+    std::array<char, 4> magic{};
+    file.read(magic.data(), magic.size());
+    return magic == elf;
+}
+
+}  // namespace
+
+void setExtensionLoader(std::function<void()> loader) { loaderSlot() = std::move(loader); }
+
+void nameExtension(const std::filesystem::path& path) {
+    setenv("VANTORI_LIBRARY", std::filesystem::absolute(path).c_str(), 1);
+}
+
+void loadExtension() {
+    if (loaderSlot()) return loaderSlot()();
+    std::filesystem::path path = libraryPath();
+    if (!isForThisMachine(path)) {
+        try {
+            return loader::loadMachO(path);
+        } catch (const loader::BadImage& error) {
+            refuse(path.string() + ": " + error.what());
+        }
+    }
+    if (!dlopen(path.c_str(), RTLD_NOW | RTLD_GLOBAL)) {
+        const char* reason = dlerror();
+        refuse(reason ? reason : path.string());
+    }
+}
+
+}  // namespace simulator

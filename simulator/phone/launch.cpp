@@ -1,0 +1,180 @@
+#include "simulator/phone/launch.hpp"
+
+
+#include <filesystem>
+
+#include "simulator/foundation/bundles.hpp"
+#include "simulator/foundation/conversions.hpp"
+#include "simulator/foundation/device_root.hpp"
+#include "simulator/foundation/files.hpp"
+#include "simulator/foundation/first_use.hpp"
+#include "simulator/foundation/notification_counts.hpp"
+#include "simulator/foundation/observers.hpp"
+#include "simulator/hardware/configuration.hpp"
+#include "simulator/hardware/uikit_bridge.hpp"
+#include "simulator/phone/extension.hpp"
+#include "simulator/phone/hook_report_notes.hpp"
+#include "simulator/runtime/associations.hpp"
+#include "simulator/runtime/clock.hpp"
+#include "simulator/runtime/crash.hpp"
+#include "simulator/runtime/machine.hpp"
+#include "simulator/runtime/system_log.hpp"
+#include "simulator/services/brightness.hpp"
+#include "simulator/services/connectivity.hpp"
+#include "simulator/services/marquee_view.hpp"
+#include "simulator/services/module_contents.hpp"
+#include "simulator/services/now_playing.hpp"
+#include "simulator/services/packages.hpp"
+#include "simulator/services/screen_recording.hpp"
+#include "simulator/services/setting_agents.hpp"
+#include "simulator/services/volume.hpp"
+#include "simulator/springboard/applications/addresses.hpp"
+#include "simulator/springboard/applications/applications.hpp"
+#include "simulator/springboard/applications/media.hpp"
+#include "simulator/springboard/applications/processes.hpp"
+#include "simulator/springboard/applications/recents.hpp"
+#include "simulator/springboard/applications/scene_layout.hpp"
+#include "simulator/springboard/applications/springboard_application.hpp"
+#include "simulator/springboard/control_center/control_center.hpp"
+#include "simulator/springboard/display/interface_style.hpp"
+#include "simulator/springboard/display/lock_screen.hpp"
+#include "simulator/springboard/display/platform_parts.hpp"
+#include "simulator/springboard/display/setting_effects.hpp"
+#include "simulator/springboard/display/windows.hpp"
+#include "simulator/springboard/gestures/reachability.hpp"
+#include "simulator/springboard/gestures/switcher_gestures.hpp"
+#include "simulator/springboard/home/home_screen.hpp"
+#include "simulator/springboard/home/icon_lists.hpp"
+#include "simulator/springboard/home/icons.hpp"
+#include "simulator/uikit/application/application.hpp"
+#include "simulator/uikit/image/image.hpp"
+#include "simulator/uikit/screen/screen.hpp"
+#include "simulator/uikit/uikit.hpp"
+#include "simulator/uikit/view/effect/material.hpp"
+
+namespace simulator {
+
+namespace {
+
+constexpr double launchingTime = 10;  // seconds, at most
+
+void setUpScreen() {
+    const Configuration& phone = configuration();
+    setMachine(phone.machine);
+    screen().portrait = phone.screen;
+    screen().scale = phone.scale;
+    screen().systemVersion = phone.systemVersion;
+}
+
+// The pictures that the extension's package puts on a phone.
+void installSupportFiles() {
+    namespace fs = std::filesystem;
+    fs::path target = DeviceRoot::shared().locate("/Library/Application Support/Vantori");
+    std::error_code error;
+    fs::path program = fs::read_symlink("/proc/self/exe", error);
+    for (const fs::path& source : {program.parent_path().parent_path() / "share/vantori/assets",
+                                   fs::path(VANTORI_SOURCE_DIR) / "assets"}) {
+        if (!fs::is_directory(source, error)) continue;
+        fs::create_directories(target, error);
+        fs::copy(source, target, fs::copy_options::recursive | fs::copy_options::skip_existing,
+                 error);
+        return;
+    }
+}
+
+// A plain name is one of SpringBoard's own bundle.
+std::string imagePath(const std::string& path) {
+    const bool named = !path.starts_with('/');
+    return DeviceRoot::shared().map(named ? "/System/Library/CoreServices/SpringBoard.app/" + path
+                                          : path);
+}
+
+void startSpringBoard() {
+    auto application = create<SpringBoard>();
+    if (application) setSharedApplication(UIApplication(application.get()));
+    makeWindows();
+    makeHomeScreen();
+    moveHomeScreenToWindow();
+    restoreRecents();
+    gestureManager();
+    if (SBMainDisplaySceneLayoutViewController layout = sceneLayoutController()) {
+        layout.view();
+        windows().scenes.setRootViewController(layout);
+        windows().scenes.setHidden(false);
+    }
+    application.send<"applicationDidFinishLaunching:">(Object(application.get()));
+}
+
+}  // namespace
+
+void prepareProcess() {
+    AutoreleasePool pool;
+    makeFirstUses();
+    SystemLog::shared().install();
+    installCrashReport();
+    installAssociations();
+    installFiles();
+    installBundles();
+    installConversions();
+    installNotificationCounts();
+    installObservers();
+}
+
+void registerSpringBoard() {
+    AutoreleasePool pool;
+    registerSystemPan();
+    registerWindows();
+    registerApplications();
+    registerSceneLayout();
+    registerIcons();
+    registerIconLists();
+    registerHomeScreen();
+    registerSwitcherGestures();
+    registerReachability();
+    registerRecents();
+    registerProcesses();
+    registerLockScreen();
+    registerControlCenter();
+    registerPlatformParts();
+    registerMedia();
+    registerNowPlaying();
+    registerMarqueeView();
+    registerMaterials();
+    registerVolume();
+    registerBrightness();
+    registerModuleControllers();
+    registerModules();
+    announceScreenRecording();
+    registerConnectivity();
+    registerSettingAgents();
+    registerInterfaceStyle();
+    announceDoNotDisturb();
+    registerPackages();
+    followSettings();
+    registerSpringBoardApplication();
+}
+
+void launchPhone(Extension extension) {
+    AutoreleasePool pool;
+    setUpScreen();
+    installSupportFiles();
+    registerUIKit();
+    setImagePaths(&imagePath);
+    registerSpringBoard();
+    installAddresses();
+    if (extension == Extension::load) loadExtension();
+    noteInHookReport();
+    startSpringBoard();
+    settle(launchingTime);
+    // With the home screen in front no application's scenes are on the display.
+    if (frontMostIdentifier().empty()) windows().scenes.setHidden(true);
+}
+
+void settle(double atMost) {
+    Clock& clock = Clock::shared();
+    double end = clock.now() + atMost;
+    do clock.advance(Clock::frame);
+    while (anythingMoves() && clock.now() < end);
+}
+
+}  // namespace simulator

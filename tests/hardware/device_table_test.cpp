@@ -1,0 +1,51 @@
+// The device table, row by row: screen in points, scale, home button.
+#include "simulator/hardware/device_table.hpp"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using simulator::DeviceModel;
+using simulator::findDevice;
+
+class Devices : public testing::TestWithParam<DeviceModel> {};
+
+TEST_P(Devices, HaveTheirScreenAndButton) {
+    const DeviceModel& expected = GetParam();
+    auto found = findDevice(expected.identifier);
+    EXPECT_EQ(found.width, expected.width);
+    EXPECT_EQ(found.height, expected.height);
+    EXPECT_EQ(found.scale, expected.scale);
+    EXPECT_EQ(found.homeButton, expected.homeButton);
+}
+
+INSTANTIATE_TEST_SUITE_P(Table, Devices,
+                         testing::Values(DeviceModel{"iPhone6,1", 320, 568, 2, true},
+                                         DeviceModel{"iPhone8,4", 320, 568, 2, true},
+                                         DeviceModel{"iPhone7,2", 375, 667, 2, true},
+                                         DeviceModel{"iPhone8,1", 375, 667, 2, true},
+                                         DeviceModel{"iPhone9,1", 375, 667, 2, true},
+                                         DeviceModel{"iPhone10,1", 375, 667, 2, true},
+                                         DeviceModel{"iPhone7,1", 414, 736, 3, true},
+                                         DeviceModel{"iPhone9,2", 414, 736, 3, true},
+                                         DeviceModel{"iPhone10,2", 414, 736, 3, true},
+                                         DeviceModel{"iPhone10,3", 375, 812, 3, false},
+                                         DeviceModel{"iPhone10,6", 375, 812, 3, false},
+                                         DeviceModel{"iPhone11,2", 375, 812, 3, false},
+                                         DeviceModel{"iPhone12,3", 375, 812, 3, false},
+                                         DeviceModel{"iPhone11,8", 414, 896, 2, false},
+                                         DeviceModel{"iPhone12,1", 414, 896, 2, false},
+                                         DeviceModel{"iPhone11,6", 414, 896, 3, false},
+                                         DeviceModel{"iPhone12,5", 414, 896, 3, false},
+                                         DeviceModel{"iPhone12,8", 375, 667, 2, true}));
+
+INSTANTIATE_TEST_SUITE_P(Neighbours, Devices,
+                         testing::Values(DeviceModel{"iPhone3,1", 320, 568, 2, true},
+                                         DeviceModel{"iPhone5,4", 320, 568, 2, true},
+                                         DeviceModel{"iPod5,1", 320, 568, 2, true},
+                                         DeviceModel{"iPhone14,2", 375, 812, 3, false},
+                                         DeviceModel{"iPhone99,1", 375, 812, 3, false},
+                                         DeviceModel{"x86_64", 375, 812, 3, false},
+                                         DeviceModel{"", 375, 812, 3, false}));
+
+}  // namespace

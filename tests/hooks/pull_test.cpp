@@ -1,0 +1,299 @@
+// The pull at the bottom edge, report by report. W = 375, H = 812; the stacked toolbar is 515 high,
+// the strip 115.
+#include "hooks/pull_tracking.hpp"
+
+#include "hooks/pull_scene.hpp"
+#include "simulator/runtime/journal.hpp"
+#include "simulator/springboard/gestures/switcher_gestures.hpp"
+#include "tests/library_phone.hpp"
+
+namespace vantori::tests {
+namespace {
+
+using simulator::PullPhase;
+
+class Pull : public LibraryPhone {
+  protected:
+    void bootStrip(bool springBoardStyle = true) {
+        set("layoutDirection", 1);
+        set("alwaysSpringBoardStyle", springBoardStyle);
+        boot();
+    }
+    void bootInApplication(bool springBoardStyle) {
+        bootStrip(springBoardStyle);
+        phone_->open("com.example.notes");
+        phone_->clear();
+    }
+    void began(double distance = 10) { phone_->grabber(PullPhase::began, 60, distance, 0); }
+    void updated(double distance) { phone_->grabber(PullPhase::updated, 60, distance, 0); }
+    void ended(double velocity) { phone_->grabber(PullPhase::ended, 60, 100, velocity); }
+    void cancelled() { phone_->grabber(PullPhase::cancelled, 60, 100, 0); }
+
+    static VNTSBToolBarController toolbar() { return VNTSBToolBarController::shared(); }
+    static double toolbarY() { return toolbar().view().frame().origin.y; }
+    static CGRect sceneFrame() { return sceneContainer().frame(); }
+    static double sceneRadius() { return sceneContainer().layer().cornerRadius(); }
+    long systemCalls(const char* phase) {
+        return phone_->calledCount(
+            "SBFluidSwitcherGestureManager",
+            std::string("grabberTongue") + phase + "Pulling:withDistance:andVelocity:");
+    }
+    long backNow() { return phone_->darwinPostedCount("com.ferolin.vantori.Back-Now"); }
+};
+
+struct BandCase {
+    double distance, expected;
+};
+class RubberBand : public testing::TestWithParam<BandCase> {};
+
+TEST_P(RubberBand, DividesTheExcessByTheHeightsPulled) {
+    EXPECT_NEAR(rubberBand(GetParam().distance, 115), GetParam().expected, 1e-9);
+}
+
+// 115 + 57.5 / 1.5, 115 + 115 / 2, 115 + 230 / 3.
+INSTANTIATE_TEST_SUITE_P(Heights, RubberBand,
+                         testing::Values(BandCase{114.5, 114.5}, BandCase{115, 115},
+                                         BandCase{172.5, 115 + 57.5 / 1.5}, BandCase{230, 172.5},
+                                         BandCase{345, 115 + 230.0 / 3}));
+
+class LaterPull : public Pull, public testing::WithParamInterface<const char*> {
+  protected:
+    LaterPull() { phone_->system("13.5"); }
+    std::string reported() const {
+        return std::string("grabberTongue") + GetParam() +
+               "Pulling:withDistance:andVelocity:andGesture:";
+    }
+    static PullPhase phase() {
+        const std::string name = GetParam();
+        if (name == "Began") return PullPhase::began;
+        if (name == "Updated") return PullPhase::updated;
+        return name == "Ended" ? PullPhase::ended : PullPhase::cancelled;
+    }
+};
+
+// Outside the zones the system gets back what it reported, the gesture included: 300 points along the
+// edge, in the right third, is in no zone.
+TEST_P(LaterPull, TheSystemGetsItsGestureBack) {
+    bootStrip();
+    if (phase() != PullPhase::began) phone_->grabber(PullPhase::began, 300, 10, 0);
+    phone_->clear();
+    phone_->grabber(phase(), 300, 42, 7);
+    const auto arguments = simulator::Journal::last("SBFluidSwitcherGestureManager", reported());
+    ASSERT_TRUE(arguments);
+    ASSERT_EQ(arguments->size(), 4u);
+    EXPECT_EQ(std::get<Strong<Object>>((*arguments)[0]), Object(simulator::grabberTongue()));
+    EXPECT_EQ(std::get<double>((*arguments)[1]), 42);
+    EXPECT_EQ(std::get<double>((*arguments)[2]), 7);
+    EXPECT_TRUE(simulator::edgePullPan());
+    EXPECT_EQ(std::get<Strong<Object>>((*arguments)[3]), Object(simulator::edgePullPan()));
+    EXPECT_FALSE(phone_->crashed());
+}
+
+INSTANTIATE_TEST_SUITE_P(Stages, LaterPull,
+                         testing::Values("Began", "Updated", "Ended", "Canceled"));
+
+TEST_F(Pull, OnTheHomeScreenTheToolbarFollowsTheFinger) {
+    bootStrip();
+    began();
+    EXPECT_TRUE(pullingSBToolbar);
+    EXPECT_FALSE(liftingAppScene);
+    EXPECT_EQ(toolbarY(), 802);
+    EXPECT_EQ(phone_->haptics(1), 1);
+    updated(100);
+    EXPECT_EQ(toolbarY(), 712);
+    updated(230);
+    EXPECT_EQ(toolbarY(), 812 - 172.5);
+    const double shadow = toolbar().send<"backgroundShadowView", UIView>().alpha();
+    EXPECT_NEAR(shadow, 172.5 / 812 * 0.5, 1e-6);
+    ended(0);
+    EXPECT_EQ(toolbarY(), 812 - 115);
+    EXPECT_TRUE(toolbar().isEnabled());
+    EXPECT_FALSE(pullingSBToolbar);
+    EXPECT_EQ(posted("com.ferolin.vantori-finish-launching"), 1);
+    EXPECT_EQ(systemCalls("Began") + systemCalls("Updated") + systemCalls("Ended"), 0);
+}
+
+TEST_F(Pull, ReleasedAtExactlyTheThresholdOpens) {
+    bootStrip();
+    began();
+    ended(-5.0);
+    EXPECT_TRUE(toolbar().isEnabled());
+    EXPECT_EQ(toolbarY(), 697);
+}
+
+TEST_F(Pull, ReleasedFasterThanTheThresholdCloses) {
+    bootStrip();
+    began();
+    ended(-5.01);
+    EXPECT_FALSE(toolbar().isEnabled());
+    EXPECT_EQ(toolbarY(), 812);
+    EXPECT_EQ(posted("com.ferolin.vantori-stopmarquee"), 1);
+    EXPECT_EQ(posted("com.ferolin.vantori-ccback"), 1);
+    EXPECT_EQ(posted("com.ferolin.vantori-finish-launching"), 1);
+}
+
+TEST_F(Pull, OutsideEveryZoneTheSystemHandlesIt) {
+    bootStrip();
+    phone_->grabber(PullPhase::began, 300, 10, 0);
+    phone_->grabber(PullPhase::updated, 300, 50, 0);
+    phone_->grabber(PullPhase::ended, 300, 50, 0);
+    EXPECT_EQ(systemCalls("Began"), 1);
+    EXPECT_EQ(systemCalls("Updated"), 1);
+    EXPECT_EQ(systemCalls("Ended"), 1);
+    EXPECT_EQ(posted("com.ferolin.vantori-ccback"), 1);
+    EXPECT_EQ(posted("com.ferolin.vantori-finish-launching"), 0);
+    EXPECT_EQ(phone_->haptics(1), 0);
+    EXPECT_FALSE(toolbar().isEnabled());
+}
+
+TEST_F(Pull, ASecondPullClosesTheOpenToolbar) {
+    bootStrip();
+    began();
+    ended(0);
+    began();
+    EXPECT_FALSE(toolbar().isEnabled());
+    EXPECT_EQ(toolbarY(), 812);
+    EXPECT_FALSE(pullingSBToolbar);
+    EXPECT_EQ(systemCalls("Began"), 0);
+}
+
+TEST_F(Pull, CancelledRunsTheSystemsFirstAndLowersAll) {
+    bootStrip();
+    began();
+    phone_->clear();
+    cancelled();
+    EXPECT_EQ(systemCalls("Canceled"), 1);
+    EXPECT_FALSE(toolbar().isEnabled());
+    EXPECT_FALSE(pullingSBToolbar);
+    EXPECT_EQ(posted("com.ferolin.vantori-stopmarquee"), 1);
+    EXPECT_EQ(backNow(), 1);
+}
+
+TEST_F(Pull, CancelledWithoutAPullPostsNothing) {
+    bootStrip();
+    cancelled();
+    EXPECT_EQ(systemCalls("Canceled"), 1);
+    EXPECT_EQ(posted("com.ferolin.vantori-stopmarquee"), 0);
+    EXPECT_EQ(backNow(), 0);
+}
+
+TEST_F(Pull, InFrontOfAnApplicationTheSceneIsLifted) {
+    bootInApplication(false);
+    began(20);
+    EXPECT_TRUE(liftingAppScene);
+    EXPECT_FALSE(pullingSBToolbar);
+    EXPECT_EQ(sceneFrame(), (rect(0, -20, 375, 812)));
+    EXPECT_EQ(sceneRadius(), 30);
+    EXPECT_TRUE(sceneContainer().layer().masksToBounds());
+    updated(57.5);
+    EXPECT_EQ(sceneFrame(), (rect(0, -57.5, 375, 812)));
+    EXPECT_EQ(sceneRadius(), 15);
+    updated(345);
+    EXPECT_NEAR(sceneFrame().origin.y, -(115 + 230.0 / 3), 1e-9);
+    EXPECT_EQ(sceneRadius(), 30);
+    ended(0);
+    EXPECT_TRUE(VNTToolBarController::shared().isEnabled());
+    EXPECT_FALSE(toolbar().isEnabled());
+    EXPECT_EQ(sceneFrame(), (rect(0, -115, 375, 812)));
+    EXPECT_EQ(posted("com.ferolin.vantori-finish-launching"), 1);
+    phone_->wait(1);
+    EXPECT_EQ(sceneFrame(), (rect(0, -115, 375, 812)));
+    EXPECT_EQ(sceneRadius(), 30);
+    EXPECT_EQ(systemCalls("Began") + systemCalls("Updated") + systemCalls("Ended"), 0);
+}
+
+TEST_F(Pull, TheLiftedSceneStaysAcrossLayoutPasses) {
+    bootInApplication(false);
+    began();
+    ended(0);
+    phone_->wait(1);
+    sceneContainer().setFrame(rect(0, 0, 375, 812));
+    SBMainDisplaySceneLayoutViewController::main().send<"viewDidLayoutSubviews">();
+    EXPECT_EQ(sceneFrame(), (rect(0, -115, 375, 812)));
+    EXPECT_EQ(sceneRadius(), 30);
+}
+
+TEST_F(Pull, AFlickDownLowersTheApplicationAgain) {
+    bootInApplication(false);
+    began();
+    ended(-5.01);
+    EXPECT_FALSE(VNTToolBarController::shared().isEnabled());
+    EXPECT_EQ(sceneFrame(), (rect(0, 0, 375, 812)));
+    EXPECT_EQ(sceneRadius(), 0);
+    EXPECT_EQ(posted("com.ferolin.vantori-stopmarquee"), 1);
+    phone_->wait(0.1);
+    EXPECT_EQ(backNow(), 1);
+}
+
+TEST_F(Pull, ASecondPullLowersTheLiftedApplication) {
+    bootInApplication(false);
+    began();
+    ended(0);
+    phone_->clear();
+    began();
+    EXPECT_FALSE(VNTToolBarController::shared().isEnabled());
+    EXPECT_EQ(sceneFrame(), (rect(0, 0, 375, 812)));
+    EXPECT_EQ(posted("com.ferolin.vantori-stopmarquee"), 1);
+    EXPECT_EQ(systemCalls("Began"), 0);
+    EXPECT_EQ(posted("should-refresh-state"), 0);  // the zones are not asked
+}
+
+TEST_F(Pull, AlwaysInSpringBoardStyleTheApplicationNeverMoves) {
+    bootInApplication(true);
+    began();
+    updated(100);
+    EXPECT_EQ(sceneFrame(), (rect(0, 0, 375, 812)));
+    EXPECT_EQ(toolbarY(), 712);
+    ended(0);
+    EXPECT_TRUE(toolbar().isEnabled());
+    EXPECT_FALSE(VNTToolBarController::shared().isEnabled());
+}
+
+TEST_F(Pull, InLandscapeTheApplicationNeverMoves) {
+    bootInApplication(false);
+    phone_->rotate(simulator::Orientation::landscapeRight);
+    phone_->wait(1);
+    began();
+    EXPECT_TRUE(pullingSBToolbar);
+    EXPECT_FALSE(liftingAppScene);
+    ended(0);
+    EXPECT_TRUE(toolbar().isEnabled());
+    EXPECT_FALSE(VNTToolBarController::shared().isEnabled());
+}
+
+TEST_F(Pull, LockingClosesTheToolbar) {
+    bootStrip();
+    began();
+    ended(0);
+    phone_->lock();
+    EXPECT_FALSE(toolbar().isEnabled());
+    EXPECT_EQ(toolbarY(), 812);
+}
+
+TEST_F(Pull, WhileOpenTheDeviceDoesNotTurn) {
+    bootStrip();
+    began();
+    ended(0);
+    phone_->clear();
+    UIDevice::currentDevice().setOrientation(3, true);
+    EXPECT_EQ(phone_->calledCount("UIDevice", "setOrientation:animated:"), 0);
+    EXPECT_EQ(posted("com.ferolin.vantori.did-rotated"), 0);
+    toolbar().dismiss();
+    UIDevice::currentDevice().setOrientation(3, true);
+    EXPECT_EQ(phone_->calledCount("UIDevice", "setOrientation:animated:"), 1);
+    EXPECT_EQ(posted("com.ferolin.vantori.did-rotated"), 1);
+}
+
+TEST_F(Pull, TheTrapezoidNeverRefuses) {
+    bootStrip();
+    auto trapezoid = Object(classObject(objc_getClass("SBFluidSwitcherGestureExclusionTrapezoid")))
+                         .send<"alloc", Object>()
+                         .send<"init", Object>();
+    EXPECT_TRUE((trapezoid.send<"shouldBeginGestureAtStartingPoint:velocity:bounds:", bool>(
+        CGPoint{0, 0}, CGPoint{0, 0}, rect(0, 0, 375, 812))));
+    EXPECT_TRUE((trapezoid.send<"allowHorizontalSwipesOutsideTrapezoid", bool>()));
+    trapezoid.send<"release">();
+}
+
+}  // namespace
+}  // namespace vantori::tests

@@ -1,0 +1,89 @@
+#include "toolbar/settings_reload.hpp"
+
+#include "settings/device_profile.hpp"
+#include "settings/notifications.hpp"
+#include "settings/settings_file.hpp"
+#include "settings/variables.hpp"
+#include "toolbar/sb_toolbar_controller.hpp"
+
+namespace vantori {
+
+namespace {
+
+void reloadSettingsCallback(CFNotificationCenterRef, void*, CFStringRef, const void*,
+                            CFDictionaryRef) {
+    reloadSettings();
+}
+
+// Registered beside reloadSettings, and does nothing: the zones do not depend on a location.
+void reloadGestureSettings(CFNotificationCenterRef, void*, CFStringRef, const void*,
+                           CFDictionaryRef) {}
+
+void refreshToolbars(VNTToolBarController toolbar, VNTSBToolBarController springBoardToolbar) {
+    toolbar.refreshLayoutForDirection(layoutDirection);
+    springBoardToolbar.refreshLayoutForDirection(layoutDirection);
+    toolbar.refreshAllPages();
+    springBoardToolbar.refreshAllPages();
+
+    const CGSize screen = UIScreen::mainScreen().bounds().size;
+    MAX_SIZE = toolbar.maxHeight();
+    toolbar.view().setFrame(rect(0, screen.height - MAX_SIZE, screen.width, MAX_SIZE));
+
+    toolbar.mediaPlayerViewController().setAllowOpenNowPlayingApp(tapToOpen);
+    springBoardToolbar.mediaPlayerViewController().setAllowOpenNowPlayingApp(tapToOpen);
+    springBoardToolbar.view().layer().setCornerRadius(noCornerRadius ? 0 : 30);
+}
+
+}  // namespace
+
+void reloadSettings() {
+    enabled = enabledAtLaunch;
+    synchronizePreferences(settingsDomain());
+    // Read and thrown away: nothing depends on it any more.
+    (void)preferenceValue("gestureLocation"_ns, settingsDomain());
+    layoutDirection = currentLayoutDirection();
+    noCornerRadius = boolPreference("noCornerRadius"_ns);
+    tapToOpen = boolSetting("tapToOpen"_ns, true);
+    leftGestureEnabled = boolSetting("leftGestureEnabled"_ns, true);
+    rightGestureEnabled = boolSetting("rightGestureEnabled"_ns, false);
+    middleGestureEnabled = boolSetting("middleGestureEnabled"_ns, false);
+    settingsChanged();
+}
+
+void settingsChanged() {
+    if (VNTToolBarController::exists() && VNTSBToolBarController::exists()) {
+        refreshToolbars(VNTToolBarController::shared(), VNTSBToolBarController::shared());
+        settingsLoaded = true;
+        alwaysSpringBoardStyle = boolSetting("alwaysSpringBoardStyle"_ns, true);
+    }
+    // Switched on at run time, "noCornerRadius" keeps the radius until SpringBoard starts again.
+    if (!noCornerRadius) CORNER_RADIUS = modelCornerRadius();
+}
+
+void reloadControllerSettings(CFNotificationCenterRef, void*, CFStringRef, const void*,
+                              CFDictionaryRef) {
+    synchronizePreferences(settingsDomain());
+    const double alpha = boolPreference("hideGrabber"_ns) ? 0.0 : 0.5;
+    VNTSBToolBarController::shared().grabberView().setAlpha(alpha);
+    VNTToolBarController::shared().grabberView().setAlpha(alpha);
+}
+
+void reloadPagesSettings(CFNotificationCenterRef, void*, CFStringRef, const void*,
+                         CFDictionaryRef) {
+    VNTSBToolBarController::shared().refreshAllPages();
+    VNTToolBarController::shared().refreshAllPages();
+}
+
+void reloadTogglesSettings(CFNotificationCenterRef, void*, CFStringRef, const void*,
+                           CFDictionaryRef) {
+    VNTSBToolBarController::shared().connectivityBarViewController().refreshAllToggles();
+    VNTToolBarController::shared().connectivityBarViewController().refreshAllToggles();
+}
+
+void observeSettings() {
+    observeDarwin(darwin::reloadSettings(), &reloadSettingsCallback);
+    observeDarwin(darwin::reloadSettings(), &reloadGestureSettings);
+    observeDarwin(darwin::refreshDailyToggles(), &reloadSettingsCallback);
+}
+
+}  // namespace vantori
