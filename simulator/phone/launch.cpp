@@ -1,5 +1,6 @@
 #include "simulator/phone/launch.hpp"
 
+
 #include <filesystem>
 
 #include "simulator/foundation/bundles.hpp"
@@ -12,6 +13,7 @@
 #include "simulator/hardware/configuration.hpp"
 #include "simulator/hardware/uikit_bridge.hpp"
 #include "simulator/phone/extension.hpp"
+#include "simulator/phone/hook_report_notes.hpp"
 #include "simulator/runtime/associations.hpp"
 #include "simulator/runtime/clock.hpp"
 #include "simulator/runtime/crash.hpp"
@@ -163,6 +165,7 @@ void launchPhone(Extension extension) {
     registerSpringBoard();
     installAddresses();
     if (extension == Extension::load) loadExtension();
+    noteInHookReport();
     startSpringBoard();
     settle(launchingTime);
     // With the home screen in front no application's scenes are on the display.

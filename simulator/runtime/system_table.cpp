@@ -41,8 +41,14 @@ int ordinal(int release) {
     return place + release % 100;
 }
 
+constexpr int generation(int release) {
+    constexpr int second = 1304;  // of major version 13
+    return release / 100 * 2 + (release / 100 == second / 100 && release >= second ? 1 : 0);
+}
+
 auto distance(const Sighting& seen, int release) {
-    return std::tuple(seen.release / 100 != release / 100,
+    return std::tuple(generation(seen.release) != generation(release),
+                      seen.release / 100 != release / 100,
                       std::abs(ordinal(seen.release) - ordinal(release)), seen.release);
 }
 
@@ -77,7 +83,8 @@ std::optional<Finding> finding(std::string_view className, Kind kind, std::strin
     const auto nearest =
         *std::ranges::min_element(std::span(sightings).subspan(row->first, row->count), {},
                                   [&](const Sighting& seen) { return distance(seen, release); });
-    return Finding{nearest.found, nearest.release, nearest.release == release};
+    return Finding{nearest.found, nearest.release,
+                   generation(nearest.release) == generation(release)};
 }
 
 std::size_t systemNameCount() { return std::size(systemRows); }

@@ -20,17 +20,17 @@ enum class Found { own, inherited, absent };
 
 struct Finding {
     Found found;
-    int followed;  // the release that says so
-    bool lookedAt;  // it is the one that was asked for
+    int followed;   // the release that says so
+    bool lookedAt;  // that release, or one of its generation, see below
 };
 
 // 13.4.1 is 1304. Nothing when there is no such system among those that the tables are about.
 std::optional<int> releaseOf(const std::string& version);
 std::string versionOf(int release);
 
-// Nothing when the tables do not know the name. A release that nobody looked at follows one of the
-// same major version, if there is any; of those the one that the fewest releases part from it, and of two
-// the earlier.
+// Nothing when the tables do not know the name. A release that nobody looked at follows one of its
+// generation (11, 12, 13.0 to 13.3, 13.4 to 13.7, 14), else one of its major version, else any; of those the
+// one that the fewest releases part from it, and of two the earlier.
 std::optional<Finding> finding(std::string_view className, Kind kind, std::string_view name,
                                int release);
 
