@@ -23,7 +23,10 @@ struct MPUNowPlayingController : Object {
 struct MPUMarqueeView : UIView {
     static constexpr FixedString name{"MPUMarqueeView"};
     using UIView::UIView;
-    void setAnimationReferenceView(UIView view) const { send<"setAnimationReferenceView:">(view); }
+    // Not on 11.0 to 11.2; titles scroll there all the same.
+    void setAnimationReferenceView(UIView view) const {
+        sendIfAnswered<"setAnimationReferenceView:">(view);
+    }
     void setViewForContentSize(UIView view) const { send<"setViewForContentSize:">(view); }
     void setMarqueeEnabled(bool enabled) const { send<"setMarqueeEnabled:">(enabled); }
 };
