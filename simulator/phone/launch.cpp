@@ -30,12 +30,14 @@
 #include "simulator/services/setting_agents.hpp"
 #include "simulator/services/volume.hpp"
 #include "simulator/springboard/applications/addresses.hpp"
+#include "simulator/springboard/applications/app_hosting.hpp"
 #include "simulator/springboard/applications/applications.hpp"
 #include "simulator/springboard/applications/media.hpp"
 #include "simulator/springboard/applications/processes.hpp"
 #include "simulator/springboard/applications/recents.hpp"
 #include "simulator/springboard/applications/scene_layout.hpp"
 #include "simulator/springboard/applications/springboard_application.hpp"
+#include "simulator/springboard/applications/switcher.hpp"
 #include "simulator/springboard/control_center/control_center.hpp"
 #include "simulator/springboard/display/interface_style.hpp"
 #include "simulator/springboard/display/lock_screen.hpp"
@@ -133,8 +135,10 @@ void registerSpringBoard() {
     registerHomeScreen();
     registerSwitcherGestures();
     registerReachability();
+    registerSwitcher();
     registerRecents();
     registerProcesses();
+    registerAppHosting();
     registerLockScreen();
     registerControlCenter();
     registerPlatformParts();

@@ -5,6 +5,7 @@
 #include "simulator/hardware/configuration.hpp"
 #include "simulator/springboard/applications/recents.hpp"
 #include "simulator/springboard/applications/scene_layout.hpp"
+#include "simulator/springboard/applications/switcher.hpp"
 
 namespace simulator {
 
@@ -74,6 +75,7 @@ std::string frontMostIdentifier() { return applications().front; }
 void openApplication(const std::string& identifier) {
     if (identifier == applications().front) return;
     applications().front = identifier;
+    beginTransition(applicationInFront);
     showScene(identifier);
     noteRecent(identifier);
 }
@@ -81,6 +83,7 @@ void openApplication(const std::string& identifier) {
 void goHome() {
     if (applications().front.empty()) return;
     applications().front.clear();
+    beginTransition(homeScreenInFront);
     hideScene();
 }
 
