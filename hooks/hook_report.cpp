@@ -68,9 +68,9 @@ NSString hookReport() {
             describe(row, text);
         }
     }
-    for (auto forms : {laterSpringBoardForms(), laterControlCenterForms()}) {
-        for (const LaterForm& form : forms) {
-            text.append("later");
+    for (auto forms : {otherSpringBoardForms(), otherControlCenterForms()}) {
+        for (const OtherForm& form : forms) {
+            text.append("other");
             describe(form.row, text);
         }
     }

@@ -93,7 +93,7 @@ void expandModule(UIViewController self, NSString identifier) {
 void installSpringBoardHooks() {
     addSceneLayoutAccessors();
     install(springBoardHooks());
-    install(laterSpringBoardForms());
+    install(otherSpringBoardForms());
     addMethod<"test", &showTestAlert>(objc_getClass("SBFluidSwitcherGestureManager"));
     addMethod<"vntExpandModuleWithIdentifier:", &expandModule>(
         objc_getClass("CCUIModuleCollectionViewController"));
@@ -101,7 +101,7 @@ void installSpringBoardHooks() {
 
 void installControlCenterHooks() {
     install(controlCenterHooks());
-    install(laterControlCenterForms());
+    install(otherControlCenterForms());
 }
 
 }  // namespace

@@ -134,7 +134,7 @@ class DeviceTablesTest(TreeTest):
     def setUp(self):
         super().setUp()
         self.write("hooks/hook_table.cpp", 'hook<"SBOne", "old:", &a>(),', 'hook<"SBOne", "kept", &b>(),',
-                   'laterForm<"SBOne", "old:", "old:new:", &a>(),')  # fmt: skip
+                   'otherForm<"SBOne", "old:", "SBOne", "old:new:", &a>(),')  # fmt: skip
         self.methods("SBOne - kept v@: . 11.1,12.0 13.2.2 .")
         self.document("")
 
@@ -162,7 +162,7 @@ class DeviceTablesTest(TreeTest):
         text = (self.root / "docs/device.md").read_text()
         self.assertIn("| 1 | `SBOne` `old:` | own | own | ? | none | none |\n", text)
         self.assertIn("| 2 | `SBOne` `kept` | inherited | inherited | none | ? | ? |\n", text)
-        self.assertIn("| later 1 | `SBOne` `old:new:` | none | ? | ? | own | own |\n", text)
+        self.assertIn("| other 1 | `SBOne` `old:new:` | none | ? | ? | own | own |\n", text)
         self.assertIn("| + `SBTwo` `shared` | ? | own | ? | ? | none | gone |\n", text)
         self.assertTrue(text.endswith("after\n"))
 
