@@ -68,10 +68,20 @@ bool hasToggleList() {
 // row, though there is nothing to show.
 bool isPassedOver(Object entry) { return isPlaceholder(entry) && hasToggleList(); }
 
-// The button stands in the view of its controller; a system whose view is another has none.
+// What holds the round button of a controller: its view, or where that is of another kind, something
+// in it that the controller names. Which it is only the objects tell.
+UIView viewItself(UIViewController controller) { return controller.view(); }
+UIView containerInView(UIViewController controller) {
+    return controller.sendIfAnswered<"buttonContainer", UIView>();
+}
+constexpr UIView (*buttonHolders[])(UIViewController) = {&viewItself, &containerInView};
+
 CCUIRoundButton buttonOf(UIViewController controller) {
-    CCUILabeledRoundButton view = as<CCUILabeledRoundButton>(controller.view());
-    return view.respondsTo(selector<"buttonView">()) ? view.buttonView() : CCUIRoundButton();
+    for (auto holderOf : buttonHolders) {
+        auto holder = as<CCUILabeledRoundButton>(holderOf(controller));
+        if (holder.respondsTo(selector<"buttonView">())) return holder.buttonView();
+    }
+    return {};
 }
 
 Strong<UIViewController> makeController(const char* className) {
