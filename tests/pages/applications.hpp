@@ -75,7 +75,7 @@ class Applications : public LibraryPhone {
     static SBRecentAppLayouts recents() {
         return SBRecentAppLayouts(simulator::recentAppLayouts().get());
     }
-    static NSArray layouts() { return recents().layouts("_allRecents"_ns); }
+    static NSArray layouts() { return recents().allRecents(); }
 
     void openToolbar() {
         phone_->grabber(simulator::PullPhase::began, 60, 10, 0);

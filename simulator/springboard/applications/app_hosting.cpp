@@ -11,16 +11,8 @@ namespace simulator {
 
 namespace {
 
-#define VANTORI_CLASS(type, base)                 \
-    struct type : base {                          \
-        static constexpr FixedString name{#type}; \
-        using base::base;                         \
-    }
-
 VANTORI_CLASS(SBDeviceApplicationSceneEntity, Object);
 VANTORI_CLASS(SBAppViewController, UIViewController);
-
-#undef VANTORI_CLASS
 
 struct EntityState {
     Strong<SBApplication> application;

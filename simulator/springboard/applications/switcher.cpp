@@ -15,19 +15,12 @@ namespace simulator {
 
 namespace {
 
-#define VANTORI_CLASS(type, base)                 \
-    struct type : base {                          \
-        static constexpr FixedString name{#type}; \
-        using base::base;                         \
-    }
-
 VANTORI_CLASS(SBMainSwitcherViewController, UIViewController);
+VANTORI_CLASS(SBMainSwitcherWindow, UIWindow);
 VANTORI_CLASS(SBMainDisplayLayoutState, Object);
 VANTORI_CLASS(SBLayoutStateTransitionContext, Object);
 VANTORI_CLASS(SBLayoutStateTransitionCoordinator, Object);
 VANTORI_CLASS(SBWorkspaceApplicationSceneTransitionContext, Object);
-
-#undef VANTORI_CLASS
 
 struct SwitcherState {
     Strong<UIWindow> window;
