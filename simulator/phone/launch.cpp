@@ -1,6 +1,5 @@
 #include "simulator/phone/launch.hpp"
 
-
 #include <filesystem>
 
 #include "simulator/foundation/bundles.hpp"

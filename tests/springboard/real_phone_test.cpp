@@ -2,10 +2,10 @@
 // stands in; what its system raises on, it raises on.
 #include <gtest/gtest.h>
 
-#include "simulator/runtime/presence.hpp"
-#include "simulator/scenario/phone.hpp"
 #include "simulator/phone/extension.hpp"
 #include "simulator/phone/hook_report_notes.hpp"
+#include "simulator/runtime/presence.hpp"
+#include "simulator/scenario/phone.hpp"
 
 namespace simulator {
 namespace {
