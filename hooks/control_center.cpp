@@ -44,7 +44,7 @@ void prepareForFirstPull(VNTSBToolBarController toolbar) {
 void followStatusBarPull(UIPanGestureRecognizer pan) {
     VNTSBToolBarController toolbar = VNTSBToolBarController::shared();
     UIView container = pan.view().superview();
-    pan.send<"translationInView:", CGPoint>(container);  // asked for and not used
+    (void)pan.send<"translationInView:", CGPoint>(container);  // deliberate, though not used
     const double distance = pulledDistance(pan, container);
     const double y =
         UIScreen::mainScreen().bounds().size.height - rubberBand(distance, toolbar.suggestedY());
@@ -100,7 +100,9 @@ void controlCenterPullBegan(const TongueReport& system, Object self, Object tong
 
 void controlCenterPullUpdated(const TongueReport& system, Object self, Object tongue,
                               double distance, double velocity) {
-    sourceOf(self);  // location and orientation are taken afresh on each report
+    // Location and orientation are asked for at each report, though only the first needs them.
+    // Deliberate.
+    (void)sourceOf(self);
     updatePull(system, tongue, distance, velocity);
 }
 

@@ -136,6 +136,8 @@ void letSystemPull(const TongueReport& system, Object tongue, double distance, d
     system(tongue, distance, velocity);
 }
 
+// Whether a toolbar is open is asked twice: closed above, neither can be open after the hit is prepared,
+// and yet each is asked again. Deliberate: the questions are part of the sequence of messages.
 void beginPull(const TongueReport& system, const PullSource& source, Object tongue, double distance,
                double velocity) {
     VNTToolBarController applicationToolbar = VNTToolBarController::shared();

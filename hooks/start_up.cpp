@@ -62,6 +62,8 @@ void readFirstSettings() {
     middleZoneWidth = 0;
 }
 
+// Arrangement and middle zone a second time, the tap and the style as reloadSettings() has just read
+// them: the settings file is asked in this order. Deliberate.
 void readLastSettings() {
     (void)intSetting("gestureLocation"_ns, 0);
     layoutDirection = currentLayoutDirection();

@@ -101,6 +101,7 @@ void showGrid(VNTSBToolBarController self) {
 void layoutLandscape(VNTSBToolBarController self, State& state) {
     const CGSize screen = screenSize();
     self.setSuggestedFrame(rect(0, screen.height, screen.width, gridHeight));
+    // First as high as the grid, then as the screen, and the blur below twice too. Deliberate.
     self.view().setFrame(rect(0, screen.height, screen.width, gridHeight));
     self.view().setFrame(rect(0, screen.height, screen.width, screen.height));
     placeGrid(self);
