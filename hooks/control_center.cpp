@@ -2,6 +2,7 @@
 
 #include "settings/notifications.hpp"
 #include "settings/variables.hpp"
+#include "toolbar/rubber_band.hpp"
 #include "toolbar/sb_toolbar_controller.hpp"
 
 namespace vantori {

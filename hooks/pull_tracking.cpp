@@ -6,6 +6,7 @@
 #include "hooks/pull_scene.hpp"
 #include "settings/notifications.hpp"
 #include "settings/variables.hpp"
+#include "toolbar/rubber_band.hpp"
 #include "toolbar/sb_toolbar_controller.hpp"
 
 namespace vantori {

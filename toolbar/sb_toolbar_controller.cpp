@@ -6,15 +6,11 @@
 #include "settings/notifications.hpp"
 #include "settings/settings_file.hpp"
 #include "toolbar/arrangement.hpp"
+#include "toolbar/rubber_band.hpp"
 #include "toolbar/sb_toolbar_layout.hpp"
 #include "toolbar/sb_toolbar_state.hpp"
 
 namespace vantori {
-
-double rubberBand(double distance, double height) {
-    if (distance < height || height <= 0) return distance;
-    return height + (distance - height) / (distance / height);
-}
 
 namespace {
 

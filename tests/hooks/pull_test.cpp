@@ -6,6 +6,7 @@
 #include "simulator/runtime/journal.hpp"
 #include "simulator/springboard/gestures/switcher_gestures.hpp"
 #include "tests/library_phone.hpp"
+#include "toolbar/rubber_band.hpp"
 
 namespace vantori::tests {
 namespace {
