@@ -1,5 +1,6 @@
 #include "hooks/control_center.hpp"
 
+#include "settings/device_profile.hpp"
 #include "settings/notifications.hpp"
 #include "settings/variables.hpp"
 #include "toolbar/rubber_band.hpp"
@@ -74,8 +75,6 @@ PullSource sourceOf(Object self) {
 }
 
 }  // namespace
-
-bool hasNoHomeButton() { return BSPlatform::shared().homeButtonType() == BSPlatform::noHomeButton; }
 
 void statusBarPulledDown(System<void(Object)> system, Object, Object recognizer) {
     if (!replaceCC) {

@@ -8,6 +8,7 @@
 #include "pages/application_host.hpp"
 #include "platform/definition.hpp"
 #include "platform/loading.hpp"
+#include "settings/device_profile.hpp"
 #include "settings/settings_file.hpp"
 #include "settings/variables.hpp"
 #include "toolbar/sb_toolbar_controller.hpp"
