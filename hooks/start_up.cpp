@@ -35,7 +35,7 @@ void registerClasses() {
     registerHostWindows();
     registerApplicationHost();
     registerPages();
-    registerPanels();
+    registerControls();
     registerEverydayPage();
     registerToolBarController();
     registerSBToolBarController();
