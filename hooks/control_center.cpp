@@ -71,7 +71,7 @@ void followStatusBarPull(UIPanGestureRecognizer pan) {
 
 PullSource sourceOf(Object self) {
     const CGPoint location = self.send<"_presentGestureLocationInView", CGPoint>();
-    return {edgePosition(location), replaceCC, false};
+    return {.edgePosition = edgePosition(location), .everywhere = replaceCC, .haptic = false};
 }
 
 }  // namespace

@@ -229,7 +229,8 @@ void pullBegan(const TongueReport& system, Object self, Object tongue, double di
     SBGrabberTongue deck = as<SBFluidSwitcherGestureManager>(self).deckGrabberTongue();
     const CGPoint location =
         deck.edgePullGestureRecognizer().locationInView(deck.tongueContainer());
-    const PullSource source{edgePosition(location), false, true};
+    const PullSource source{
+        .edgePosition = edgePosition(location), .everywhere = false, .haptic = true};
     beginPull(system, source, tongue, distance, velocity);
 }
 
