@@ -28,7 +28,7 @@ struct State {
     Strong<VNTDailyToolBarViewController> daily;
     Strong<VNTBrightnessSliderContainerViewController> brightness;
     Strong<VNTVolumeSliderContainerViewController> volume;
-    Strong<VNTCCTogglesBarViewController> modules;
+    Strong<VNTCCTogglesBarViewController> modulesForApp;
     Strong<NSMutableArray> connectivityButtonControllers;
     Strong<UIView> grabber;
     Strong<UIView> multitaskGrabber;
@@ -96,7 +96,7 @@ void createPages(State& state) {
     state.daily = create<VNTDailyToolBarViewController>();
     state.brightness = create<VNTBrightnessSliderContainerViewController>();
     state.volume = create<VNTVolumeSliderContainerViewController>();
-    state.modules = create<VNTCCTogglesBarViewController>();
+    state.modulesForApp = create<VNTCCTogglesBarViewController>();
     state.brightness.setShouldShowSwitcher(false);
 }
 
@@ -111,7 +111,7 @@ void showModulesPage(VNTCCTogglesBarViewController modules, int direction) {
 // Pages, the modules page and the height, without the frames of the containers.
 void arrangePages(VNTToolBarController self, int direction) {
     placePages(self, direction);
-    showModulesPage(stateIn(self).modules, direction);
+    showModulesPage(stateIn(self).modulesForApp, direction);
     self.setMaxHeight(heightFor(self, direction));
 }
 
@@ -125,7 +125,7 @@ void fixPageSizes(const State& state) {
     for (UIViewController page : pagesOf(state)) page.view().setAutoresizingMask(0);
 }
 
-void createBackdrop(State& state, double height) {
+void createWallpaperBackdrop(State& state, double height) {
     state.backdrop = create<SBWallpaperEffectView, "initWithWallpaperVariant:">(1L);
     state.backdrop.setStyle(7);
     state.backdrop.setFrame(backdropFrame(height));
@@ -199,7 +199,7 @@ void loadView(VNTToolBarController self) {
     state.scrollView =
         create<UIScrollView, "initWithFrame:">(rect(0, 0, screen.width, self.maxHeight()));
     state.pageControl = create<UIPageControl>();
-    createBackdrop(state, self.maxHeight());
+    createWallpaperBackdrop(state, self.maxHeight());
     state.connectivity.setUpConnectivityButtonSet();
     self.refreshLayoutForDirection(currentLayoutDirection());
     createTint(state);
@@ -229,7 +229,7 @@ void refreshLayoutForDirection(VNTToolBarController self, int direction) {
     self.setMaxHeight(heightFor(self, direction));
     placeContainers(state, self.maxHeight());
     state.scrollView.setContentSize(contentSizeFor(self, direction));
-    showModulesPage(state.modules, direction);
+    showModulesPage(state.modulesForApp, direction);
     state.pageControl.setAlpha(direction == directionStacked ? 0 : 0.9);
     self.refreshAllPages();
 }
@@ -337,7 +337,7 @@ void registerToolBarController() {
         .property<"dailyControlViewController", &State::daily>()
         .property<"brightnessSliderContainerViewController", &State::brightness>()
         .property<"volumeSliderContainerViewController", &State::volume>()
-        .property<"ccTogglesViewControllerForApp", &State::modules>()
+        .property<"ccTogglesViewControllerForApp", &State::modulesForApp>()
         .property<"connectivityButtonControllers", &State::connectivityButtonControllers>()
         .property<"grabberView", &State::grabber>()
         .property<"multitaskGrabberView", &State::multitaskGrabber>()
