@@ -13,7 +13,7 @@
 #include "settings/variables.hpp"
 #include "toolbar/sb_toolbar_controller.hpp"
 #include "toolbar/settings_reload.hpp"
-#include "toolbar/update_view_controller.hpp"
+#include "toolbar/welcome_pager.hpp"
 
 namespace vantori {
 
@@ -31,7 +31,7 @@ struct Frameworks {
 };
 
 void registerClasses() {
-    registerUpdateViewController();
+    registerWelcomePager();
     registerHostWindows();
     registerApplicationHost();
     registerPages();
