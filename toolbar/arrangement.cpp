@@ -70,6 +70,8 @@ CGRect pageFrame(unsigned long index, int direction) {
 
 CGRect grabberFrame(double width) { return rect((width - 100) / 2, 10, 100, 5); }
 
+double grabberAlpha(bool isHidden) { return isHidden ? 0 : 0.5; }
+
 void placePages(VNTToolBarController toolbar, int direction) {
     NSArray pages = toolbar.pages();
     for (const PageEntry& entry : entries) {

@@ -19,6 +19,7 @@ double heightFor(VNTToolBarController toolbar, int direction);
 // The frame of the page at an index of the list.
 CGRect pageFrame(unsigned long index, int direction);
 CGRect grabberFrame(double width);
+double grabberAlpha(bool isHidden);
 
 // Gives each listed page its frame, and every page alpha 1 or 0 by whether it is listed.
 void placePages(VNTToolBarController toolbar, int direction);

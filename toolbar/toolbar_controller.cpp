@@ -141,8 +141,8 @@ void createTint(State& state) {
 
 void createGrabbers(State& state) {
     const CGSize screen = screenSize();
-    state.grabber =
-        createGrabber(grabberFrame(screen.width), boolSetting("hideGrabber"_ns, false) ? 0.0 : 0.5);
+    state.grabber = createGrabber(grabberFrame(screen.width),
+                                  grabberAlpha(boolSetting("hideGrabber"_ns, false)));
     state.multitaskGrabber =
         createGrabber(rect((screen.width - 30) / 2, (screen.height - 100) / 2 - 2.5, 30, 5), 0);
 }
