@@ -1,7 +1,5 @@
 #include "toolbar/toolbar_controller.hpp"
 
-#include <array>
-
 #include "pages/lifted_scene.hpp"
 #include "platform/definition.hpp"
 #include "settings/device_profile.hpp"
@@ -115,14 +113,9 @@ void arrangePages(VNTToolBarController self, int direction) {
     self.setMaxHeight(heightFor(self, direction));
 }
 
-std::array<UIViewController, 6> pagesOf(const State& state) {
-    return {state.connectivity, state.mediaPlayer, state.icons,
-            state.daily,        state.brightness,  state.volume};
-}
-
 // The pages keep the frames that they are given when the scroll view around them changes its size.
-void fixPageSizes(const State& state) {
-    for (UIViewController page : pagesOf(state)) page.view().setAutoresizingMask(0);
+void fixPageSizes(VNTToolBarController self) {
+    for (const Page& page : allPages()) page.controller(self).view().setAutoresizingMask(0);
 }
 
 void createWallpaperBackdrop(State& state, double height) {
@@ -160,7 +153,7 @@ void addSubviews(VNTToolBarController self, State& state) {
     view.addSubview(state.scrollView);
     view.addSubview(state.grabber);
     state.backdrop.addSubview(state.multitaskGrabber);
-    for (UIViewController page : pagesOf(state)) state.scrollView.addSubview(page.view());
+    for (const Page& page : allPages()) state.scrollView.addSubview(page.controller(self).view());
 }
 
 void prepareScrollView(VNTToolBarController self, State& state, int direction) {
@@ -189,7 +182,7 @@ void loadView(VNTToolBarController self) {
     self.setIsEnabled(false);
     createPages(state);
     self.setPages(fixedPageList());
-    fixPageSizes(state);
+    fixPageSizes(self);
 
     const int direction = currentLayoutDirection();
     arrangePages(self, direction);
