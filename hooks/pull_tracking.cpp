@@ -18,16 +18,15 @@ constexpr double closingVelocity = -5.0;
 
 CGSize screenSizeNow() { return UIScreen::mainScreen().bounds().size; }
 
-// The flag is cleared before and after the spring. Deliberate.
-void lowerApplication() {
+// The toolbar behind the application, by a pull: its flag is cleared before and after the spring. The
+// dismiss gesture (toolbar_controller.cpp) and the launches (application_launch.cpp, music_transport.cpp)
+// close it in sequences of their own. Deliberate.
+void closeApplicationToolbar() {
     VNTToolBarController toolbar = VNTToolBarController::shared();
     toolbar.setIsEnabled(false);
     springScene(0, 0);
     liftingAppScene = false;
     toolbar.setIsEnabled(false);
-}
-
-void announceClosing() {
     post(local::stopMarquee());
     postDarwin(darwin::backNow());
 }
@@ -94,8 +93,7 @@ void trackToolbar(double distance) {
 
 void releaseScene(bool closes) {
     if (closes) {
-        lowerApplication();
-        announceClosing();
+        closeApplicationToolbar();
     } else if (!alwaysSpringBoardStyle) {
         VNTToolBarController::shared().setIsEnabled(true);
         springScene(MAX_SIZE, CORNER_RADIUS);
@@ -145,8 +143,7 @@ void beginPull(const TongueReport& system, const PullSource& source, Object tong
     VNTSBToolBarController springBoardToolbar = VNTSBToolBarController::shared();
     // A pull that begins while a toolbar is open closes it.
     if (applicationToolbar.isEnabled()) {
-        lowerApplication();
-        announceClosing();
+        closeApplicationToolbar();
         return;
     }
     if (springBoardToolbar.isEnabled()) {
@@ -170,8 +167,7 @@ void beginPull(const TongueReport& system, const PullSource& source, Object tong
         return;
     }
     if (applicationToolbar.isEnabled()) {
-        lowerApplication();
-        announceClosing();
+        closeApplicationToolbar();
         system(tongue, distance, velocity);
         return;
     }
@@ -218,8 +214,7 @@ void cancelPull(const TongueReport& system, Object tongue, double distance, doub
         return;
     }
     VNTSBToolBarController::shared().setIsEnabled(false);
-    lowerApplication();
-    announceClosing();
+    closeApplicationToolbar();
     clearPull();
 }
 

@@ -287,7 +287,9 @@ bool shouldReceiveTouch(VNTToolBarController self, UIGestureRecognizer, Object t
     return !onSlider;
 }
 
-void handleDismissGesture(VNTToolBarController self, UIGestureRecognizer) {
+// By the swipe: unlike a pull it leaves what plays scrolling, brings Control Center back, clears the flag
+// once, and lets Reachability in again when the spring is done. Deliberate.
+void closeApplicationToolbar(VNTToolBarController self) {
     post(local::controlCenterBack());
     auto rearm = block<void(bool)>([toolbar = retained(self)](bool finished) {
         if (finished) toolbar.setCanToggleReachability(true);
@@ -295,6 +297,10 @@ void handleDismissGesture(VNTToolBarController self, UIGestureRecognizer) {
     lowerLiftedScene(rearm);
     VNTToolBarController::shared().setIsEnabled(false);
     postDarwin(darwin::backNow());
+}
+
+void handleDismissGesture(VNTToolBarController self, UIGestureRecognizer) {
+    closeApplicationToolbar(self);
 }
 
 }  // namespace
