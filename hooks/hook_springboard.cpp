@@ -1,7 +1,7 @@
 #include "hooks/hook_springboard.hpp"
 
 #include "hooks/gesture_zones.hpp"
-#include "hooks/pull_scene.hpp"
+#include "pages/lifted_scene.hpp"
 #include "settings/device_profile.hpp"
 #include "settings/notifications.hpp"
 #include "settings/variables.hpp"

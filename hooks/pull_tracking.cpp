@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "hooks/gesture_zones.hpp"
-#include "hooks/pull_scene.hpp"
+#include "pages/lifted_scene.hpp"
 #include "settings/notifications.hpp"
 #include "settings/variables.hpp"
 #include "toolbar/rubber_band.hpp"

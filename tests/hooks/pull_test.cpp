@@ -2,7 +2,7 @@
 // the strip 115.
 #include "hooks/pull_tracking.hpp"
 
-#include "hooks/pull_scene.hpp"
+#include "pages/lifted_scene.hpp"
 #include "simulator/runtime/journal.hpp"
 #include "simulator/springboard/gestures/switcher_gestures.hpp"
 #include "tests/library_phone.hpp"
