@@ -19,7 +19,8 @@
 namespace platform {
 
 // Where the state of a defined class lies in its objects, in bytes; 0 before the class is defined, since
-// the class pointer lies there. A state type serves one class only: there is one place for it.
+// the class pointer lies there. A state serves one class only, for there is one place for it: a second
+// definition with it makes nothing.
 template <class State>
 struct StateSlot {
     static inline std::ptrdiff_t offset = 0;
@@ -192,7 +193,7 @@ constexpr unsigned char alignmentPower(std::size_t bytes) {
 
 // Makes and registers the class T::name below Super. The offset of the state is asked for after the
 // registration (GCC's runtime answers 0 before it). If a class of that name exists or Super does
-// not, or the state serves another class, nothing is made and the table has no effect.
+// not, nothing is made and the table has no effect.
 template <Handle T, Handle Super, class State = detail::NoState, class Trace = NoTrace>
 Definition<T, State, Trace> define() {
     Class parent = objc_getClass(Super::name.data());
