@@ -1,6 +1,6 @@
 #include "hooks/hook_switcher.hpp"
 
-#include "hooks/pull_scene.hpp"
+#include "pages/lifted_scene.hpp"
 
 namespace vantori {
 

@@ -1,6 +1,6 @@
 #include "hooks/pull_reachability.hpp"
 
-#include "hooks/pull_scene.hpp"
+#include "pages/lifted_scene.hpp"
 #include "settings/variables.hpp"
 #include "toolbar/sb_toolbar_controller.hpp"
 

@@ -125,6 +125,10 @@ void placeButton(VNTConnectivityBarViewController self, UIViewController control
     stateIn(self).container.addSubview(view);
 }
 
+// With all five buttons of 60 points on a screen 375 wide, the six gaps are (375 - 5 * 60) / 6 = 12.5:
+// the buttons start at 12.5, 85, 157.5, 230 and 302.5. A placeholder that is not passed over leaves its
+// place empty: it takes the width of a button and its gap, and yet the count that the gap comes from
+// leaves it out. Deliberate.
 void placeRow(VNTConnectivityBarViewController self, CGSize button) {
     NSArray controllers = stateIn(self).controllers;
     const double count = static_cast<double>(self.togglesCount());

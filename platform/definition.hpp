@@ -18,7 +18,9 @@
 
 namespace platform {
 
-// Where the state of a defined class lies in its objects, in bytes.
+// Where the state of a defined class lies in its objects, in bytes; 0 before the class is defined, since
+// the class pointer lies there. A state serves one class only, for there is one place for it: a second
+// definition with it makes nothing.
 template <class State>
 struct StateSlot {
     static inline std::ptrdiff_t offset = 0;
@@ -201,6 +203,7 @@ template <Handle T, Handle Super, class State = detail::NoState, class Trace = N
 Definition<T, State, Trace> define(AddVariables addVariables = {}) {
     Class parent = objc_getClass(Super::name.data());
     if (!parent || objc_getClass(T::name.data())) return Definition<T, State, Trace>(nullptr);
+    if (StateSlot<State>::offset != 0) return Definition<T, State, Trace>(nullptr);
     Class cls = objc_allocateClassPair(parent, T::name.data(), 0);
     if (!cls) return Definition<T, State, Trace>(nullptr);
     constexpr bool stateful = !std::is_same_v<State, detail::NoState>;

@@ -30,6 +30,9 @@ Toggle initBase(Toggle raw, NSString path, NSString onName, NSString offName) {
 struct Appearance {
     using Toggle = VNTAppearanceToggleViewController;
     static constexpr double duration = 1.0;
+    static constexpr bool fadesImages = false;
+    static void prepare(Toggle) {}
+    static void shown(Toggle, bool) {}
     static std::optional<bool> read(Toggle) {
         return isSystem13OrLater() &&
                UITraitCollection::current().userInterfaceStyle() == UITraitCollection::dark;
@@ -43,6 +46,9 @@ struct Appearance {
 struct OrientationLock {
     using Toggle = VNTOrientationLockToggleViewController;
     static constexpr double duration = 0.8;
+    static constexpr bool fadesImages = false;
+    static void prepare(Toggle) {}
+    static void shown(Toggle, bool) {}
     using State = Held<SBControlCenterSystemAgent, OrientationLock>;
     static SBControlCenterSystemAgent agent(Toggle self) { return stateOf<State>(self).object; }
 
@@ -68,6 +74,9 @@ struct OrientationLock {
 struct Mute {
     using Toggle = VNTMuteToggleViewController;
     static constexpr double duration = 0.8;
+    static constexpr bool fadesImages = false;
+    static void prepare(Toggle) {}
+    static void shown(Toggle, bool) {}
     using State = Held<SBControlCenterSystemAgent, Mute>;
     static SBControlCenterSystemAgent agent(Toggle self) { return stateOf<State>(self).object; }
 
@@ -83,6 +92,9 @@ struct Mute {
 struct LowPower {
     using Toggle = VNTLowPowerToggleViewController;
     static constexpr double duration = 1.0;
+    static constexpr bool fadesImages = false;
+    static void prepare(Toggle) {}
+    static void shown(Toggle, bool) {}
     static std::optional<bool> read(Toggle) {
         return CDBatterySaver::shared().powerMode() == CDBatterySaver::low;
     }
@@ -94,6 +106,8 @@ struct LowPower {
 // The object that the first refresh makes is replaced by the initialiser's own.
 struct DoNotDisturb {
     using Toggle = VNTDNDToggleViewController;
+    static constexpr bool fadesImages = false;
+    static void shown(Toggle, bool) {}
     static constexpr double duration = 1.0;
     using State = Held<Object, DoNotDisturb>;
     static Strong<Object> createHeld() {
@@ -125,6 +139,7 @@ struct Flashlight {
     using Toggle = VNTFlashlightToggleViewController;
     static constexpr double duration = 0.6;
     static constexpr bool fadesImages = true;
+    static void shown(Toggle, bool) {}
     using State = Held<SBUIFlashlightController, Flashlight>;
     static SBUIFlashlightController controller(Toggle self) { return stateOf<State>(self).object; }
 
@@ -160,6 +175,7 @@ struct NightShift {
     using Toggle = VNTNightshiftToggleViewController;
     static constexpr double duration = 1.0;
     static constexpr bool fadesImages = true;
+    static void shown(Toggle, bool) {}
     using State = Held<CBBlueLightClient, NightShift>;
     static Strong<CBBlueLightClient> createClient() { return create<CBBlueLightClient>(); }
 

@@ -3,6 +3,7 @@
 
 #include "simulator/scenario/line.hpp"
 #include "simulator/scenario/statements.hpp"
+#include "simulator/services/system_settings.hpp"
 
 namespace simulator::scenario {
 namespace {
@@ -49,6 +50,8 @@ void interrupt(Line& line) {
     if (view == nullptr) throw EvaluationError("there is no view to interrupt");
     line.phone().interrupt(view);
 }
+
+constexpr auto toggleHelp = platform::FixedString{"someone else flips "} + settingWords;
 
 constexpr std::array<Form, 30> forms{{
     {"wait S", booted, "lets S seconds of the phone's time pass",
@@ -112,9 +115,7 @@ constexpr std::array<Form, 30> forms{{
     {"player-callbacks main|other", booted,
      "the thread on which the player tells of itself; main is the default",
      [](Line& line) { line.phone().playerCallbacks(line.chose("other")); }},
-    {"toggle TOGGLE on|off", booted,
-     "someone else flips orientationlock, ringermute, lowpower, donotdisturb, flashlight, "
-     "nightshift or truetone",
+    {"toggle TOGGLE on|off", booted, toggleHelp.view(),
      [](Line& line) { line.phone().toggle(line.word("TOGGLE"), line.chose("on")); }},
     {"interrupt VIEW", booted, "takes the running animations off the view", interrupt},
     {"post NAME", booted, "posts an in-process notification",

@@ -7,6 +7,7 @@
 #include <nlohmann/json.hpp>
 
 #include "simulator/scenario/expression_parser.hpp"
+#include "simulator/services/system_settings.hpp"
 
 namespace simulator::scenario {
 namespace {
@@ -43,8 +44,7 @@ constexpr std::array<Slot, 40> slots{{
     {"NAME", Shape::word, "a name"},
     {"FILE", Shape::word, "the name of a picture"},
     {"ROUTE", Shape::oneOf, "Speaker or HeadphonesBT", "Speaker|HeadphonesBT"},
-    {"TOGGLE", Shape::oneOf, "the name of a system setting",
-     "orientationlock|ringermute|lowpower|donotdisturb|flashlight|nightshift|truetone"},
+    {"TOGGLE", Shape::oneOf, "the name of a system setting", settingWords.view()},
     {"X.Y", Shape::version, "a version such as 13.3"},
     {"TEXT", Shape::text, "a text"},
     {"TITLE", Shape::text, "a title"},

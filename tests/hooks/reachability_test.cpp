@@ -1,7 +1,7 @@
 // Reachability's hooks, row by row, with the setting on and off.
 #include "hooks/pull_reachability.hpp"
 
-#include "hooks/pull_scene.hpp"
+#include "pages/lifted_scene.hpp"
 #include "simulator/runtime/journal.hpp"
 #include "tests/library_phone.hpp"
 

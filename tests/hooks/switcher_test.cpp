@@ -1,7 +1,7 @@
 // The switcher's appearing puts a lifted application back, on phones as real ones are.
 #include "hooks/hook_switcher.hpp"
 
-#include "hooks/pull_scene.hpp"
+#include "pages/lifted_scene.hpp"
 #include "tests/library_phone.hpp"
 
 namespace vantori::tests {

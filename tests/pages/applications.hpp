@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "hooks/pull_scene.hpp"
 #include "pages/app_button.hpp"
 #include "pages/applications_page.hpp"
+#include "pages/lifted_scene.hpp"
 #include "simulator/springboard/applications/recents.hpp"
 #include "simulator/springboard/home/icon_lists.hpp"
 #include "tests/library_phone.hpp"

@@ -40,6 +40,9 @@ TEST_F(Switches, AreAllOffAtFirst) {
         EXPECT_TRUE(isOn(*setting)) << word;
     }
     EXPECT_THROW(phone_->toggle("gravity", true), PhoneError);
+    for (const char* word : {"", "true", "truetoned", "orientationlock|ringermute"}) {
+        EXPECT_FALSE(settingNamed(word)) << word;
+    }
 }
 
 TEST_F(Switches, TellListenersOfRealChangesOnly) {

@@ -1,4 +1,4 @@
-#include "toolbar/update_view_controller.hpp"
+#include "toolbar/welcome_pager.hpp"
 
 #include "platform/definition.hpp"
 #include "settings/device_profile.hpp"
@@ -199,7 +199,7 @@ void launchApp(VNTUpdateViewController self) {
 
 }  // namespace
 
-void registerUpdateViewController() {
+void registerWelcomePager() {
     define<VNTUpdateViewController, UIViewController, State>()
         .method<"viewDidLoad", &viewDidLoad>()
         .method<"scrollViewDidEndDecelerating:", &scrollViewDidEndDecelerating>()

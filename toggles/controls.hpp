@@ -1,5 +1,4 @@
-// Every class of toggles, sliders and their panels, for those who make them all. The everyday page,
-// which shows them, stands above them.
+// Every control's class: toggles, sliders and the panels that hold both, for those who make them all.
 #pragma once
 
 #include "toggles/brightness_panel.hpp"
@@ -8,6 +7,6 @@
 
 namespace vantori {
 
-void registerPanels();
+void registerControls();
 
 }  // namespace vantori

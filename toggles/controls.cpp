@@ -1,4 +1,4 @@
-#include "toggles/panels.hpp"
+#include "toggles/controls.hpp"
 
 #include "toggles/brightness_slider.hpp"
 #include "toggles/catalogue.hpp"
@@ -6,7 +6,7 @@
 
 namespace vantori {
 
-void registerPanels() {
+void registerControls() {
     registerSlider();
     registerVolumeSlider();
     registerBrightnessSlider();

@@ -1,4 +1,5 @@
-// The welcome pager's controller, shown once for each new version.
+// The welcome pager: shown once for each new version (hooks/hook_welcome), over its own window or the home
+// screen. What it says and where it lies is in welcome_pages.
 #pragma once
 
 #include "platform/uikit.hpp"
@@ -12,6 +13,6 @@ struct VNTUpdateViewController : UIViewController {
     using UIViewController::UIViewController;
 };
 
-void registerUpdateViewController();
+void registerWelcomePager();
 
 }  // namespace vantori
