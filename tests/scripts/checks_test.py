@@ -4,6 +4,7 @@ import pathlib
 import subprocess
 import tempfile
 import unittest
+from xml.etree import ElementTree
 
 SCRIPTS = pathlib.Path(__file__).resolve().parents[2] / "scripts"
 
@@ -101,6 +102,67 @@ class FloorsTest(TreeTest):
         self.assertEqual(
             self.findings("check-floors"),
             ["a circle: simulator/a.hpp -> simulator/b.hpp -> simulator/c.hpp -> simulator/a.hpp"],
+        )
+
+
+class FloorMapTest(TreeTest):
+    def setUp(self):
+        super().setUp()
+        self.include("platform/object.hpp")
+        self.include("settings/file.hpp", "platform/object.hpp")
+        self.include("simulator/uikit/view.hpp", "platform/object.hpp")
+
+    def run_script(self, *options):
+        command = [SCRIPTS / "floor-map", "--root", self.root, *options]
+        return subprocess.run(command, capture_output=True, text=True, check=False)
+
+    def arrows(self):
+        self.assertEqual(self.run_script().returncode, 0)
+        picture = ElementTree.parse(self.root / "docs/pictures/floors.svg")
+        arrows = picture.iterfind("./{*}path")
+        return sorted((arrow.get("class"), arrow.findtext("./{*}title")) for arrow in arrows)
+
+    def test_an_arrow_for_each_pair_of_folders(self):
+        self.include("settings/other.cpp", "platform/object.hpp", "settings/file.hpp")
+        wanted = [("bridge", "simulator/uikit includes platform"), ("down", "settings includes platform")]
+        self.assertEqual(self.arrows(), wanted)
+
+    def test_what_runs_up_is_of_a_kind_of_its_own(self):
+        self.include("platform/wrong.cpp", "settings/file.hpp")
+        self.include("settings/wrong.cpp", "simulator/uikit/view.hpp")
+        self.assertEqual(
+            [title for kind, title in self.arrows() if kind == "up"],
+            ["platform includes settings", "settings includes simulator/uikit"],
+        )
+
+    def test_check_tells_when_the_floors_changed(self):
+        self.assertEqual(self.run_script("--check").returncode, 1)
+        self.assertEqual(self.run_script().returncode, 0)
+        self.include("settings/other.cpp", "platform/object.hpp")
+        self.assertEqual(self.run_script("--check").returncode, 0)
+        self.include("hooks/start.cpp", "platform/object.hpp")
+        done = self.run_script("--check")
+        self.assertEqual(done.returncode, 1)
+        self.assertIn("docs/pictures/floors.svg is not what the includes say", done.stdout)
+
+
+class LinksTest(TreeTest):
+    def test_what_is_there(self):
+        self.write("hooks/pull.cpp", "void beginPull() {}")
+        self.write("CONTRIBUTING.md", "[the map](docs/map.md#floors) and [elsewhere](https://example.com)")
+        self.write("docs/map.md", "[`beginPull`](../hooks/pull.cpp), [the pull](../hooks/pull.cpp), [above](#floors)")
+        self.assertEqual(self.findings("check-links"), [])
+
+    def test_what_is_not(self):
+        self.write("hooks/pull.cpp", "void beginPullAgain() {}")
+        self.write("docs/map.md", "[`beginPull`](../hooks/pull.cpp)", "[`endPull`](../hooks/gone.cpp) ![](none.png)")
+        self.assertEqual(
+            self.findings("check-links"),
+            [
+                "docs/map.md:1: links to ../hooks/pull.cpp, which has no beginPull",
+                "docs/map.md:2: links to ../hooks/gone.cpp, which is not there",
+                "docs/map.md:2: links to none.png, which is not there",
+            ],
         )
 
 
