@@ -12,11 +12,10 @@ struct NSMutableString : NSString {
     void append(const char* text) const { send<"appendString:">(NSString::from(text)); }
 };
 
-void report(FeatureRecord& feature, const char* what, const char* why, Object error) {
-    if (feature.isReported.exchange(true)) return;
+void report(const FeatureRecord& feature, const char* reason, Object error) {
     AutoreleasePool pool;
     auto line = sendClass<NSMutableString, "string", NSMutableString>();
-    for (const char* part : {"[Vantori] ", feature.name, what, why}) line.append(part);
+    for (const char* part : {"[Vantori] ", feature.name, " is off: ", reason}) line.append(part);
     if (error) {
         line.append(": ");
         line.append(error.send<"description", NSString>().utf8());
@@ -38,12 +37,7 @@ void detail::list(FeatureRecord& feature) {
 }
 
 void switchOff(FeatureRecord& feature, const char* reason, Object error) {
-    feature.isOff = true;
-    report(feature, " is off: ", reason, error);
-}
-
-void detail::reportFormless(FeatureRecord& feature) {
-    report(feature, " is off, this system has none of the forms of ", feature.table, Object());
+    if (!feature.isOff.exchange(true)) report(feature, reason, error);
 }
 
 }  // namespace platform

@@ -16,8 +16,8 @@
 //     if (auto* torch = Torch::taken()) torch->turnOn(controller);
 //
 // The first form whose needs are met is taken, when the feature is first used, and kept. With none the
-// feature is off and one line in the log says what was looked for; it is looked for again at the next
-// use, since frameworks load late. A need is any type with isThere() and text. A table is also one line
+// feature is off, in silence; it is looked for again at the next use, since frameworks load late. Only a
+// form that fails leaves a line in the log. A need is any type with isThere() and text. A table is also one line
 // of text in the library: the audit of the device build reads it and holds each need against what the
 // systems have.
 #pragma once
@@ -164,7 +164,6 @@ struct FeatureRecord {
     const char* table;                       // all of it, in one line
     std::atomic<const char*> form{nullptr};  // the name of the one that is taken
     std::atomic<bool> isOff{false};          // for good: its form failed
-    std::atomic<bool> isReported{false};     // in the log, that it is off
     std::atomic<bool> isListed{false};
     const FeatureRecord* next = nullptr;  // of those that were used
 };
@@ -178,7 +177,6 @@ void switchOff(FeatureRecord& feature, const char* reason, Object error);
 namespace detail {
 
 void list(FeatureRecord& feature);
-void reportFormless(FeatureRecord& feature);
 
 }  // namespace detail
 
@@ -214,7 +212,7 @@ class Feature {
     }
     static const Functions* look() {
         detail::list(record_);
-        if (!(take<First>() || ... || take<Rest>())) detail::reportFormless(record_);
+        (void)(take<First>() || ... || take<Rest>());
         return taken_.load(std::memory_order_acquire);
     }
 

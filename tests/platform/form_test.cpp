@@ -53,14 +53,12 @@ TEST_F(FormTable, TakesTheFirstWhoseNeedsAreAllMet) {
     EXPECT_EQ(logged("voice"), 0);
 }
 
-TEST_F(FormTable, WithoutAnyIsOffAndSaysSoOnce) {
+TEST_F(FormTable, WithoutAnyIsOffInSilence) {
     using Table = Feature<"flight", Form<"flying", one, Unknown>, Form<"made", two, NotMade>>;
     EXPECT_EQ(Table::taken(), nullptr);
     EXPECT_EQ(Table::taken(), nullptr);
     EXPECT_EQ(Table::record().form.load(), nullptr);
-    EXPECT_EQ(logged("[Vantori] flight is off, this system has none of the forms of flight: "
-                     "flying = -[VNTTestCat fly:] v@:d; made = +[VNTTestCat depth] q@:"),
-              1);
+    EXPECT_EQ(logged("flight"), 0);
 }
 
 TEST_F(FormTable, IsLookedThroughAgainUntilAClassCame) {
@@ -69,7 +67,6 @@ TEST_F(FormTable, IsLookedThroughAgainUntilAClassCame) {
     Class cls = objc_allocateClassPair(objc_getClass("NSObject"), "VNTFormTestLate", 0);
     objc_registerClassPair(cls);
     ASSERT_NE(Table::taken(), nullptr);
-    EXPECT_EQ(logged("late voice is off"), 1);
 }
 
 TEST_F(FormTable, KeepsTheFormThatItTook) {
