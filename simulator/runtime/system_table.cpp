@@ -25,7 +25,7 @@ struct SystemRow {
     std::size_t count;
 };
 
-#include "system_rows.inc"
+#include <system_rows.inc>  // made of the tables when the phone is built
 
 // The latest minor version of each major one from 11 on.
 constexpr int oldestMajor = 11;
