@@ -37,12 +37,14 @@ void registerModule() {
 constexpr std::array clients{"com.apple.donotdisturb.control-center.module",
                              "com.apple.springboard.donotdisturb.notifications"};
 
+template <Handle Service>
 struct ServiceState {
     Copied<NSString> client;
 };
 
-bool isServed(Object service) {
-    const NSString client = stateOf<ServiceState>(service).client;
+template <Handle Service>
+bool isServed(Service service) {
+    const NSString client = stateOf<ServiceState<Service>>(service).client;
     return !serviceManner().failing && client &&
            std::ranges::any_of(
                clients, [&](const char* known) { return client.equals(NSString::from(known)); });
@@ -59,7 +61,7 @@ void fillError(id* error) {
 template <Handle Service>
 Service serviceFor(Class, NSString client) {
     auto service = create<Service>();
-    stateOf<ServiceState>(service).client = Copied<NSString>(client);
+    stateOf<ServiceState<Service>>(service).client = Copied<NSString>(client);
     return service.autoreleased();
 }
 
@@ -122,13 +124,13 @@ bool isActive(DNDState) { return isOn(Setting::doNotDisturb); }
 
 void registerServices() {
     standIn<DNDState, Object>(Variables{}, On::realPhones).realMethod<"isActive", &isActive>();
-    realStandIn<DNDStateService, Object, ServiceState>()
+    realStandIn<DNDStateService, Object, ServiceState<DNDStateService>>()
         .realClassMethod<"serviceForClientIdentifier:", &serviceFor<DNDStateService>>()
         .realMethod<"queryCurrentStateWithError:", &queryState>();
     realStandIn<DNDModeAssertionDetails, Object, DetailsState>()
         .realClassMethod<"userRequestedAssertionDetailsWithIdentifier:modeIdentifier:lifetime:",
                          &details>();
-    realStandIn<DNDModeAssertionService, Object, ServiceState>()
+    realStandIn<DNDModeAssertionService, Object, ServiceState<DNDModeAssertionService>>()
         .realClassMethod<"serviceForClientIdentifier:", &serviceFor<DNDModeAssertionService>>()
         .realMethod<"takeModeAssertionWithDetails:error:", &takeAssertion>()
         .realMethod<"invalidateAllActiveModeAssertionsWithError:", &invalidateAssertions>()

@@ -92,7 +92,7 @@ TEST_F(BrightnessOnReal, WithoutAnyFormTheSliderStillFollows) {
     made.adjustValue(0.75f);
     made.adjustValue(0.8f);
     EXPECT_EQ(display(), 0.5);
-    EXPECT_EQ(phone_->loggedCount("[Vantori]"), 0);
+    EXPECT_EQ(phone_->loggedCount("is off"), 0);
     expectUnhurt();
 }
 

@@ -31,6 +31,7 @@ struct SwitcherState {
 struct LayoutState {
     long environment;
 };
+template <Handle Context>
 struct ContextState {
     Strong<SBMainDisplayLayoutState> origin;
     Strong<SBMainDisplayLayoutState> target;
@@ -117,14 +118,19 @@ void follow(SBMainSwitcherViewController self, SBMainDisplayLayoutState target) 
     setVisible(self, target && stateOf<LayoutState>(target).environment == switcherInFront);
 }
 
+template <Handle Context>
+SBMainDisplayLayoutState targetOf(Context context) {
+    return stateOf<ContextState<Context>>(context).target;
+}
+
 void transitionBegan(SBMainSwitcherViewController self, Object,
                      SBLayoutStateTransitionContext context) {
-    follow(self, stateOf<ContextState>(context).target);
+    follow(self, targetOf(context));
 }
 
 void sceneTransitionBegan(SBMainSwitcherViewController self, Object,
                           SBWorkspaceApplicationSceneTransitionContext context) {
-    follow(self, stateOf<ContextState>(context).target);
+    follow(self, targetOf(context));
 }
 
 NSArray recentLayouts(SBMainSwitcherViewController) { return recentLayoutObjects(); }
@@ -176,8 +182,8 @@ template <class Context>
 Strong<Context> contextBetween(long origin, long target) {
     auto context = create<Context>();
     if (!context) return context;
-    stateOf<ContextState>(context).origin = layoutState(origin);
-    stateOf<ContextState>(context).target = layoutState(target);
+    stateOf<ContextState<Context>>(context).origin = layoutState(origin);
+    stateOf<ContextState<Context>>(context).target = layoutState(target);
     return context;
 }
 
@@ -203,12 +209,14 @@ void registerSwitcher() {
     realStandIn<SBMainDisplayLayoutState, Object, LayoutState>()
         .readonly<"unlockedEnvironmentMode", &LayoutState::environment>();
     realStandIn<SBLayoutStateTransitionCoordinator, Object>();
-    realStandIn<SBLayoutStateTransitionContext, Object, ContextState>()
-        .readonly<"fromLayoutState", &ContextState::origin>()
-        .readonly<"toLayoutState", &ContextState::target>();
-    realStandIn<SBWorkspaceApplicationSceneTransitionContext, Object, ContextState>()
-        .readonly<"previousLayoutState", &ContextState::origin>()
-        .readonly<"layoutState", &ContextState::target>();
+    using Coordinated = ContextState<SBLayoutStateTransitionContext>;
+    realStandIn<SBLayoutStateTransitionContext, Object, Coordinated>()
+        .readonly<"fromLayoutState", &Coordinated::origin>()
+        .readonly<"toLayoutState", &Coordinated::target>();
+    using InWorkspace = ContextState<SBWorkspaceApplicationSceneTransitionContext>;
+    realStandIn<SBWorkspaceApplicationSceneTransitionContext, Object, InWorkspace>()
+        .readonly<"previousLayoutState", &InWorkspace::origin>()
+        .readonly<"layoutState", &InWorkspace::target>();
     realStandIn<SBMainSwitcherViewController, UIViewController, SwitcherState>()
         .classMethod<"sharedInstance", &sharedInstance>()
         .method<"_handleTap:", &handleTap>()
