@@ -70,7 +70,7 @@ void playingDidChange(SBMediaController self, Object) {
 
 // What MediaRemote tells SpringBoard reaches it through these of its methods.
 void tellSpringBoard(MediaPlayer::Change change) {
-    if (change == MediaPlayer::Change::track) {
+    if (realRelease() != 0 && change == MediaPlayer::Change::track) {
         SBMediaController::shared().sendIfAnswered<"_mediaRemoteNowPlayingInfoDidChange:">(
             notification("kMRMediaRemoteNowPlayingInfoDidChangeNotification"_ns, Object()));
     }
