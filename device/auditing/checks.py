@@ -220,7 +220,7 @@ def check_need(feature, form, need, platform):
 
 
 def check_features(features, platform):
-    """Each form can be done where it is taken, and is taken somewhere."""
+    """Each form can be done where it is taken, and is taken somewhere; the first is kept in any case."""
     for feature in features:
         faults = [
             fault
@@ -232,7 +232,7 @@ def check_features(features, platform):
         if faults:
             continue
         for name, releases in systems_of(feature, platform).items():
-            if name and not releases:
+            if name and not releases and name != feature.forms[0].name:
                 yield (
                     f"the form '{name}' of {feature.name} is taken on no system: one before it is there wherever it "
                     "is, or the tables know of no system that has all it needs"
