@@ -1,5 +1,6 @@
 # The folders of the library and of the phone, each list from the lowest: a folder includes only itself
-# and those before it. This is the one place that says so; scripts/check-floors reads it too.
+# and those before it. This is the one place that says so; scripts/check-floors and scripts/floor-map read
+# it too.
 set(library_floors platform settings toggles pages toolbar hooks)
 set(simulator_floors runtime foundation rendering uikit loader hardware services springboard
   scenario phone live window demo)

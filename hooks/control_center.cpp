@@ -1,7 +1,9 @@
 #include "hooks/control_center.hpp"
 
+#include "settings/device_profile.hpp"
 #include "settings/notifications.hpp"
 #include "settings/variables.hpp"
+#include "toolbar/rubber_band.hpp"
 #include "toolbar/sb_toolbar_controller.hpp"
 
 namespace vantori {
@@ -44,7 +46,7 @@ void prepareForFirstPull(VNTSBToolBarController toolbar) {
 void followStatusBarPull(UIPanGestureRecognizer pan) {
     VNTSBToolBarController toolbar = VNTSBToolBarController::shared();
     UIView container = pan.view().superview();
-    pan.send<"translationInView:", CGPoint>(container);  // asked for and not used
+    (void)pan.send<"translationInView:", CGPoint>(container);  // deliberate, though not used
     const double distance = pulledDistance(pan, container);
     const double y =
         UIScreen::mainScreen().bounds().size.height - rubberBand(distance, toolbar.suggestedY());
@@ -69,12 +71,10 @@ void followStatusBarPull(UIPanGestureRecognizer pan) {
 
 PullSource sourceOf(Object self) {
     const CGPoint location = self.send<"_presentGestureLocationInView", CGPoint>();
-    return {edgePosition(location), replaceCC, false};
+    return {.edgePosition = edgePosition(location), .everywhere = replaceCC, .haptic = false};
 }
 
 }  // namespace
-
-bool hasNoHomeButton() { return BSPlatform::shared().homeButtonType() == BSPlatform::noHomeButton; }
 
 void statusBarPulledDown(System<void(Object)> system, Object, Object recognizer) {
     if (!replaceCC) {
@@ -100,7 +100,9 @@ void controlCenterPullBegan(const TongueReport& system, Object self, Object tong
 
 void controlCenterPullUpdated(const TongueReport& system, Object self, Object tongue,
                               double distance, double velocity) {
-    sourceOf(self);  // location and orientation are taken afresh on each report
+    // Location and orientation are asked for at each report, though only the first needs them.
+    // Deliberate.
+    (void)sourceOf(self);
     updatePull(system, tongue, distance, velocity);
 }
 

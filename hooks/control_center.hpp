@@ -6,9 +6,6 @@
 
 namespace vantori {
 
-// Whether the device has no home button, as the platform says (2 means none).
-bool hasNoHomeButton();
-
 void statusBarPulledDown(System<void(Object)> system, Object self, Object recognizer);
 PullHandler controlCenterPullBegan;
 PullHandler controlCenterPullUpdated;

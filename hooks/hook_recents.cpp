@@ -19,7 +19,7 @@ void showRecents(SBRecentAppLayouts recents) {
         VNTToolBarController::shared().iconsContainerViewController(),
         VNTSBToolBarController::shared().iconsContainerViewController()};
     const bool newer = isSystem13OrLater();
-    NSArray layouts = recents.layouts(newer ? "_allRecents"_ns : "_recents"_ns);
+    NSArray layouts = newer ? recents.allRecents() : recents.recents();
     if (layouts.count() == 0) return;
     for (VNTIconsContainerViewController page : pages) {
         if (newer) {

@@ -2,6 +2,7 @@
 
 #include "hooks/hook_table.hpp"
 #include "platform/definition.hpp"
+#include "platform/form.hpp"
 
 namespace vantori {
 
@@ -44,6 +45,16 @@ void describe(const HookRow& row, NSMutableString text) {
     text.append("\n");
 }
 
+void describe(const FeatureRecord& feature, NSMutableString text) {
+    const char* form = feature.form;
+    text.append("form ");
+    text.append(feature.name);
+    text.append(": ");
+    text.append(form ? form : "none");
+    if (feature.isOff) text.append(", switched off");
+    text.append("\n");
+}
+
 NSString reportText(Class) { return hookReport(); }
 
 }  // namespace
@@ -57,11 +68,14 @@ NSString hookReport() {
             describe(row, text);
         }
     }
-    for (auto forms : {laterSpringBoardForms(), laterControlCenterForms()}) {
-        for (const LaterForm& form : forms) {
-            text.append("later");
+    for (auto forms : {otherSpringBoardForms(), otherControlCenterForms()}) {
+        for (const OtherForm& form : forms) {
+            text.append("other");
             describe(form.row, text);
         }
+    }
+    for (const FeatureRecord* feature = usedFeatures(); feature; feature = feature->next) {
+        describe(*feature, text);
     }
     return text;
 }

@@ -1,6 +1,6 @@
 #include "hooks/hook_scene_layout.hpp"
 
-#include "hooks/pull_scene.hpp"
+#include "pages/lifted_scene.hpp"
 #include "platform/definition.hpp"
 #include "platform/log.hpp"
 #include "settings/variables.hpp"

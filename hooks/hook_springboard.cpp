@@ -1,7 +1,6 @@
 #include "hooks/hook_springboard.hpp"
 
 #include "hooks/gesture_zones.hpp"
-#include "hooks/pull_scene.hpp"
 #include "settings/device_profile.hpp"
 #include "settings/notifications.hpp"
 #include "settings/variables.hpp"
@@ -39,11 +38,6 @@ void didFinishLaunching(System<void(Object)> system, Object self, Object applica
         springBoardToolbar.view().layer().setCornerRadius(0);
     }
     springBoardToolbar.dismiss();
-}
-
-void switcherContainerDidMove(System<void()> system, Object) {
-    system();
-    springScene(0, 0);
 }
 
 void lockUI(System<void(int, Object)> system, Object, int source, Object options) {

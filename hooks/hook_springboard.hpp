@@ -1,4 +1,4 @@
-// SpringBoard itself: launching, turning, locking, and the switcher's container.
+// SpringBoard itself: launching, turning, locking.
 #pragma once
 
 #include "platform/hook.hpp"
@@ -12,7 +12,6 @@ void deviceSetOrientation(System<void(long, bool)> system, Object self, long ori
                           bool animated);
 void postOrientationChanged(System<void(bool)> system, Object self, bool animated);
 void didFinishLaunching(System<void(Object)> system, Object self, Object application);
-void switcherContainerDidMove(System<void()> system, Object self);
 void lockUI(System<void(int, Object)> system, Object self, int source, Object options);
 
 }  // namespace vantori

@@ -1,5 +1,7 @@
 #include "hooks/hook_table.hpp"
 
+#include <algorithm>
+
 #include "hooks/control_center.hpp"
 #include "hooks/gesture_zones.hpp"
 #include "hooks/hook_dock.hpp"
@@ -7,6 +9,7 @@
 #include "hooks/hook_recents.hpp"
 #include "hooks/hook_scene_layout.hpp"
 #include "hooks/hook_springboard.hpp"
+#include "hooks/hook_switcher.hpp"
 #include "hooks/hook_volume.hpp"
 #include "hooks/hook_welcome.hpp"
 #include "hooks/pull_reachability.hpp"
@@ -77,22 +80,27 @@ std::span<const HookRow> controlCenterHooks() {
     return rows;
 }
 
-std::span<const LaterForm> laterSpringBoardForms() {
-    static const LaterForm forms[] = {
-        laterForm<"SBFluidSwitcherGestureManager", "grabberTongueBeganPulling:withDistance:andVelocity:", "grabberTongueBeganPulling:withDistance:andVelocity:andGesture:", &inFourParts<pullBegan>>(),
-        laterForm<"SBFluidSwitcherGestureManager", "grabberTongueUpdatedPulling:withDistance:andVelocity:", "grabberTongueUpdatedPulling:withDistance:andVelocity:andGesture:", &inFourParts<pullUpdated>>(),
-        laterForm<"SBFluidSwitcherGestureManager", "grabberTongueEndedPulling:withDistance:andVelocity:", "grabberTongueEndedPulling:withDistance:andVelocity:andGesture:", &inFourParts<pullEnded>>(),
-        laterForm<"SBFluidSwitcherGestureManager", "grabberTongueCanceledPulling:withDistance:andVelocity:", "grabberTongueCanceledPulling:withDistance:andVelocity:andGesture:", &inFourParts<pullCancelled>>(),
+std::span<const OtherForm> otherSpringBoardForms() {
+    static const OtherForm forms[] = {
+        otherForm<"SBFluidSwitcherGestureManager", "grabberTongueBeganPulling:withDistance:andVelocity:", "SBFluidSwitcherGestureManager", "grabberTongueBeganPulling:withDistance:andVelocity:andGesture:", &inFourParts<pullBegan>>(),
+        otherForm<"SBFluidSwitcherGestureManager", "grabberTongueUpdatedPulling:withDistance:andVelocity:", "SBFluidSwitcherGestureManager", "grabberTongueUpdatedPulling:withDistance:andVelocity:andGesture:", &inFourParts<pullUpdated>>(),
+        otherForm<"SBFluidSwitcherGestureManager", "grabberTongueEndedPulling:withDistance:andVelocity:", "SBFluidSwitcherGestureManager", "grabberTongueEndedPulling:withDistance:andVelocity:andGesture:", &inFourParts<pullEnded>>(),
+        otherForm<"SBFluidSwitcherGestureManager", "grabberTongueCanceledPulling:withDistance:andVelocity:", "SBFluidSwitcherGestureManager", "grabberTongueCanceledPulling:withDistance:andVelocity:andGesture:", &inFourParts<pullCancelled>>(),
+        otherForm<"SBReachabilityManager", "_toggleReachabilityMode", "SBReachabilityManager", "_toggleReachabilityModeWithRequestingObserver:", &toggleReachabilityFor>(),
+        otherForm<"SBBarSwipeAffordanceView", "_handleReachabilityPanGesture:", "SBReachabilityManager", "_activateReachability:", &reachabilitySwiped>(),
+        otherForm<"SBBarSwipeAffordanceView", "_handleReachabilityPanGesture:", "SBFluidSwitcherGestureManager", "_activateReachability:", &reachabilitySwiped>(),
+        otherForm<"SBSwitcherContainerView", "didMoveToWindow", "SBMainSwitcherViewController", "layoutStateTransitionCoordinator:transitionDidBeginWithTransitionContext:", &layoutTransitionBegan>(),
+        otherForm<"SBSwitcherContainerView", "didMoveToWindow", "SBMainSwitcherViewController", "sceneLayoutController:didBeginLayoutStateTransitionWithContext:", &sceneTransitionBegan>(),
     };
     return forms;
 }
 
-std::span<const LaterForm> laterControlCenterForms() {
-    static const LaterForm forms[] = {
-        laterForm<"SBControlCenterController", "grabberTongueBeganPulling:withDistance:andVelocity:", "grabberTongueBeganPulling:withDistance:andVelocity:andGesture:", &inFourParts<controlCenterPullBegan>>(),
-        laterForm<"SBControlCenterController", "grabberTongueUpdatedPulling:withDistance:andVelocity:", "grabberTongueUpdatedPulling:withDistance:andVelocity:andGesture:", &inFourParts<controlCenterPullUpdated>>(),
-        laterForm<"SBControlCenterController", "grabberTongueEndedPulling:withDistance:andVelocity:", "grabberTongueEndedPulling:withDistance:andVelocity:andGesture:", &inFourParts<controlCenterPullEnded>>(),
-        laterForm<"SBControlCenterController", "grabberTongueCanceledPulling:withDistance:andVelocity:", "grabberTongueCanceledPulling:withDistance:andVelocity:andGesture:", &inFourParts<controlCenterPullCancelled>>(),
+std::span<const OtherForm> otherControlCenterForms() {
+    static const OtherForm forms[] = {
+        otherForm<"SBControlCenterController", "grabberTongueBeganPulling:withDistance:andVelocity:", "SBControlCenterController", "grabberTongueBeganPulling:withDistance:andVelocity:andGesture:", &inFourParts<controlCenterPullBegan>>(),
+        otherForm<"SBControlCenterController", "grabberTongueUpdatedPulling:withDistance:andVelocity:", "SBControlCenterController", "grabberTongueUpdatedPulling:withDistance:andVelocity:andGesture:", &inFourParts<controlCenterPullUpdated>>(),
+        otherForm<"SBControlCenterController", "grabberTongueEndedPulling:withDistance:andVelocity:", "SBControlCenterController", "grabberTongueEndedPulling:withDistance:andVelocity:andGesture:", &inFourParts<controlCenterPullEnded>>(),
+        otherForm<"SBControlCenterController", "grabberTongueCanceledPulling:withDistance:andVelocity:", "SBControlCenterController", "grabberTongueCanceledPulling:withDistance:andVelocity:andGesture:", &inFourParts<controlCenterPullCancelled>>(),
     };
     return forms;
 }
@@ -102,12 +110,28 @@ void install(std::span<const HookRow> rows) {
     for (const HookRow& row : rows) platform::install(row);
 }
 
-void install(std::span<const LaterForm> forms) {
-    for (const LaterForm& form : forms) {
-        Class cls = objc_getClass(form.row.className);
-        const bool known = cls && class_getInstanceMethod(cls, form.earlier());
-        const bool renamed = cls && class_getInstanceMethod(cls, form.row.selector());
-        if (!known && renamed) platform::install(form.row);
+namespace {
+
+bool exists(const char* className, SEL message) {
+    Class cls = objc_getClass(className);
+    return cls && class_getInstanceMethod(cls, message);
+}
+
+bool standsForTheSame(const OtherForm& a, const OtherForm& b) {
+    return a.requiredClass == b.requiredClass && a.required == b.required;
+}
+
+}  // namespace
+
+void install(std::span<const OtherForm> forms) {
+    for (std::size_t i = 0; i < forms.size(); ++i) {
+        const OtherForm& form = forms[i];
+        if (exists(form.requiredClass, form.required())) continue;
+        if (!exists(form.row.className, form.row.selector())) continue;
+        const bool taken = std::ranges::any_of(forms.first(i), [&](const OtherForm& preferred) {
+            return standsForTheSame(preferred, form) && preferred.row.record->installed;
+        });
+        if (!taken) platform::install(form.row);
     }
 }
 

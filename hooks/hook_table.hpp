@@ -13,24 +13,27 @@ std::span<const HookRow> welcomeHooks();        // installed whenever the librar
 std::span<const HookRow> springBoardHooks();    // once the Control Center frameworks are there
 std::span<const HookRow> controlCenterHooks();  // when the Control Center gestures are wanted
 
-// A row under the name that a later system gives the same method.
-struct LaterForm {
+// A row as other systems have it: under another name, or in another class.
+struct OtherForm {
     HookRow row;
-    SEL (*earlier)();  // the selector in the table, which that system has no longer
+    const char* requiredClass;  // of the row in the table that it stands for
+    SEL (*required)();
 };
 
-template <FixedString className, FixedString earlier, FixedString message, auto fn>
-LaterForm laterForm() {
-    return {hook<className, message, fn>(), &selector<earlier>};
+template <FixedString requiredClass, FixedString required, FixedString className,
+          FixedString message, auto fn>
+OtherForm otherForm() {
+    return {hook<className, message, fn>(), requiredClass.data(), &selector<required>};
 }
 
-std::span<const LaterForm> laterSpringBoardForms();
-std::span<const LaterForm> laterControlCenterForms();
+// Several may stand for one row, the preferred first.
+std::span<const OtherForm> otherSpringBoardForms();
+std::span<const OtherForm> otherControlCenterForms();
 
 void install(std::span<const HookRow> rows);
 
-// Only those whose class has the later name and not the earlier one: where the names of the table exist,
-// exactly the table is installed.
-void install(std::span<const LaterForm> forms);
+// For each row whose own class or method does not exist, the first form that does. Where the names of the
+// table exist, exactly the table is installed.
+void install(std::span<const OtherForm> forms);
 
 }  // namespace vantori

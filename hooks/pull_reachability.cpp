@@ -1,6 +1,6 @@
 #include "hooks/pull_reachability.hpp"
 
-#include "hooks/pull_scene.hpp"
+#include "pages/lifted_scene.hpp"
 #include "settings/variables.hpp"
 #include "toolbar/sb_toolbar_controller.hpp"
 
@@ -23,6 +23,15 @@ void openToolbar() {
 
 bool canToggle() { return VNTToolBarController::shared().canToggleReachability(); }
 
+template <class... A>
+void openOrLetSystem(const System<void(A...)>& system, A... arguments) {
+    if (reachability) {
+        openToolbar();
+    } else if (canToggle()) {
+        system(arguments...);
+    }
+}
+
 }  // namespace
 
 bool shouldBeginReachabilityGesture(System<bool(Object)> system, Object, Object gesture) {
@@ -34,20 +43,20 @@ bool shouldBeginReachabilityGesture(System<bool(Object)> system, Object, Object 
 
 bool reachabilityEnabled(System<bool()> system, Object) { return canToggle() && system(); }
 
-void toggleReachability(System<void()> system, Object) {
-    if (reachability) {
-        openToolbar();
-    } else if (canToggle()) {
-        system();
-    }
+void toggleReachability(System<void()> system, Object) { openOrLetSystem(system); }
+
+void toggleReachabilityFor(System<void(Object)> system, Object, Object observer) {
+    openOrLetSystem(system, observer);
 }
 
 void handleReachabilityPan(System<void(Object)> system, Object, Object gesture) {
-    if (reachability) {
-        openToolbar();
-    } else if (canToggle()) {
-        system(gesture);
-    }
+    openOrLetSystem(system, gesture);
+}
+
+void reachabilitySwiped(System<void(Object)> system, Object, Object gesture) {
+    const bool done = as<UIGestureRecognizer>(gesture).state() == UIGestureRecognizer::ended;
+    if (reachability && !done) return;
+    openOrLetSystem(system, gesture);
 }
 
 }  // namespace vantori

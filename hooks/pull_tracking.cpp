@@ -3,9 +3,10 @@
 #include <algorithm>
 
 #include "hooks/gesture_zones.hpp"
-#include "hooks/pull_scene.hpp"
+#include "pages/lifted_scene.hpp"
 #include "settings/notifications.hpp"
 #include "settings/variables.hpp"
+#include "toolbar/rubber_band.hpp"
 #include "toolbar/sb_toolbar_controller.hpp"
 
 namespace vantori {
@@ -17,16 +18,15 @@ constexpr double closingVelocity = -5.0;
 
 CGSize screenSizeNow() { return UIScreen::mainScreen().bounds().size; }
 
-// The flag is cleared before and after the spring. Deliberate.
-void lowerApplication() {
+// The toolbar behind the application, by a pull: its flag is cleared before and after the spring. The
+// dismiss gesture (toolbar_controller.cpp) and the launches (application_launch.cpp, music_transport.cpp)
+// close it in sequences of their own. Deliberate.
+void closeApplicationToolbar() {
     VNTToolBarController toolbar = VNTToolBarController::shared();
     toolbar.setIsEnabled(false);
     springScene(0, 0);
     liftingAppScene = false;
     toolbar.setIsEnabled(false);
-}
-
-void announceClosing() {
     post(local::stopMarquee());
     postDarwin(darwin::backNow());
 }
@@ -93,8 +93,7 @@ void trackToolbar(double distance) {
 
 void releaseScene(bool closes) {
     if (closes) {
-        lowerApplication();
-        announceClosing();
+        closeApplicationToolbar();
     } else if (!alwaysSpringBoardStyle) {
         VNTToolBarController::shared().setIsEnabled(true);
         springScene(MAX_SIZE, CORNER_RADIUS);
@@ -136,14 +135,15 @@ void letSystemPull(const TongueReport& system, Object tongue, double distance, d
     system(tongue, distance, velocity);
 }
 
+// Whether a toolbar is open is asked twice: closed above, neither can be open after the hit is prepared,
+// and yet each is asked again. Deliberate: the questions are part of the sequence of messages.
 void beginPull(const TongueReport& system, const PullSource& source, Object tongue, double distance,
                double velocity) {
     VNTToolBarController applicationToolbar = VNTToolBarController::shared();
     VNTSBToolBarController springBoardToolbar = VNTSBToolBarController::shared();
     // A pull that begins while a toolbar is open closes it.
     if (applicationToolbar.isEnabled()) {
-        lowerApplication();
-        announceClosing();
+        closeApplicationToolbar();
         return;
     }
     if (springBoardToolbar.isEnabled()) {
@@ -167,8 +167,7 @@ void beginPull(const TongueReport& system, const PullSource& source, Object tong
         return;
     }
     if (applicationToolbar.isEnabled()) {
-        lowerApplication();
-        announceClosing();
+        closeApplicationToolbar();
         system(tongue, distance, velocity);
         return;
     }
@@ -215,8 +214,7 @@ void cancelPull(const TongueReport& system, Object tongue, double distance, doub
         return;
     }
     VNTSBToolBarController::shared().setIsEnabled(false);
-    lowerApplication();
-    announceClosing();
+    closeApplicationToolbar();
     clearPull();
 }
 
@@ -226,7 +224,8 @@ void pullBegan(const TongueReport& system, Object self, Object tongue, double di
     SBGrabberTongue deck = as<SBFluidSwitcherGestureManager>(self).deckGrabberTongue();
     const CGPoint location =
         deck.edgePullGestureRecognizer().locationInView(deck.tongueContainer());
-    const PullSource source{edgePosition(location), false, true};
+    const PullSource source{
+        .edgePosition = edgePosition(location), .everywhere = false, .haptic = true};
     beginPull(system, source, tongue, distance, velocity);
 }
 

@@ -8,11 +8,12 @@
 #include "pages/application_host.hpp"
 #include "platform/definition.hpp"
 #include "platform/loading.hpp"
+#include "settings/device_profile.hpp"
 #include "settings/settings_file.hpp"
 #include "settings/variables.hpp"
 #include "toolbar/sb_toolbar_controller.hpp"
 #include "toolbar/settings_reload.hpp"
-#include "toolbar/update_view_controller.hpp"
+#include "toolbar/welcome_pager.hpp"
 
 namespace vantori {
 
@@ -30,11 +31,11 @@ struct Frameworks {
 };
 
 void registerClasses() {
-    registerUpdateViewController();
+    registerWelcomePager();
     registerHostWindows();
     registerApplicationHost();
     registerPages();
-    registerPanels();
+    registerControls();
     registerEverydayPage();
     registerToolBarController();
     registerSBToolBarController();
@@ -62,6 +63,8 @@ void readFirstSettings() {
     middleZoneWidth = 0;
 }
 
+// Arrangement and middle zone a second time, the tap and the style as reloadSettings() has just read
+// them: the settings file is asked in this order. Deliberate.
 void readLastSettings() {
     (void)intSetting("gestureLocation"_ns, 0);
     layoutDirection = currentLayoutDirection();
@@ -93,7 +96,7 @@ void expandModule(UIViewController self, NSString identifier) {
 void installSpringBoardHooks() {
     addSceneLayoutAccessors();
     install(springBoardHooks());
-    install(laterSpringBoardForms());
+    install(otherSpringBoardForms());
     addMethod<"test", &showTestAlert>(objc_getClass("SBFluidSwitcherGestureManager"));
     addMethod<"vntExpandModuleWithIdentifier:", &expandModule>(
         objc_getClass("CCUIModuleCollectionViewController"));
@@ -101,7 +104,7 @@ void installSpringBoardHooks() {
 
 void installControlCenterHooks() {
     install(controlCenterHooks());
-    install(laterControlCenterForms());
+    install(otherControlCenterForms());
 }
 
 }  // namespace

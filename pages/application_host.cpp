@@ -1,5 +1,6 @@
 #include "pages/application_host.hpp"
 
+#include "pages/live_application.hpp"
 #include "pages/page_height.hpp"
 #include "platform/definition.hpp"
 #include "platform/dispatch.hpp"
@@ -13,6 +14,7 @@ namespace {
 
 struct HostState {
     Strong<FBSceneHostWrapperView> wrapper;  // declared for a scene's view; nothing fills it here
+    LiveApplication live;
 };
 
 constexpr double retryDelay = 1;  // seconds
@@ -26,15 +28,44 @@ Strong<FBProcess> createProcess(NSString identifier) {
     return retained(FBProcessManager::shared().createProcess(identifier));
 }
 
-// Without an application, or on a system without such a process manager, no scene will ever come.
-bool canHost(NSString identifier) {
-    constexpr auto creation = &selector<"createApplicationProcessForBundleID:">;
-    return identifier && FBProcessManager::shared().respondsTo(creation());
+// Asks again at once and without end, on the main thread, until the scene is there; each failed test
+// also leaves one more attempt for a second later. Deliberate.
+void waitForScene(VNTApplicationHostViewController, SBApplication, NSString of) {
+    Strong<NSString> identifier = retained(of);
+    Strong<FBProcess> process = createProcess(identifier);
+    while (!process.mainScene()) {
+        log("[Vantori] mainScene not found, create process again."_ns);
+        launchSuspended(identifier);
+        process = createProcess(identifier);
+        afterSeconds(retryDelay, [identifier] {
+            launchSuspended(identifier);
+            FBProcessManager::shared().createProcess(identifier);
+        });
+    }
 }
 
-// Some systems' processes know nothing of scenes; waiting for one would never end.
-bool knowsScenes(FBProcess process) {
-    return !process || process.respondsTo(selector<"mainScene">());
+void showLive(VNTApplicationHostViewController self, SBApplication application, NSString);
+
+struct Hosting {
+    void (*host)(VNTApplicationHostViewController self, SBApplication application,
+                 NSString identifier);
+};
+constexpr Hosting inProcess{&waitForScene};
+constexpr Hosting inView{&showLive};
+
+using CreateProcess =
+    InstanceMethod<"FBProcessManager", "createApplicationProcessForBundleID:", FBProcess(NSString)>;
+using MainScene = InstanceMethod<"FBApplicationProcess", "mainScene", Object()>;
+
+// Where processes know nothing of scenes, waiting for one would never end.
+using HostingForms =
+    Feature<"hosting an application",  //
+            Form<"a process with a main scene", inProcess, CreateProcess, MainScene>,
+            Form<"a live view of its scene", inView, SceneEntity, LiveView>>;
+
+void showLive(VNTApplicationHostViewController self, SBApplication application, NSString) {
+    const char* problem = stateOf<HostState>(self).live.show(application, self);
+    if (problem) HostingForms::switchOff(problem);
 }
 
 void viewDidLoad(VNTApplicationHostViewController self) {
@@ -47,25 +78,17 @@ void viewDidLoad(VNTApplicationHostViewController self) {
 
 void launchApplicationWithApplication(VNTApplicationHostViewController self,
                                       SBApplication application) {
+    stateOf<HostState>(self).live.end();
     removeSubviews(self.view());
     launchSuspended(application.bundleIdentifier());
 }
 
-// Asks again at once and without end, on the main thread, until the scene is there; each failed test
-// also leaves one more attempt for a second later. Deliberate.
-void launchApplication(VNTApplicationHostViewController, SBApplication application) {
-    Strong<NSString> identifier = retained(application.bundleIdentifier());
+void launchApplication(VNTApplicationHostViewController self, SBApplication application) {
+    NSString identifier = application.bundleIdentifier();
     launchSuspended(identifier);
-    if (!canHost(identifier)) return;
-    Strong<FBProcess> process = createProcess(identifier);
-    while (knowsScenes(process) && !process.mainScene()) {
-        log("[Vantori] mainScene not found, create process again."_ns);
-        launchSuspended(identifier);
-        process = createProcess(identifier);
-        afterSeconds(retryDelay, [identifier] {
-            launchSuspended(identifier);
-            FBProcessManager::shared().createProcess(identifier);
-        });
+    if (!identifier) return;
+    if (const Hosting* hosting = HostingForms::taken()) {
+        hosting->host(self, application, identifier);
     }
 }
 

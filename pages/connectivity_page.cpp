@@ -68,10 +68,20 @@ bool hasToggleList() {
 // row, though there is nothing to show.
 bool isPassedOver(Object entry) { return isPlaceholder(entry) && hasToggleList(); }
 
-// The button stands in the view of its controller; a system whose view is another has none.
+// What holds the round button of a controller: its view, or where that is of another kind, something
+// in it that the controller names. Which it is only the objects tell.
+UIView viewItself(UIViewController controller) { return controller.view(); }
+UIView containerInView(UIViewController controller) {
+    return controller.sendIfAnswered<"buttonContainer", UIView>();
+}
+constexpr UIView (*buttonHolders[])(UIViewController) = {&viewItself, &containerInView};
+
 CCUIRoundButton buttonOf(UIViewController controller) {
-    CCUILabeledRoundButton view = as<CCUILabeledRoundButton>(controller.view());
-    return view.respondsTo(selector<"buttonView">()) ? view.buttonView() : CCUIRoundButton();
+    for (auto holderOf : buttonHolders) {
+        auto holder = as<CCUILabeledRoundButton>(holderOf(controller));
+        if (holder.respondsTo(selector<"buttonView">())) return holder.buttonView();
+    }
+    return {};
 }
 
 Strong<UIViewController> makeController(const char* className) {
@@ -115,6 +125,10 @@ void placeButton(VNTConnectivityBarViewController self, UIViewController control
     stateIn(self).container.addSubview(view);
 }
 
+// With all five buttons of 60 points on a screen 375 wide, the six gaps are (375 - 5 * 60) / 6 = 12.5:
+// the buttons start at 12.5, 85, 157.5, 230 and 302.5. A placeholder that is not passed over leaves its
+// place empty: it takes the width of a button and its gap, and yet the count that the gap comes from
+// leaves it out. Deliberate.
 void placeRow(VNTConnectivityBarViewController self, CGSize button) {
     NSArray controllers = stateIn(self).controllers;
     const double count = static_cast<double>(self.togglesCount());

@@ -137,13 +137,12 @@ void layoutDailyToggles(Page self) {
     NSArray slots = state.toggleControllers;
     double count = 0;
     for (unsigned long i = 0; i < slots.count(); ++i) count += isFilled(slots.at(i)) ? 1 : 0;
-    const double gap =
-        strip::gap(self.view().bounds().size.width, strip::toggleSide * count, count);
-    double before = 0;
+    const auto places = strip::Row::ofToggles(self.view().bounds().size.width, count);
+    double index = 0;
     for (unsigned long i = 0; i < slots.count(); ++i) {
         if (!isFilled(slots.at(i))) continue;
         UIView toggle = slots.at<UIViewController>(i).view();
-        toggle.setFrame(strip::toggleFrame(gap, before++));
+        toggle.setFrame(places.toggle(index++));
         state.toggleContainerView.addSubview(toggle);
     }
 }

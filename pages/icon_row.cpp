@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "pages/app_button.hpp"
+#include "pages/layout_items.hpp"
 #include "platform/subviews.hpp"
 #include "settings/device_profile.hpp"
 
@@ -49,7 +50,7 @@ void showLayouts(VNTIconsContainerViewController self, NSArray layouts,
     const unsigned long shown = std::min(layouts.count(), mostOthers);
     removeSubviews(row);
     for (unsigned long i = 0; i < shown; ++i) {
-        NSString identifier = identifierOf(layouts.at<SBAppLayout>(i).firstItem());
+        NSString identifier = identifierOf(firstItemOf(layouts.at<SBAppLayout>(i)));
         UIImage image = self.generateIconImageForIdentifier(identifier);
         const double side = std::min(image.size().width, widestIcon) - trimming;
         addIcon(self, iconPlace(width, side, shown, i), image, identifier);

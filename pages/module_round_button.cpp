@@ -1,5 +1,6 @@
 #include "pages/module_round_button.hpp"
 
+#include "pages/module_expansion.hpp"
 #include "platform/control_center.hpp"
 #include "platform/definition.hpp"
 #include "settings/device_profile.hpp"
@@ -39,11 +40,6 @@ State& stateIn(VNTCCToggleRoundButton self) { return stateOf<State>(self); }
 
 bool isScreenRecording(Object controller) {
     return controller.isKindOfClass(classOf<RPControlCenterModuleViewController>());
-}
-
-CCUIModuleCollectionViewController sharedCollection() {
-    Object cls(classObject(classOf<CCUIModuleCollectionViewController>()));
-    return cls.sendIfAnswered<"sharedInstance", CCUIModuleCollectionViewController>();
 }
 
 // Leaves the sizes as they are when the controller has none to prefer.
@@ -130,19 +126,20 @@ void handleLongPressGesture(VNTCCToggleRoundButton self, UIGestureRecognizer pre
     }
 }
 
-void showExpandedModule(Object) {
+void giveHaptic() {
     create<UIImpactFeedbackGenerator, "initWithStyle:">(UIImpactFeedbackGenerator::medium)
         .impactOccurred();
-    SBControlCenterController::shared().sendIfAnswered<"showExpandedViewAnimated">();
 }
 
-// No known system has all the messages that expanding takes: those that are missing are passed over.
 void expandModule(VNTCCToggleRoundButton self) {
-    SBControlCenterController::shared().sendIfAnswered<"preparedForExpanding">();
-    sharedCollection().sendIfAnswered<"vntExpandModuleWithIdentifier:">(
-        NSString(stateIn(self).moduleIdentifier));
+    const Strong<NSString>& module = stateIn(self).moduleIdentifier;
+    const ModuleExpansion& expansion = moduleExpansion();
+    expansion.prepare(module);
     const double delay = isSystem13OrLater() ? preparation : preparationBefore13;
-    auto show = block<void(Object)>(&showExpandedModule);
+    auto show = block<void(Object)>([&expansion, module](Object) {
+        giveHaptic();
+        expansion.show(module);
+    });
     BlockRef<void(Object)> shown = show;
     sendClass<NSTimer, "scheduledTimerWithTimeInterval:repeats:block:", Object>(delay, false,
                                                                                 shown);

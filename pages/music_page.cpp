@@ -7,6 +7,7 @@
 #include "pages/music_state.hpp"
 #include "pages/music_text.hpp"
 #include "pages/music_transport.hpp"
+#include "pages/now_playing_forms.hpp"
 #include "pages/page_height.hpp"
 #include "platform/springboard.hpp"
 #include "settings/notifications.hpp"
@@ -16,16 +17,6 @@ namespace vantori {
 namespace {
 
 using Page = VNTMediaPlayerViewController;
-
-struct ScrollingLine {
-    Strong<MPUMarqueeView> MusicState::* marquee;
-    Strong<UILabel> MusicState::* label;
-};
-constexpr ScrollingLine scrollingLines[] = {
-    {&MusicState::albumMarquee, &MusicState::album},
-    {&MusicState::titleMarquee, &MusicState::title},
-    {&MusicState::subtitleMarquee, &MusicState::subtitle},
-};
 
 constexpr Strong<UIButton> MusicState::* buttons[] = {&MusicState::left, &MusicState::middle,
                                                       &MusicState::right};
@@ -41,8 +32,9 @@ void createParts(Page self) {
     state.placeholder.setImage(self.placeholder());
     state.openButton = create<UIButton, "initWithFrame:">(music::artworkFrame());
     for (int i = 0; i < 3; ++i) {
-        state.*scrollingLines[i].label = create<UILabel>();
-        state.*scrollingLines[i].marquee =
+        const MusicLine& line = musicLines()[static_cast<std::size_t>(i)];
+        state.*line.label = create<UILabel>();
+        state.*line.marquee =
             create<MPUMarqueeView, "initWithFrame:">(music::lineFrame(screenSize().width, i));
         state.*buttons[i] =
             create<UIButton, "initWithFrame:">(music::buttonFrame(screenSize().width, i));
@@ -53,7 +45,7 @@ void loadView(Page self) {
     super<Page, "loadView">(self);
     createParts(self);
     MusicState& state = musicState(self);
-    state.controller = create<MPUNowPlayingController>();
+    state.controller = createNowPlayingSource();
     state.controller.setDelegate(self);
     state.openButton.addTarget(self, selector<"openNowPlayingApplication">(),
                                UIControl::touchUpInside | UIControl::touchUpOutside);
@@ -73,7 +65,7 @@ void style(const MusicState& state) {
         picture.layer().setCornerRadius(music::artworkRadius);
         picture.layer().setMasksToBounds(true);
     }
-    for (const ScrollingLine& line : scrollingLines) {
+    for (const MusicLine& line : musicLines()) {
         (state.*line.label).setTextColor(UIColor::white());
         (state.*line.label).setFont(UIFont::system(music::fontSize));
     }
@@ -125,7 +117,7 @@ void updateButton(Page self) { showPlayingLater(self); }
 
 void setUpMarqueeView(Page self) {
     const MusicState& state = musicState(self);
-    for (const ScrollingLine& line : scrollingLines) {
+    for (const MusicLine& line : musicLines()) {
         MPUMarqueeView marquee = state.*line.marquee;
         UILabel label = state.*line.label;
         NSArray parts = marquee.subviews();
@@ -134,11 +126,11 @@ void setUpMarqueeView(Page self) {
         marquee.setViewForContentSize(label);
         marquee.setMarqueeEnabled(false);
     }
-    for (const ScrollingLine& line : scrollingLines) self.view().addSubview(state.*line.marquee);
+    for (const MusicLine& line : musicLines()) self.view().addSubview(state.*line.marquee);
 }
 
 void setMarqueesEnabled(Page self, bool enabled) {
-    for (const ScrollingLine& line : scrollingLines) {
+    for (const MusicLine& line : musicLines()) {
         (musicState(self).*line.marquee).setMarqueeEnabled(enabled);
     }
 }

@@ -1,7 +1,5 @@
 #include "pages/music_text.hpp"
 
-#include "pages/music_state.hpp"
-
 namespace vantori {
 
 namespace {
@@ -11,29 +9,24 @@ NSString fallback() { return "Music"_ns; }
 // Five blanks behind every scrolling text.
 NSString gap() { return "     "_ns; }
 
-struct Line {
-    Strong<UILabel> MusicState::* label;
-    NSString (*key)();
-    NSString (*idle)();  // while nothing is loaded
-};
-
 // The idle text of the album ends in nine blanks: deliberate.
-constexpr Line lines[] = {
-    {&MusicState::album, [] { return "kMRMediaRemoteNowPlayingInfoAlbum"_ns; },
-     [] { return "Vantori         "_ns; }},
-    {&MusicState::title, [] { return "kMRMediaRemoteNowPlayingInfoTitle"_ns; },
-     [] { return "Music     "_ns; }},
-    {&MusicState::subtitle, [] { return "kMRMediaRemoteNowPlayingInfoArtist"_ns; },
+constexpr MusicLine lines[] = {
+    {&MusicState::album, &MusicState::albumMarquee,
+     [] { return "kMRMediaRemoteNowPlayingInfoAlbum"_ns; }, [] { return "Vantori         "_ns; }},
+    {&MusicState::title, &MusicState::titleMarquee,
+     [] { return "kMRMediaRemoteNowPlayingInfoTitle"_ns; }, [] { return "Music     "_ns; }},
+    {&MusicState::subtitle, &MusicState::subtitleMarquee,
+     [] { return "kMRMediaRemoteNowPlayingInfoArtist"_ns; },
      [] { return "Click the play button to play.     "_ns; }},
 };
 
 // What the item tells of itself on that line; empty when it tells nothing.
-NSString told(const Line& line, NSDictionary info) {
+NSString told(const MusicLine& line, NSDictionary info) {
     return info.at(line.key()).send<"description", NSString>();
 }
 
 bool tellsNothing(NSDictionary info) {
-    for (const Line& line : lines) {
+    for (const MusicLine& line : lines) {
         if (told(line, info)) return false;
     }
     return true;
@@ -45,19 +38,21 @@ NSString withGap(NSString text) { return text.send<"stringByAppendingString:", N
 
 }  // namespace
 
+std::span<const MusicLine, 3> musicLines() { return lines; }
+
 void showPlainText(VNTMediaPlayerViewController page, NSDictionary info) {
-    for (const Line& line : lines) {
+    for (const MusicLine& line : lines) {
         (musicState(page).*line.label).setText(orFallback(told(line, info)));
     }
 }
 
 void showScrollingText(VNTMediaPlayerViewController page, NSDictionary info) {
     const bool idle = tellsNothing(info);
-    for (const Line& line : lines) {
+    for (const MusicLine& line : lines) {
         NSString text = idle ? line.idle() : withGap(orFallback(told(line, info)));
         (musicState(page).*line.label).setText(text);
     }
-    for (const Line& line : lines) (musicState(page).*line.label).sizeToFit();
+    for (const MusicLine& line : lines) (musicState(page).*line.label).sizeToFit();
 }
 
 }  // namespace vantori

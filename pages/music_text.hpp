@@ -1,9 +1,23 @@
 // The three lines of text: what is said of an item, of an item that lacks something, and of nothing.
 #pragma once
 
-#include "pages/music_page.hpp"
+#include <span>
+
+#include "pages/music_state.hpp"
 
 namespace vantori {
+
+// A label in a marquee, and what it says: the item's own text under the key, or while nothing is
+// loaded the idle text.
+struct MusicLine {
+    Strong<UILabel> MusicState::* label;
+    Strong<MPUMarqueeView> MusicState::* marquee;
+    NSString (*key)();
+    NSString (*idle)();
+};
+
+// From the top.
+std::span<const MusicLine, 3> musicLines();
 
 // As they are, for the first look at the page.
 void showPlainText(VNTMediaPlayerViewController page, NSDictionary info);

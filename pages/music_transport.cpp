@@ -2,6 +2,7 @@
 
 #include "pages/lifted_scene.hpp"
 #include "pages/music_state.hpp"
+#include "pages/player_commands.hpp"
 #include "pages/toolbar_messages.hpp"
 #include "platform/dispatch.hpp"
 #include "platform/springboard.hpp"
@@ -54,22 +55,22 @@ void shrink(VNTMediaPlayerViewController, UIView button) { springTo(button, half
 
 void previousReleased(VNTMediaPlayerViewController, UIView button) {
     springBack(button);
-    SBMediaController::shared().changeTrack(-1);
+    player::changeTrack(-1);
 }
 
 // The picture stays: it follows when the player says that its state has changed.
 void playReleased(VNTMediaPlayerViewController page, UIView button) {
     springBack(button);
     if (musicState(page).controller.isPlaying()) {
-        SBMediaController::shared().pause();
+        player::pause();
     } else {
-        SBMediaController::shared().play();
+        player::play();
     }
 }
 
 void nextReleased(VNTMediaPlayerViewController, UIView button) {
     springBack(button);
-    SBMediaController::shared().changeTrack(1);
+    player::changeTrack(1);
 }
 
 void openNowPlayingApplication(VNTMediaPlayerViewController page) {

@@ -8,6 +8,8 @@
 #include <type_traits>
 #include <utility>
 
+#include "platform/block_function.hpp"
+
 extern "C" {
 extern void* _NSConcreteStackBlock[32];
 void* _Block_copy(const void* block);
@@ -18,10 +20,10 @@ namespace platform {
 
 // The part of a literal that every block has.
 struct BlockHeader {
-    void* isa;
+    void* VANTORI_SIGNED_CLASS isa;
     int flags;
     int reserved;
-    void (*invoke)();
+    BlockFunction invoke;
     const void* descriptor;
 };
 
@@ -35,7 +37,7 @@ class BlockRef<R(A...)> {
     explicit BlockRef(void* block) : block_(static_cast<BlockHeader*>(block)) {}
     R operator()(A... arguments) const {
         if (!block_) return R();
-        return reinterpret_cast<R (*)(void*, A...)>(block_->invoke)(block_, arguments...);
+        return reinterpret_cast<R (*)(void*, A...)>(block_->invoke.get())(block_, arguments...);
     }
     explicit operator bool() const { return block_ != nullptr; }
     void* get() const { return block_; }
@@ -78,7 +80,10 @@ template <class R, class... A, class Function>
 class Block<R(A...), Function> {
   public:
     explicit Block(Function function)
-        : header_{_NSConcreteStackBlock, flags, 0, reinterpret_cast<void (*)()>(&invoke),
+        : header_{_NSConcreteStackBlock,
+                  flags,
+                  0,
+                  {reinterpret_cast<void (*)()>(&invoke)},
                   &descriptor},
           function_(std::move(function)) {}
     Block(const Block&) = delete;
@@ -92,8 +97,8 @@ class Block<R(A...), Function> {
     struct Descriptor {
         unsigned long reserved;
         unsigned long size;
-        void (*copy)(void*, const void*);
-        void (*dispose)(const void*);
+        void (*VANTORI_SIGNED_FUNCTION copy)(void*, const void*);
+        void (*VANTORI_SIGNED_FUNCTION dispose)(const void*);
     };
     static R invoke(Block* block, A... arguments) { return block->function_(arguments...); }
     static void copy(void* to, const void* from) {

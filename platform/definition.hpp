@@ -18,7 +18,9 @@
 
 namespace platform {
 
-// Where the state of a defined class lies in its objects, in bytes.
+// Where the state of a defined class lies in its objects, in bytes; 0 before the class is defined, since
+// the class pointer lies there. A state serves one class only, for there is one place for it: a second
+// definition with it makes nothing.
 template <class State>
 struct StateSlot {
     static inline std::ptrdiff_t offset = 0;
@@ -124,6 +126,9 @@ struct Accessors<member> {
 };
 
 struct NoState {};
+struct NoVariables {
+    void operator()(Class) const {}
+};
 
 }  // namespace detail
 
@@ -197,11 +202,14 @@ constexpr unsigned char alignmentPower(std::size_t bytes) {
 
 // Makes and registers the class T::name below Super. The offset of the state is asked for after the
 // registration (GCC's runtime answers 0 before it). If a class of that name exists or Super does
-// not, nothing is made and the table has no effect.
-template <Handle T, Handle Super, class State = detail::NoState, class Trace = NoTrace>
-Definition<T, State, Trace> define() {
+// not, nothing is made and the table has no effect. Variables under names of their own can be added
+// only before the registration: addVariables(class) is called then.
+template <Handle T, Handle Super, class State = detail::NoState, class Trace = NoTrace,
+          class AddVariables = detail::NoVariables>
+Definition<T, State, Trace> define(AddVariables addVariables = {}) {
     Class parent = objc_getClass(Super::name.data());
     if (!parent || objc_getClass(T::name.data())) return Definition<T, State, Trace>(nullptr);
+    if (StateSlot<State>::offset != 0) return Definition<T, State, Trace>(nullptr);
     Class cls = objc_allocateClassPair(parent, T::name.data(), 0);
     if (!cls) return Definition<T, State, Trace>(nullptr);
     constexpr bool stateful = !std::is_same_v<State, detail::NoState>;
@@ -215,6 +223,7 @@ Definition<T, State, Trace> define() {
                             reinterpret_cast<IMP>(&detail::deallocate<T, State>), "v@:");
         }
     }
+    addVariables(cls);
     objc_registerClassPair(cls);
     Defined<T>::value = cls;
     if constexpr (stateful) {

@@ -95,6 +95,11 @@ struct NSDictionary : Object {
     }
 };
 
+struct NSData : Object {
+    static constexpr FixedString name{"NSData"};
+    using Object::Object;
+};
+
 struct NSFileManager : Object {
     static constexpr FixedString name{"NSFileManager"};
     using Object::Object;

@@ -23,7 +23,10 @@ struct MPUNowPlayingController : Object {
 struct MPUMarqueeView : UIView {
     static constexpr FixedString name{"MPUMarqueeView"};
     using UIView::UIView;
-    void setAnimationReferenceView(UIView view) const { send<"setAnimationReferenceView:">(view); }
+    // Not on 11.0 to 11.2; titles scroll there all the same.
+    void setAnimationReferenceView(UIView view) const {
+        sendIfAnswered<"setAnimationReferenceView:">(view);
+    }
     void setViewForContentSize(UIView view) const { send<"setViewForContentSize:">(view); }
     void setMarqueeEnabled(bool enabled) const { send<"setMarqueeEnabled:">(enabled); }
 };
@@ -31,17 +34,9 @@ struct MPUMarqueeView : UIView {
 struct SBMediaController : Object {
     static constexpr FixedString name{"SBMediaController"};
     using Object::Object;
-    static constexpr long noEventSource = 0;
     static SBMediaController shared() {
         return sendClass<SBMediaController, "sharedInstance", SBMediaController>();
     }
-    // iOS 11 takes no event source and so does nothing here.
-    // By tracks: -1 to the previous, 1 to the next.
-    void changeTrack(int delta) const {
-        sendIfAnswered<"changeTrack:eventSource:", bool>(delta, noEventSource);
-    }
-    void play() const { sendIfAnswered<"playForEventSource:", bool>(noEventSource); }
-    void pause() const { sendIfAnswered<"pauseForEventSource:", bool>(noEventSource); }
 };
 
 }  // namespace platform

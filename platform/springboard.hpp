@@ -1,6 +1,7 @@
 // SpringBoard's private classes, as far as the library sends to them. All may be missing.
 #pragma once
 
+#include "platform/form.hpp"
 #include "platform/uikit.hpp"
 
 namespace platform {
@@ -50,15 +51,12 @@ struct SBMainDisplaySceneLayoutViewController : UIViewController {
 struct SBGrabberTongue : Object {
     static constexpr FixedString name{"SBGrabberTongue"};
     using Object::Object;
-    UIView tongueContainer() const { return valueForKey<UIView>("_tongueContainer"_ns); }
-    UIPanGestureRecognizer edgePullGestureRecognizer() const {
-        return valueForKey<UIPanGestureRecognizer>("_edgePullGestureRecognizer"_ns);
+    UIView tongueContainer() const {
+        return InstanceVariable<"SBGrabberTongue", "_tongueContainer">::of<UIView>(*this);
     }
-
-  private:
-    template <Handle T>
-    T valueForKey(NSString key) const {
-        return send<"valueForKey:", T>(key);
+    UIPanGestureRecognizer edgePullGestureRecognizer() const {
+        return InstanceVariable<"SBGrabberTongue",
+                                "_edgePullGestureRecognizer">::of<UIPanGestureRecognizer>(*this);
     }
 };
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/encoding.hpp"
+#include "platform/form.hpp"
 #include "platform/springboard.hpp"
 #include "platform/uikit_controls.hpp"
 
@@ -81,19 +82,19 @@ struct SBDisplayItem : Object {
 struct SBAppLayout : Object {
     static constexpr FixedString name{"SBAppLayout"};
     using Object::Object;
-    // Empty for a layout without items.
-    SBDisplayItem firstItem() const {
-        NSArray items =
-            sendIfAnswered<"rolesToLayoutItemsMap", Object>().send<"allObjects", NSArray>();
-        return items.count() > 0 ? items.at<SBDisplayItem>(0) : SBDisplayItem();
-    }
+    static constexpr long primaryRole = 1;
 };
 
 struct SBRecentAppLayouts : Object {
     static constexpr FixedString name{"SBRecentAppLayouts"};
     using Object::Object;
-    // Up to system 12 the list is _recents, from 13 on _allRecents.
-    NSArray layouts(NSString key) const { return send<"valueForKey:", NSArray>(key); }
+    // From system 13 on, and up to system 12.
+    NSArray allRecents() const {
+        return InstanceVariable<"SBRecentAppLayouts", "_allRecents">::of<NSArray>(*this);
+    }
+    NSArray recents() const {
+        return InstanceVariable<"SBRecentAppLayouts", "_recents">::of<NSArray>(*this);
+    }
 };
 
 // The window of the application switcher.

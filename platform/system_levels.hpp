@@ -27,18 +27,6 @@ struct AVSystemController : Object {
     }
 };
 
-struct SBBrightnessController : Object {
-    static constexpr FixedString name{"SBBrightnessController"};
-    using Object::Object;
-    static SBBrightnessController shared() {
-        return sendClass<SBBrightnessController, "sharedBrightnessController",
-                         SBBrightnessController>();
-    }
-    void setLevel(float level, bool showsHUD) const {
-        send<"_setBrightnessLevel:showHUD:">(level, showsHUD);
-    }
-};
-
 // Control Center's brightness module; it tells its delegate, which it does not retain, of changes.
 struct CCUIDisplayModuleViewController : UIViewController {
     static constexpr FixedString name{"CCUIDisplayModuleViewController"};

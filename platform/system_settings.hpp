@@ -65,13 +65,6 @@ struct SBControlCenterSystemAgent : Object {
 struct DNDUIControlCenterModule : Object {
     static constexpr FixedString name{"DNDUIControlCenterModule"};
     using Object::Object;
-    // Its state is a variable without an accessor.
-    bool isActive() const {
-        return send<"valueForKey:", Object>("_currentState"_ns).send<"isActive", bool>();
-    }
-    void toggleStateForActive(bool active) const {
-        sendIfAnswered<"_toggleStateForActive:">(active);
-    }
 };
 
 struct SBUIFlashlightController : Object {
@@ -82,8 +75,6 @@ struct SBUIFlashlightController : Object {
     }
     unsigned long level() const { return send<"level", unsigned long>(); }
     bool isAvailable() const { return send<"isAvailable", bool>(); }
-    void turnOn(NSString reason) const { sendIfAnswered<"turnFlashlightOnForReason:">(reason); }
-    void turnOff(NSString reason) const { sendIfAnswered<"turnFlashlightOffForReason:">(reason); }
 };
 
 struct UISUserInterfaceStyleMode : Object {

@@ -56,6 +56,10 @@ struct UIImage : Object {
     static UIImage withContentsOfFile(NSString path) {
         return sendClass<UIImage, "imageWithContentsOfFile:", UIImage>(path);
     }
+    // Empty when the data is no picture.
+    static UIImage withData(NSData data) {
+        return sendClass<UIImage, "imageWithData:", UIImage>(data);
+    }
     // Template: only the picture's alpha counts, drawn in the view's tint colour.
     UIImage withRenderingMode(long mode) const {
         return send<"imageWithRenderingMode:", UIImage>(mode);

@@ -3,6 +3,7 @@
 #include <sys/utsname.h>
 #include <cstdlib>
 
+#include "platform/springboard.hpp"
 #include "platform/uikit.hpp"
 
 namespace vantori {
@@ -77,6 +78,8 @@ double modelCornerRadius() {
     }
     return 10;
 }
+
+bool hasNoHomeButton() { return BSPlatform::shared().homeButtonType() == BSPlatform::noHomeButton; }
 
 bool isSystem13OrLater() {
     return UIDevice::currentDevice().systemVersion().send<"doubleValue", double>() >= 13.0;

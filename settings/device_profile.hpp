@@ -21,6 +21,9 @@ bool isKeyExisted(NSString key, Object object);
 // In points: 30 for the models with rounded displays that the list knows, else 10.
 double modelCornerRadius();
 
+// As the platform says.
+bool hasNoHomeButton();
+
 // From which system on a phone has light and dark styles, among others.
 bool isSystem13OrLater();
 

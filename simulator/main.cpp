@@ -30,6 +30,8 @@ using simulator::live::LiveOptions;
 using simulator::scenario::RunOptions;
 
 constexpr int misused = 2;
+constexpr const char* systemHelp = "System version (13.3)";
+constexpr const char* realHelp = "A phone with only what real systems of its version have";
 
 std::string statementsHelp() {
     std::ostringstream text;
@@ -57,7 +59,7 @@ void addModel(CLI::App& command, std::string& device, std::string& system,
     command.add_option("--device", device, "Machine identifier (iPhone10,3)")
         ->check(refusing(simulator::mistakeInDevice))
         ->type_name("IDENT");
-    command.add_option("--system", system, "System version (13.3)")
+    command.add_option("--system", system, systemHelp)
         ->check(refusing(simulator::mistakeInSystem))
         ->type_name("X.Y");
     command.add_option("--setting", settings, "Put a setting in the settings file")
@@ -128,6 +130,7 @@ struct SettingsCommand {
 
 void addPhone(CLI::App& command, LiveOptions& options) {
     addModel(command, options.device, options.system, options.settings);
+    command.add_flag("--real", options.real, realHelp);
     command
         .add_option("--record", options.recording,
                     "Write all that is done to the phone as a scenario that does it again")
@@ -161,6 +164,7 @@ int main(int argc, char** argv) {
         ->type_name("N");
     runCommand->add_flag("--stop-at-first", options.stopAtFirst,
                          "End at the first file that failed");
+    runCommand->add_flag("--real", options.real, realHelp);
     runCommand
         ->add_option("--report", options.report,
                      "Write a page on what failed (index.html) and junit.xml there")
@@ -171,6 +175,12 @@ int main(int argc, char** argv) {
                      "The library to load: a shared object, or on arm64 a phone's dylib")
         ->check(CLI::ExistingFile)
         ->type_name("FILE");
+    std::string slice;
+    runCommand
+        ->add_option("--slice", slice,
+                     "Run SpringBoard as arm64 or arm64e (as a phone of the scenario's model does)")
+        ->check(CLI::IsMember({"arm64", "arm64e"}))
+        ->type_name("NAME");
     runCommand->footer(statementsHelp());
 
     CLI::App* consoleCommand =
@@ -186,10 +196,12 @@ int main(int argc, char** argv) {
 
     CLI::App* demoCommand =
         program.add_subcommand("demo", "Draw the toolbar at work; needs no display");
-    std::filesystem::path demoFolder;
-    demoCommand->add_option("--out", demoFolder, "Folder for the pictures")
+    simulator::demo::DemoOptions demo;
+    demoCommand->add_option("--out", demo.pictures, "Folder for the pictures")
         ->required()
         ->type_name("DIR");
+    demoCommand->add_option("--system", demo.system, systemHelp)->type_name("X.Y");
+    demoCommand->add_flag("--real", demo.real, realHelp);
 
     SettingsCommand settings;
     settings.addTo(program);
@@ -202,6 +214,7 @@ int main(int argc, char** argv) {
         if (!library.empty()) simulator::nameExtension(library);
         if (runCommand->parsed()) {
             options.settings = parsed(runSettings);
+            if (!slice.empty()) simulator::nameSlice(slice);
             return simulator::scenario::runFiles(files, options, simulator::makePhone, std::cout);
         }
         if (devicesCommand->parsed()) {
@@ -211,8 +224,7 @@ int main(int argc, char** argv) {
         parsed(live.settings);  // for what it has to say
         if (consoleCommand->parsed()) return simulator::live::runLiveConsole(live, std::cout);
         if (windowCommand->parsed()) return simulator::window::runWindow(live, std::cout);
-        if (demoCommand->parsed())
-            return simulator::demo::runDemo(demoFolder, std::cout, std::cerr);
+        if (demoCommand->parsed()) return simulator::demo::runDemo(demo, std::cout, std::cerr);
         if (program.got_subcommand("settings")) return settings.run();
         std::cerr << program.help();
         return misused;

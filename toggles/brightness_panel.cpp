@@ -1,5 +1,8 @@
 #include "toggles/brightness_panel.hpp"
 
+#include <iterator>
+#include <utility>
+
 #include "platform/definition.hpp"
 #include "settings/device_profile.hpp"
 #include "toggles/brightness_slider.hpp"
@@ -32,22 +35,26 @@ void createToggles(PanelState& state) {
     state.flashlight.toggleButton().setOnColor(UIColor::systemBlue());
 }
 
-// Of Night Shift and appearance only one shows: which, the system's version decides. From iOS 13 on
-// Night Shift stays where it is first put, invisible under the flashlight; deliberate.
+// Of Night Shift and appearance only one shows, in the last place: which, the system's version decides.
+// From iOS 13 on Night Shift stays where it is first put, invisible under the flashlight, and appearance
+// is put twice where it stands. Deliberate.
 void place(const PanelState& state) {
-    const double gap = strip::panelGap(UIScreen::mainScreen().bounds().size.width);
-    state.lowPower.view().setFrame(strip::toggleFrame(gap, 0));
-    state.flashlight.view().setFrame(strip::toggleFrame(gap, 1));
-    state.nightShift.view().setFrame(strip::toggleFrame(gap, 1));
-    state.appearance.view().setFrame(strip::toggleFrame(gap, 2));
-    if (isSystem13OrLater()) {
-        state.nightShift.view().setAlpha(0);
-        state.appearance.view().setFrame(strip::toggleFrame(gap, 2));
-    } else {
-        state.appearance.view().setAlpha(0);
-        state.nightShift.view().setFrame(strip::toggleFrame(gap, 2));
-    }
-    state.slider.setFrame(strip::sliderFrame(gap));
+    struct Place {
+        UIViewController toggle;
+        double index;
+    };
+    const Place row[] = {
+        {state.lowPower, 0}, {state.flashlight, 1}, {state.nightShift, 1}, {state.appearance, 2}};
+    const double last = std::end(row)[-1].index;
+    const double width = UIScreen::mainScreen().bounds().size.width;
+    const auto places = strip::Row::withSlider(width, last + 1);
+    for (const auto& [toggle, index] : row) toggle.view().setFrame(places.toggle(index));
+
+    UIViewController shown = state.appearance, hidden = state.nightShift;
+    if (!isSystem13OrLater()) std::swap(shown, hidden);
+    hidden.view().setAlpha(0);
+    shown.view().setFrame(places.toggle(last));
+    state.slider.setFrame(places.slider());
 }
 
 void setupSliderView(Panel self) {

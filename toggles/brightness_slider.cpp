@@ -3,6 +3,7 @@
 #include "platform/definition.hpp"
 #include "platform/system_levels.hpp"
 #include "settings/notifications.hpp"
+#include "toggles/brightness_forms.hpp"
 #include "toggles/slider_glyph.hpp"
 
 namespace vantori {
@@ -11,7 +12,7 @@ namespace {
 
 struct BrightnessState {
     Strong<CCUIDisplayModuleViewController> module;
-    Strong<SBBrightnessController> controller;
+    Strong<Object> controller;
 };
 
 BrightnessState& stateIn(VNTBrightnessSlider self) { return stateOf<BrightnessState>(self); }
@@ -31,7 +32,7 @@ void ensureModule(VNTBrightnessSlider self) {
 VNTBrightnessSlider initWithFrame(VNTBrightnessSlider raw, CGRect frame) {
     auto self = super<VNTBrightnessSlider, "initWithFrame:", VNTBrightnessSlider>(raw, frame);
     if (!self) return self;
-    stateIn(self).controller = retained(SBBrightnessController::shared());
+    if (auto* form = brightnessForm()) stateIn(self).controller = retained(form->controller());
     createGlyph(self,
                 "/System/Library/ControlCenter/Bundles/DisplayModule.bundle/Brightness.ca"_ns);
     observe(self, selector<"refreshValue">(), local::screenBrightnessDidChange());
@@ -46,7 +47,7 @@ void show(VNTBrightnessSlider self, float brightness) {
 
 void adjustValue(VNTBrightnessSlider self, float brightness) {
     showGlyph(self, brightness);
-    stateIn(self).controller.setLevel(brightness, false);
+    if (auto* form = brightnessForm()) form->setLevel(stateIn(self).controller, brightness);
     ensureModule(self);
 }
 
@@ -59,6 +60,20 @@ void brightnessDidChange(VNTBrightnessSlider self, Object, float brightness) {
     show(self, brightness);
 }
 
+void endSlide() {
+    if (auto* form = brightnessForm()) form->slideEnded();
+}
+
+void touchesEnded(VNTBrightnessSlider self, Object touches, Object event) {
+    super<VNTBrightnessSlider, "touchesEnded:withEvent:">(self, touches, event);
+    endSlide();
+}
+
+void touchesCancelled(VNTBrightnessSlider self, Object touches, Object event) {
+    super<VNTBrightnessSlider, "touchesCancelled:withEvent:">(self, touches, event);
+    endSlide();
+}
+
 }  // namespace
 
 void registerBrightnessSlider() {
@@ -67,6 +82,8 @@ void registerBrightnessSlider() {
         .method<"adjustValue:", &adjustValue>()
         .method<"refreshValue", &refreshValue>()
         .method<"displayModuleViewController:brightnessDidChange:", &brightnessDidChange>()
+        .method<"touchesEnded:withEvent:", &touchesEnded>()
+        .method<"touchesCancelled:withEvent:", &touchesCancelled>()
         .property<"ccController", &BrightnessState::module>()
         .property<"brightnessController", &BrightnessState::controller>();
 }

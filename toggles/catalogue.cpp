@@ -3,6 +3,8 @@
 #include <optional>
 
 #include "settings/device_profile.hpp"
+#include "toggles/do_not_disturb_forms.hpp"
+#include "toggles/flashlight_forms.hpp"
 #include "toggles/setting_toggle.hpp"
 #include "toggles/switch_toggle.hpp"
 
@@ -28,6 +30,9 @@ Toggle initBase(Toggle raw, NSString path, NSString onName, NSString offName) {
 struct Appearance {
     using Toggle = VNTAppearanceToggleViewController;
     static constexpr double duration = 1.0;
+    static constexpr bool fadesImages = false;
+    static void prepare(Toggle) {}
+    static void shown(Toggle, bool) {}
     static std::optional<bool> read(Toggle) {
         return isSystem13OrLater() &&
                UITraitCollection::current().userInterfaceStyle() == UITraitCollection::dark;
@@ -41,6 +46,9 @@ struct Appearance {
 struct OrientationLock {
     using Toggle = VNTOrientationLockToggleViewController;
     static constexpr double duration = 0.8;
+    static constexpr bool fadesImages = false;
+    static void prepare(Toggle) {}
+    static void shown(Toggle, bool) {}
     using State = Held<SBControlCenterSystemAgent, OrientationLock>;
     static SBControlCenterSystemAgent agent(Toggle self) { return stateOf<State>(self).object; }
 
@@ -66,6 +74,9 @@ struct OrientationLock {
 struct Mute {
     using Toggle = VNTMuteToggleViewController;
     static constexpr double duration = 0.8;
+    static constexpr bool fadesImages = false;
+    static void prepare(Toggle) {}
+    static void shown(Toggle, bool) {}
     using State = Held<SBControlCenterSystemAgent, Mute>;
     static SBControlCenterSystemAgent agent(Toggle self) { return stateOf<State>(self).object; }
 
@@ -81,6 +92,9 @@ struct Mute {
 struct LowPower {
     using Toggle = VNTLowPowerToggleViewController;
     static constexpr double duration = 1.0;
+    static constexpr bool fadesImages = false;
+    static void prepare(Toggle) {}
+    static void shown(Toggle, bool) {}
     static std::optional<bool> read(Toggle) {
         return CDBatterySaver::shared().powerMode() == CDBatterySaver::low;
     }
@@ -89,31 +103,43 @@ struct LowPower {
     }
 };
 
-// The module that the first refresh makes is replaced by the initialiser's own.
+// The object that the first refresh makes is replaced by the initialiser's own.
 struct DoNotDisturb {
     using Toggle = VNTDNDToggleViewController;
+    static constexpr bool fadesImages = false;
+    static void shown(Toggle, bool) {}
     static constexpr double duration = 1.0;
-    using State = Held<DNDUIControlCenterModule, DoNotDisturb>;
-    static DNDUIControlCenterModule module(Toggle self) {
-        auto& object = stateOf<State>(self).object;
-        if (!object) object = create<DNDUIControlCenterModule>();
-        return object;
+    using State = Held<Object, DoNotDisturb>;
+    static Strong<Object> createHeld() {
+        auto* form = doNotDisturbForm();
+        return form ? form->create() : Strong<Object>();
     }
 
     static Toggle init(Toggle raw, NSString path, NSString onName, NSString offName) {
         Toggle self = initBase(raw, path, onName, offName);
-        if (self) stateOf<State>(self).object = create<DNDUIControlCenterModule>();
+        if (self) stateOf<State>(self).object = createHeld();
         return self;
     }
-    static void prepare(Toggle self) { module(self); }
-    static std::optional<bool> read(Toggle self) { return module(self).isActive(); }
-    static void write(Toggle self, bool on) { module(self).toggleStateForActive(on); }
+    static Object held(Toggle self) {
+        auto& object = stateOf<State>(self).object;
+        if (!object) object = createHeld();
+        return object;
+    }
+    static void prepare(Toggle self) { held(self); }
+    static std::optional<bool> read(Toggle self) {
+        auto* form = doNotDisturbForm();
+        return form && form->isActive(held(self));
+    }
+    static void write(Toggle self, bool on) {
+        if (auto* form = doNotDisturbForm()) form->setActive(held(self), on);
+    }
 };
 
 struct Flashlight {
     using Toggle = VNTFlashlightToggleViewController;
     static constexpr double duration = 0.6;
     static constexpr bool fadesImages = true;
+    static void shown(Toggle, bool) {}
     using State = Held<SBUIFlashlightController, Flashlight>;
     static SBUIFlashlightController controller(Toggle self) { return stateOf<State>(self).object; }
 
@@ -124,13 +150,7 @@ struct Flashlight {
     static std::optional<bool> read(Toggle self) {
         return controller(self).level() != 0 && controller(self).isAvailable();
     }
-    static void write(Toggle self, bool on) {
-        if (on) {
-            controller(self).turnOn("Vantori_turn_on"_ns);
-        } else {
-            controller(self).turnOff("Vantori_turn_off"_ns);
-        }
-    }
+    static void write(Toggle self, bool on) { turnFlashlight(controller(self), on); }
 };
 
 // The platform loads no view that a controller is given, so this runs only for whoever calls it.
@@ -155,6 +175,7 @@ struct NightShift {
     using Toggle = VNTNightshiftToggleViewController;
     static constexpr double duration = 1.0;
     static constexpr bool fadesImages = true;
+    static void shown(Toggle, bool) {}
     using State = Held<CBBlueLightClient, NightShift>;
     static Strong<CBBlueLightClient> createClient() { return create<CBBlueLightClient>(); }
 

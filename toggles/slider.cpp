@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "platform/definition.hpp"
+#include "platform/materials.hpp"
 #include "settings/device_profile.hpp"
 #include "settings/notifications.hpp"
 

@@ -4,7 +4,7 @@
 // finger does. Subclasses apply a value (adjustValue:) and read one (refreshValue).
 #pragma once
 
-#include "platform/materials.hpp"
+#include "platform/uikit.hpp"
 
 namespace vantori {
 

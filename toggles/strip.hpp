@@ -11,19 +11,31 @@ inline constexpr double toggleSide = 50;
 inline constexpr double sliderWidth = 120;
 inline constexpr double top = 25;  // above an element, and below it
 
-// The gap that so many elements, so wide together, leave in a strip of that width.
-constexpr double gap(double width, double occupied, double elements) {
-    return (width - occupied) / (elements + 1);
-}
+// The places of a row: so many toggles, and behind the last of them one slider or none.
+class Row {
+  public:
+    static constexpr Row ofToggles(double stripWidth, double toggles) {
+        return {toggles, stripWidth - toggleSide * toggles, toggles};
+    }
+    static constexpr Row withSlider(double stripWidth, double toggles) {
+        return {toggles, stripWidth - (toggleSide * toggles + sliderWidth), toggles + 1};
+    }
 
-// An element that stands after `before` toggles.
-constexpr CGRect frame(double gap, double before, double width) {
-    return platform::rect(gap * (before + 1) + toggleSide * before, top, width, toggleSide);
-}
-constexpr CGRect toggleFrame(double gap, double before) { return frame(gap, before, toggleSide); }
+    // Counted from 0.
+    constexpr CGRect toggle(double index) const { return place(index, toggleSide); }
+    constexpr CGRect slider() const { return place(toggles_, sliderWidth); }
 
-// Three toggles and then one slider: positions 0 to 2, and the slider behind them.
-constexpr double panelGap(double width) { return gap(width, 3 * toggleSide + sliderWidth, 4); }
-constexpr CGRect sliderFrame(double gap) { return frame(gap, 3, sliderWidth); }
+  private:
+    constexpr Row(double toggles, double spare, double elements)
+        : toggles_(toggles), gap_(spare / (elements + 1)) {}
+
+    // Of an element that stands after so many toggles.
+    constexpr CGRect place(double before, double width) const {
+        return platform::rect(gap_ * (before + 1) + toggleSide * before, top, width, toggleSide);
+    }
+
+    double toggles_;
+    double gap_;
+};
 
 }  // namespace vantori::strip

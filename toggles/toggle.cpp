@@ -4,7 +4,6 @@
 
 #include "platform/definition.hpp"
 #include "settings/notifications.hpp"
-#include "toggles/toggle_button.hpp"
 
 namespace vantori {
 

@@ -1,32 +1,10 @@
 // The base of every round toggle: a controller with an on/off state, the pair of state names and the
-// strength of its tint; a plain view; and in it a round button with two colour layers that
-// cross-fade under a glyph. The glyph is a system package with named states or a pair of images.
+// strength of its tint. What it shows is in toggle_button.hpp.
 #pragma once
 
-#include "platform/uikit_controls.hpp"
+#include "toggles/toggle_button.hpp"
 
 namespace vantori {
-
-using namespace platform;
-
-struct VNTDailyToggleButton : UIButton {
-    static constexpr FixedString name{"VNTDailyToggleButton"};
-    using UIButton::UIButton;
-    UIView packageView() const { return send<"packageView", UIView>(); }
-    UIImageView onImageView() const { return send<"onImageView", UIImageView>(); }
-    UIImageView offImageView() const { return send<"offImageView", UIImageView>(); }
-    UIView onView() const { return send<"onView", UIView>(); }
-    UIView offView() const { return send<"offView", UIView>(); }
-    void setOnColor(UIColor color) const { send<"setOnColor:">(color); }
-    void setOffColor(UIColor color) const { send<"setOffColor:">(color); }
-    void updateState(NSString stateName) const { send<"updateState:">(stateName); }
-};
-
-struct VNTDailyToggleView : UIView {
-    static constexpr FixedString name{"VNTDailyToggleView"};
-    using UIView::UIView;
-    void setToggleButton(VNTDailyToggleButton button) const { send<"setToggleButton:">(button); }
-};
 
 struct VNTDailyToggleViewController : UIViewController {
     static constexpr FixedString name{"VNTDailyToggleViewController"};

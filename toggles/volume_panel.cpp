@@ -1,5 +1,7 @@
 #include "toggles/volume_panel.hpp"
 
+#include <array>
+
 #include "platform/definition.hpp"
 #include "toggles/strip.hpp"
 #include "toggles/toggle_making.hpp"
@@ -24,12 +26,18 @@ void createToggles(PanelState& state) {
     state.doNotDisturb = createDoNotDisturbToggle();
 }
 
+// From the left; the slider stands behind the last.
+std::array<UIViewController, 3> row(const PanelState& state) {
+    return {state.orientationLock, state.mute, state.doNotDisturb};
+}
+
 void place(const PanelState& state) {
-    const double gap = strip::panelGap(UIScreen::mainScreen().bounds().size.width);
-    state.orientationLock.view().setFrame(strip::toggleFrame(gap, 0));
-    state.mute.view().setFrame(strip::toggleFrame(gap, 1));
-    state.doNotDisturb.view().setFrame(strip::toggleFrame(gap, 2));
-    state.slider.setFrame(strip::sliderFrame(gap));
+    const double width = UIScreen::mainScreen().bounds().size.width;
+    const auto toggles = row(state);
+    const auto places = strip::Row::withSlider(width, static_cast<double>(toggles.size()));
+    double index = 0;
+    for (UIViewController toggle : toggles) toggle.view().setFrame(places.toggle(index++));
+    state.slider.setFrame(places.slider());
 }
 
 void setupSliderView(Panel self) {
@@ -37,9 +45,8 @@ void setupSliderView(Panel self) {
     state.slider = create<VNTVolumeSlider, "initWithFrame:">(rect(0, 0, 0, 0));
     createToggles(state);
     place(state);
-    const UIView parts[] = {state.orientationLock.view(), state.mute.view(),
-                            state.doNotDisturb.view(), state.slider};
-    for (UIView part : parts) self.view().addSubview(part);
+    for (UIViewController toggle : row(state)) self.view().addSubview(toggle.view());
+    self.view().addSubview(state.slider);
 }
 
 void viewDidLoad(Panel self) {

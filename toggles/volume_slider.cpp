@@ -51,7 +51,7 @@ VNTVolumeSlider initWithFrame(VNTVolumeSlider raw, CGRect frame) {
     observe(self, selector<"refreshValue">(), local::screenBrightnessDidChange());
     // Asked before there is a controller, so that the first route is none, and the first refresh
     // loads the package of the route. Deliberate.
-    self.setCurrentRoute(routeNow(self));
+    self.setCurrentName(routeNow(self));
     Strong<AVSystemController>& controller = stateIn(self).systemController;
     if (!controller) controller = retained(AVSystemController::shared());
     return self;
@@ -59,7 +59,7 @@ VNTVolumeSlider initWithFrame(VNTVolumeSlider raw, CGRect frame) {
 
 void adjustValue(VNTVolumeSlider self, float volume) {
     showGlyph(self, volume);
-    self.setCurrentRoute(routeNow(self));
+    self.setCurrentName(routeNow(self));
     stateIn(self).systemController.setActiveCategoryVolume(volume);
 }
 
@@ -72,8 +72,8 @@ void refreshValue(VNTVolumeSlider self) {
     const float volume = stateIn(self).systemController.activeCategoryVolume();
     const NSString route = routeNow(self);
     self.adjustSlider(volume);
-    if (route && !route.equals(self.currentRoute())) {
-        self.setCurrentRoute(route);
+    if (route && !route.equals(self.currentName())) {
+        self.setCurrentName(route);
         loadGlyph(self, packageFor(route));
     }
     showGlyph(self, volume);

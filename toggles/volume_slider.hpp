@@ -9,9 +9,9 @@ namespace vantori {
 struct VNTVolumeSlider : VNTSlider {
     static constexpr FixedString name{"VNTVolumeSlider"};
     using VNTSlider::VNTSlider;
-    // Last seen; the glyph follows it.
-    NSString currentRoute() const { return send<"currentName", NSString>(); }
-    void setCurrentRoute(NSString route) const { send<"setCurrentName:">(route); }
+    // Of the route last seen; the glyph follows it.
+    NSString currentName() const { return send<"currentName", NSString>(); }
+    void setCurrentName(NSString route) const { send<"setCurrentName:">(route); }
     NSString currentVolumeCategory() const { return send<"getCurrentVolumeCategory", NSString>(); }
 };
 

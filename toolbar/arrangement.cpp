@@ -8,32 +8,67 @@ namespace vantori {
 
 namespace {
 
-struct PageEntry {
-    NSString (*identifier)();
-    UIViewController (*controller)(VNTToolBarController);
+// In the order in which pages are made, placed and put above one another.
+constexpr Page table[] = {
+    {.identifier = [] { return "connectivityBar"_ns; },
+     .controller = [](VNTToolBarController toolbar) -> UIViewController {
+         return toolbar.connectivityBarViewController();
+     },
+     .listed = 0,
+     .cell = GridCell{.column = 0, .row = 0}},
+    {.identifier = [] { return "musicBar"_ns; },
+     .controller = [](VNTToolBarController toolbar) -> UIViewController {
+         return toolbar.mediaPlayerViewController();
+     },
+     .listed = 1,
+     .cell = GridCell{.column = 1, .row = 0}},
+    {.identifier = [] { return "appsBar"_ns; },
+     .controller = [](VNTToolBarController toolbar) -> UIViewController {
+         return toolbar.iconsContainerViewController();
+     },
+     .listed = 4,
+     .cell = {}},
+    {.identifier = [] { return "dailyBar"_ns; },
+     .controller = [](VNTToolBarController toolbar) -> UIViewController {
+         return toolbar.dailyControlViewController();
+     },
+     .listed = {},
+     .cell = {}},
+    {.identifier = [] { return "brightnessBar"_ns; },
+     .controller = [](VNTToolBarController toolbar) -> UIViewController {
+         return toolbar.brightnessSliderContainerViewController();
+     },
+     .listed = 2,
+     .cell = GridCell{.column = 1, .row = 1}},
+    {.identifier = [] { return "volumeBar"_ns; },
+     .controller = [](VNTToolBarController toolbar) -> UIViewController {
+         return toolbar.volumeSliderContainerViewController();
+     },
+     .listed = 3,
+     .cell = GridCell{.column = 0, .row = 1}},
 };
 
-// In the order in which pages are placed.
-constexpr PageEntry entries[] = {
-    {[] { return "connectivityBar"_ns; },
-     [](VNTToolBarController t) -> UIViewController { return t.connectivityBarViewController(); }},
-    {[] { return "musicBar"_ns; },
-     [](VNTToolBarController t) -> UIViewController { return t.mediaPlayerViewController(); }},
-    {[] { return "appsBar"_ns; },
-     [](VNTToolBarController t) -> UIViewController { return t.iconsContainerViewController(); }},
-    {[] { return "dailyBar"_ns; },
-     [](VNTToolBarController t) -> UIViewController { return t.dailyControlViewController(); }},
-    {[] { return "brightnessBar"_ns; },
-     [](VNTToolBarController t) -> UIViewController {
-         return t.brightnessSliderContainerViewController();
-     }},
-    {[] { return "volumeBar"_ns; },
-     [](VNTToolBarController t) -> UIViewController {
-         return t.volumeSliderContainerViewController();
-     }},
-};
+constexpr const Page* pageListedAt(unsigned long place) {
+    for (const Page& page : table) {
+        if (page.listed == place) return &page;
+    }
+    return nullptr;
+}
+
+constexpr auto listedCount = static_cast<unsigned long>(
+    std::ranges::count_if(table, [](const Page& page) { return page.listed.has_value(); }));
+
+constexpr bool isListWithoutGaps() {
+    for (unsigned long place = 0; place < listedCount; ++place) {
+        if (!pageListedAt(place)) return false;
+    }
+    return true;
+}
+static_assert(isListWithoutGaps());
 
 }  // namespace
+
+std::span<const Page> allPages() { return table; }
 
 CGSize screenSize() { return UIScreen::mainScreen().bounds().size; }
 
@@ -44,11 +79,9 @@ double screenLongSide() {
 
 NSArray fixedPageList() {
     NSMutableArray list = NSMutableArray::empty();
-    list.add("connectivityBar"_ns);
-    list.add("musicBar"_ns);
-    list.add("brightnessBar"_ns);
-    list.add("volumeBar"_ns);
-    list.add("appsBar"_ns);
+    for (unsigned long place = 0; place < listedCount; ++place) {
+        list.add(pageListedAt(place)->identifier());
+    }
     return list;
 }
 
@@ -70,12 +103,14 @@ CGRect pageFrame(unsigned long index, int direction) {
 
 CGRect grabberFrame(double width) { return rect((width - 100) / 2, 10, 100, 5); }
 
+double grabberAlpha(bool isHidden) { return isHidden ? 0 : 0.5; }
+
 void placePages(VNTToolBarController toolbar, int direction) {
     NSArray pages = toolbar.pages();
-    for (const PageEntry& entry : entries) {
-        const auto index = pages.send<"indexOfObject:", unsigned long>(entry.identifier());
+    for (const Page& page : table) {
+        const auto index = pages.send<"indexOfObject:", unsigned long>(page.identifier());
         const bool listed = index < pages.count();
-        UIView view = entry.controller(toolbar).view();
+        UIView view = page.controller(toolbar).view();
         if (listed) view.setFrame(pageFrame(index, direction));
         view.setAlpha(listed ? 1 : 0);
     }

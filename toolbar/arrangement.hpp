@@ -1,6 +1,9 @@
 // Where the pages stand. Lengths in points; W and H are the main screen's bounds, read fresh.
 #pragma once
 
+#include <optional>
+#include <span>
+
 #include "pages/page_height.hpp"
 #include "toolbar/toolbar_controller.hpp"
 
@@ -8,6 +11,22 @@ namespace vantori {
 
 CGSize screenSize();
 double screenLongSide();
+
+// A place in the grid that pages form when the phone lies on its side, from the upper left.
+struct GridCell {
+    int column, row;
+};
+
+struct Page {
+    NSString (*identifier)();
+    UIViewController (*controller)(VNTToolBarController);
+    std::optional<unsigned long> listed;  // its index in the list of pages
+    std::optional<GridCell> cell;
+};
+
+// All that a toolbar has but the modules page, which stands beside them: what is done for each page
+// is done by going through these.
+std::span<const Page> allPages();
 
 // The pages shown, in display order. No setting chooses them.
 NSArray fixedPageList();
@@ -19,6 +38,7 @@ double heightFor(VNTToolBarController toolbar, int direction);
 // The frame of the page at an index of the list.
 CGRect pageFrame(unsigned long index, int direction);
 CGRect grabberFrame(double width);
+double grabberAlpha(bool isHidden);
 
 // Gives each listed page its frame, and every page alpha 1 or 0 by whether it is listed.
 void placePages(VNTToolBarController toolbar, int direction);

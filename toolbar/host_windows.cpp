@@ -1,7 +1,7 @@
 #include "toolbar/host_windows.hpp"
 
 #include "platform/definition.hpp"
-#include "toolbar/update_view_controller.hpp"
+#include "toolbar/welcome_pager.hpp"
 
 namespace vantori {
 

@@ -6,15 +6,11 @@
 #include "settings/notifications.hpp"
 #include "settings/settings_file.hpp"
 #include "toolbar/arrangement.hpp"
+#include "toolbar/rubber_band.hpp"
 #include "toolbar/sb_toolbar_layout.hpp"
 #include "toolbar/sb_toolbar_state.hpp"
 
 namespace vantori {
-
-double rubberBand(double distance, double height) {
-    if (distance < height || height <= 0) return distance;
-    return height + (distance - height) / (distance / height);
-}
 
 namespace {
 
@@ -80,7 +76,7 @@ void loadView(VNTSBToolBarController self) {
     observe(self, selector<"didChangeOritation">(), local::deviceOrientationDidChange());
 }
 
-void createBackdrop(State& state) {
+void createUnplacedBackdrop(State& state) {
     state.backdropView = create<UIBackdropView, "initWithPrivateStyle:">(-2L);
     state.backdropView.setBlurRadiusSetOnce(false);
     state.backdropView.setBlurRadius(10);
@@ -92,10 +88,10 @@ void createModulesPage(VNTSBToolBarController self, State& state) {
     UIScrollView scrollView = self.vantoriScrollView();
     scrollView.setFrame(rect(0, 0, width, height));
     scrollView.setContentSize({width, height});
-    state.modules = create<VNTCCTogglesBarViewController>();
-    state.modules.view().setAutoresizingMask(0);
-    state.modules.view().setFrame(rect(width, 30, width, height - bandHeight));
-    scrollView.addSubview(state.modules.view());
+    state.springBoardModules = create<VNTCCTogglesBarViewController>();
+    state.springBoardModules.view().setAutoresizingMask(0);
+    state.springBoardModules.view().setFrame(rect(width, 30, width, height - bandHeight));
+    scrollView.addSubview(state.springBoardModules.view());
 }
 
 void viewDidLoad(VNTSBToolBarController self) {
@@ -103,7 +99,7 @@ void viewDidLoad(VNTSBToolBarController self) {
     State& state = stateOf<State>(self);
     self.view().layer().setCornerRadius(toolbarCornerRadius);
     self.view().setClipsToBounds(true);
-    createBackdrop(state);
+    createUnplacedBackdrop(state);
     createBlur(self, state);
     auto pan = create<UIPanGestureRecognizer, "initWithTarget:action:">(
         Object(self), selector<"dragViewWithPanGesture:">());
@@ -252,7 +248,7 @@ void refreshLayoutForDirection(VNTSBToolBarController self, int direction) {
     State& state = stateOf<State>(self);
     suggestPortraitHeight(self, direction);
     const bool strip = direction == directionStrip;
-    state.modules.view().setAlpha(strip ? 0 : 1);
+    state.springBoardModules.view().setAlpha(strip ? 0 : 1);
     if (!strip) {
         self.vantoriScrollView().setContentSize({2 * screenSize().width, self.maxHeight()});
     }
@@ -296,7 +292,7 @@ void registerSBToolBarController() {
         .property<"suggestedFrame", &State::suggestedFrame>()
         .property<"suggestedY", &State::suggestedY>()
         .property<"shouldAllowAutoRotate", &State::shouldAllowAutoRotate>()
-        .property<"ccTogglesViewController", &State::modules>();
+        .property<"ccTogglesViewController", &State::springBoardModules>();
 }
 
 }  // namespace vantori

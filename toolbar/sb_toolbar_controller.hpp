@@ -41,10 +41,6 @@ struct VNTSBToolBarController : VNTToolBarController {
     void layoutForOrientation(long orientation) const { send<"layoutForOritations:">(orientation); }
 };
 
-// The finger's distance with resistance beyond the height: the excess is divided by how many heights
-// have been pulled. All in points.
-double rubberBand(double distance, double height);
-
 void registerSBToolBarController();
 
 }  // namespace vantori

@@ -80,27 +80,23 @@ void placeGrid(VNTSBToolBarController self) {
     const CGSize screen = screenSize();
     const double side = std::min(screen.width, screen.height);
     const double left = (std::max(screen.width, screen.height) - 2 * side) / 2;
-    const double lower = bandHeight + pageHeight;
-    auto cell = [side](double x, double y) { return rect(x, y, side, pageHeight); };
-    self.connectivityBarViewController().view().setFrame(cell(left, bandHeight));
-    self.volumeSliderContainerViewController().view().setFrame(cell(left, lower));
-    self.brightnessSliderContainerViewController().view().setFrame(cell(left + side, lower));
-    self.mediaPlayerViewController().view().setFrame(cell(left + side, bandHeight));
+    for (const Page& page : allPages()) {
+        if (!page.cell) continue;
+        page.controller(self).view().setFrame(rect(left + side * page.cell->column,
+                                                   bandHeight + pageHeight * page.cell->row, side,
+                                                   pageHeight));
+    }
 }
 
 void showGrid(VNTSBToolBarController self) {
-    self.connectivityBarViewController().view().setAlpha(1);
-    self.dailyControlViewController().view().setAlpha(0);
-    self.mediaPlayerViewController().view().setAlpha(1);
     self.ccTogglesViewController().view().setAlpha(0);
-    self.iconsContainerViewController().view().setAlpha(0);
-    self.brightnessSliderContainerViewController().view().setAlpha(1);
-    self.volumeSliderContainerViewController().view().setAlpha(1);
+    for (const Page& page : allPages()) page.controller(self).view().setAlpha(page.cell ? 1 : 0);
 }
 
 void layoutLandscape(VNTSBToolBarController self, State& state) {
     const CGSize screen = screenSize();
     self.setSuggestedFrame(rect(0, screen.height, screen.width, gridHeight));
+    // First as high as the grid, then as the screen, and the blur below twice too. Deliberate.
     self.view().setFrame(rect(0, screen.height, screen.width, gridHeight));
     self.view().setFrame(rect(0, screen.height, screen.width, screen.height));
     placeGrid(self);

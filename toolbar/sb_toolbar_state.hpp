@@ -13,7 +13,8 @@ struct SBToolBarState {
     CGRect suggestedFrame;
     double suggestedY;
     bool shouldAllowAutoRotate;
-    Strong<VNTCCTogglesBarViewController> modules;
+    // A page of its own: the inherited one, for the toolbar behind applications, is another.
+    Strong<VNTCCTogglesBarViewController> springBoardModules;
 };
 
 }  // namespace vantori

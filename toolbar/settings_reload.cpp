@@ -4,6 +4,7 @@
 #include "settings/notifications.hpp"
 #include "settings/settings_file.hpp"
 #include "settings/variables.hpp"
+#include "toolbar/arrangement.hpp"
 #include "toolbar/sb_toolbar_controller.hpp"
 
 namespace vantori {
@@ -60,10 +61,12 @@ void settingsChanged() {
     if (!noCornerRadius) CORNER_RADIUS = modelCornerRadius();
 }
 
+// Through the preferences, whose cache has just been renewed; a toolbar that is being made asks the
+// settings file. Deliberate.
 void reloadControllerSettings(CFNotificationCenterRef, void*, CFStringRef, const void*,
                               CFDictionaryRef) {
     synchronizePreferences(settingsDomain());
-    const double alpha = boolPreference("hideGrabber"_ns) ? 0.0 : 0.5;
+    const double alpha = grabberAlpha(boolPreference("hideGrabber"_ns));
     VNTSBToolBarController::shared().grabberView().setAlpha(alpha);
     VNTToolBarController::shared().grabberView().setAlpha(alpha);
 }

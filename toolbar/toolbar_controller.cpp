@@ -1,7 +1,5 @@
 #include "toolbar/toolbar_controller.hpp"
 
-#include <array>
-
 #include "pages/lifted_scene.hpp"
 #include "platform/definition.hpp"
 #include "settings/device_profile.hpp"
@@ -28,7 +26,7 @@ struct State {
     Strong<VNTDailyToolBarViewController> daily;
     Strong<VNTBrightnessSliderContainerViewController> brightness;
     Strong<VNTVolumeSliderContainerViewController> volume;
-    Strong<VNTCCTogglesBarViewController> modules;
+    Strong<VNTCCTogglesBarViewController> modulesForApp;
     Strong<NSMutableArray> connectivityButtonControllers;
     Strong<UIView> grabber;
     Strong<UIView> multitaskGrabber;
@@ -96,7 +94,7 @@ void createPages(State& state) {
     state.daily = create<VNTDailyToolBarViewController>();
     state.brightness = create<VNTBrightnessSliderContainerViewController>();
     state.volume = create<VNTVolumeSliderContainerViewController>();
-    state.modules = create<VNTCCTogglesBarViewController>();
+    state.modulesForApp = create<VNTCCTogglesBarViewController>();
     state.brightness.setShouldShowSwitcher(false);
 }
 
@@ -111,21 +109,16 @@ void showModulesPage(VNTCCTogglesBarViewController modules, int direction) {
 // Pages, the modules page and the height, without the frames of the containers.
 void arrangePages(VNTToolBarController self, int direction) {
     placePages(self, direction);
-    showModulesPage(stateIn(self).modules, direction);
+    showModulesPage(stateIn(self).modulesForApp, direction);
     self.setMaxHeight(heightFor(self, direction));
 }
 
-std::array<UIViewController, 6> pagesOf(const State& state) {
-    return {state.connectivity, state.mediaPlayer, state.icons,
-            state.daily,        state.brightness,  state.volume};
-}
-
 // The pages keep the frames that they are given when the scroll view around them changes its size.
-void fixPageSizes(const State& state) {
-    for (UIViewController page : pagesOf(state)) page.view().setAutoresizingMask(0);
+void fixPageSizes(VNTToolBarController self) {
+    for (const Page& page : allPages()) page.controller(self).view().setAutoresizingMask(0);
 }
 
-void createBackdrop(State& state, double height) {
+void createWallpaperBackdrop(State& state, double height) {
     state.backdrop = create<SBWallpaperEffectView, "initWithWallpaperVariant:">(1L);
     state.backdrop.setStyle(7);
     state.backdrop.setFrame(backdropFrame(height));
@@ -141,8 +134,8 @@ void createTint(State& state) {
 
 void createGrabbers(State& state) {
     const CGSize screen = screenSize();
-    state.grabber =
-        createGrabber(grabberFrame(screen.width), boolSetting("hideGrabber"_ns, false) ? 0.0 : 0.5);
+    state.grabber = createGrabber(grabberFrame(screen.width),
+                                  grabberAlpha(boolSetting("hideGrabber"_ns, false)));
     state.multitaskGrabber =
         createGrabber(rect((screen.width - 30) / 2, (screen.height - 100) / 2 - 2.5, 30, 5), 0);
 }
@@ -160,7 +153,7 @@ void addSubviews(VNTToolBarController self, State& state) {
     view.addSubview(state.scrollView);
     view.addSubview(state.grabber);
     state.backdrop.addSubview(state.multitaskGrabber);
-    for (UIViewController page : pagesOf(state)) state.scrollView.addSubview(page.view());
+    for (const Page& page : allPages()) state.scrollView.addSubview(page.controller(self).view());
 }
 
 void prepareScrollView(VNTToolBarController self, State& state, int direction) {
@@ -189,7 +182,7 @@ void loadView(VNTToolBarController self) {
     self.setIsEnabled(false);
     createPages(state);
     self.setPages(fixedPageList());
-    fixPageSizes(state);
+    fixPageSizes(self);
 
     const int direction = currentLayoutDirection();
     arrangePages(self, direction);
@@ -199,7 +192,7 @@ void loadView(VNTToolBarController self) {
     state.scrollView =
         create<UIScrollView, "initWithFrame:">(rect(0, 0, screen.width, self.maxHeight()));
     state.pageControl = create<UIPageControl>();
-    createBackdrop(state, self.maxHeight());
+    createWallpaperBackdrop(state, self.maxHeight());
     state.connectivity.setUpConnectivityButtonSet();
     self.refreshLayoutForDirection(currentLayoutDirection());
     createTint(state);
@@ -229,7 +222,7 @@ void refreshLayoutForDirection(VNTToolBarController self, int direction) {
     self.setMaxHeight(heightFor(self, direction));
     placeContainers(state, self.maxHeight());
     state.scrollView.setContentSize(contentSizeFor(self, direction));
-    showModulesPage(state.modules, direction);
+    showModulesPage(state.modulesForApp, direction);
     state.pageControl.setAlpha(direction == directionStacked ? 0 : 0.9);
     self.refreshAllPages();
 }
@@ -294,7 +287,9 @@ bool shouldReceiveTouch(VNTToolBarController self, UIGestureRecognizer, Object t
     return !onSlider;
 }
 
-void handleDismissGesture(VNTToolBarController self, UIGestureRecognizer) {
+// By the swipe: unlike a pull it leaves what plays scrolling, brings Control Center back, clears the flag
+// once, and lets Reachability in again when the spring is done. Deliberate.
+void closeApplicationToolbar(VNTToolBarController self) {
     post(local::controlCenterBack());
     auto rearm = block<void(bool)>([toolbar = retained(self)](bool finished) {
         if (finished) toolbar.setCanToggleReachability(true);
@@ -302,6 +297,10 @@ void handleDismissGesture(VNTToolBarController self, UIGestureRecognizer) {
     lowerLiftedScene(rearm);
     VNTToolBarController::shared().setIsEnabled(false);
     postDarwin(darwin::backNow());
+}
+
+void handleDismissGesture(VNTToolBarController self, UIGestureRecognizer) {
+    closeApplicationToolbar(self);
 }
 
 }  // namespace
@@ -337,7 +336,7 @@ void registerToolBarController() {
         .property<"dailyControlViewController", &State::daily>()
         .property<"brightnessSliderContainerViewController", &State::brightness>()
         .property<"volumeSliderContainerViewController", &State::volume>()
-        .property<"ccTogglesViewControllerForApp", &State::modules>()
+        .property<"ccTogglesViewControllerForApp", &State::modulesForApp>()
         .property<"connectivityButtonControllers", &State::connectivityButtonControllers>()
         .property<"grabberView", &State::grabber>()
         .property<"multitaskGrabberView", &State::multitaskGrabber>()

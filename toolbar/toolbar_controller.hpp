@@ -6,7 +6,7 @@
 #include "pages/everyday_page.hpp"
 #include "pages/pages.hpp"
 #include "platform/springboard.hpp"
-#include "toggles/panels.hpp"
+#include "toggles/controls.hpp"
 
 namespace vantori {
 

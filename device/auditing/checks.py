@@ -2,12 +2,19 @@
 
 import re
 
+from auditing.forms import rows_of, systems_of
+from auditing.link_map import BLOCK_DESCRIPTOR
 from auditing.macho import INITIALISERS
 from auditing.signature import signature_fault
-from auditing.tables import OWN, PRIVATE, SYMBOLS
+from auditing.tables import LOOKED_UP, OWN, PRIVATE, SYMBOLS
+from auditing.threads import Signing
 
 INSTALL_NAME = "/Library/MobileSubstrate/DynamicLibraries/Vantori.dylib"
-MINIMUM_IOS = (11, 0)
+MINIMUM_IOS = {"arm64": (11, 0), "arm64e": (12, 0)}
+OLDEST_IOS = min(MINIMUM_IOS.values())
+
+# How functions are signed on arm64e: any of C, and those in the descriptor of a block.
+FUNCTION, BLOCK_FUNCTION = Signing("IA", 0, False), Signing("IA", 0, True)
 
 # The load commands that the dynamic linker of iOS 11 knows and that this library has a use for; later
 # linkers write others (chained fixups), which it does not know. From Apple's <mach-o/loader.h>.
@@ -26,8 +33,9 @@ def check_file(dylib):
     """What the loader of a phone looks at."""
     if dylib.install_name != INSTALL_NAME:
         yield f"install name is {dylib.install_name or 'missing'}, not {INSTALL_NAME}"
-    if dylib.minimum != MINIMUM_IOS:
-        yield f"lowest iOS is {dylib.minimum or 'missing'}, not {MINIMUM_IOS}"
+    wanted = MINIMUM_IOS[dylib.slice]
+    if dylib.minimum != wanted:
+        yield f"lowest iOS is {dylib.minimum or 'missing'}, not {wanted}"
     for command in sorted(set(dylib.commands) - set(LOAD_COMMANDS)):
         yield f"load command {command:#x} is none that iOS 11 knows and this library needs"
     started = sum(one.size // 8 for one in dylib.sections if one.kind == INITIALISERS)
@@ -36,6 +44,46 @@ def check_file(dylib):
     fault = signature_fault(dylib)
     if fault:
         yield fault
+
+
+def check_pointer(pointer, dylib, name):
+    """Whether code jumps to it as it is signed."""
+    leads_to_code = pointer.target is not None and dylib.is_code(pointer.target)
+    place = f"the pointer at {pointer.address:#x} ({name or 'no symbol'})"
+    if not pointer.signing:
+        if leads_to_code:
+            yield f"{place} leads to a function and is not signed"
+        return
+    if not leads_to_code:
+        yield f"{place} is signed ({pointer.signing}) and leads to no function"
+    wanted = BLOCK_FUNCTION if BLOCK_DESCRIPTOR.search(name) else FUNCTION
+    if pointer.signing != wanted:
+        yield f"{place} is signed with {pointer.signing} in place of {wanted}"
+
+
+def check_pointers(dylib, pointers, link_map):
+    """On arm64e: each function in data is signed as the code that calls it expects."""
+    if dylib.slice != "arm64e":
+        return
+    places = [one.address for one in pointers]
+    for address in sorted({one for one in places if places.count(one) > 1}):
+        yield f"two threads go through the pointer at {address:#x}"
+    for pointer in pointers:
+        yield from check_pointer(pointer, dylib, link_map.symbol_at(pointer.address))
+    for section in (one for one in dylib.sections if one.kind == INITIALISERS):
+        for address in range(section.address, section.address + section.size, 8):
+            if address not in places:
+                yield f"the initialiser at {address:#x} is in no thread"
+
+
+def check_same(slices):
+    """Both architectures hold the same library: the same hooks, methods, messages, classes, symbols."""
+    first = slices[0]
+    for other in slices[1:]:
+        for what, one, two in zip(first.contents, first.contents.values(), other.contents.values()):
+            for name in sorted(one ^ two):
+                have, lack = (first, other) if name in one else (other, first)
+                yield f"{what} {name} is in {have.name} and not in {lack.name}"
 
 
 def check_secrets(dylib, forbidden):
@@ -84,7 +132,7 @@ def check_stubs(dylib, stubs, platform):
                 )
             elif row["library"] != stub.install_name:
                 yield f"{symbol} is in {row['library']}, not in {stub.install_name} ({SYMBOLS})"
-            elif number(row["since"]) > MINIMUM_IOS:
+            elif number(row["since"]) > OLDEST_IOS:
                 yield f"{symbol} is there from iOS {row['since']} only ({SYMBOLS})"
 
 
@@ -155,3 +203,37 @@ def check_classes(classes, methods, platform):
     for name in classes:
         if name not in platform.classes | ours and not name.startswith("VNT"):
             yield f"the class {name} is not known: add a row for it to a table of device/platform (kind: class)"
+
+
+def check_need(feature, form, need, platform):
+    """What a form needs is in the tables, and is called there as the library calls it."""
+    where = f"the form '{form.name}' of {feature.name}"
+    rows = rows_of(need, platform)
+    if not rows:
+        table = LOOKED_UP if need.kind == "symbol" else PRIVATE
+        yield (
+            f"{where} needs {need}, which is not known: add a row for it to device/platform/{table} "
+            "with the systems that have it"
+        )
+    elif need.encoding and plain(need.encoding) not in encodings_of(rows[0]):
+        yield f"{where} sends {need} as {need.encoding}, but the system has {' or '.join(encodings_of(rows[0]))}"
+
+
+def check_features(features, platform):
+    """Each form can be done where it is taken, and is taken somewhere; the first is kept in any case."""
+    for feature in features:
+        faults = [
+            fault
+            for form in feature.forms
+            for need in form.needs
+            for fault in check_need(feature, form, need, platform)
+        ]
+        yield from faults
+        if faults:
+            continue
+        for name, releases in systems_of(feature, platform).items():
+            if name and not releases and name != feature.forms[0].name:
+                yield (
+                    f"the form '{name}' of {feature.name} is taken on no system: one before it is there wherever it "
+                    "is, or the tables know of no system that has all it needs"
+                )

@@ -6,9 +6,11 @@ object.hpp), so the mangled names spell them out; the encodings are read from th
 addresses that the map gives.
 """
 
+import bisect
 import re
 from dataclasses import dataclass
 
+from auditing.forms import read_feature
 from auditing.macho import Malformed
 
 LINE = re.compile(r"^0x([0-9A-F]+)\s+0x([0-9A-F]+)\s+\[\s*(\d+)\]\s(.*)$")
@@ -19,8 +21,12 @@ TEXT = re.compile(r"(?:Lc\d+E)+")  # the characters of a string that is a templa
 HOOK = "__ZN8platform6detail9HookThunkI"
 METHOD = "__ZN8platform6detail5ThunkI"
 MESSAGE = "__ZZN8platform8selectorI"
+FEATURE, FORM_TABLE = "__ZN8platform7FeatureI", "9formTableE"
 ENCODING = "8encodingE"
-LONGEST = 1000  # bytes of a text whose size the map does not know (it says 0 of local symbols)
+LONGEST = 10000  # bytes of a text whose size the map does not know (it says 0 of local symbols)
+# The static descriptor of a block (platform/block.hpp): its last two pointers are functions.
+BLOCK_DESCRIPTOR = re.compile(r"^__ZN8platform5BlockI.*10descriptorE$")
+LABEL = re.compile(r"^ltmp\d+$")  # the compiler's own, beside the name that counts
 NAME = re.compile(r"^__ZN(?:8platform|7vantori)(?:12_GLOBAL__N_1)?\d+\w+4nameE$")
 
 
@@ -96,10 +102,21 @@ class LinkMap:
                 self.symbols.append(Symbol(int(found[1], 16), int(found[2], 16), int(found[3]), found[4]))
         if not self.sections or not self.symbols:
             raise Malformed(f"{path} is no map of the linker")
+        named = (symbol for symbol in self.symbols if not LABEL.match(symbol.name))
+        self.places = sorted(named, key=lambda symbol: symbol.address)
 
     def fits(self, dylib):
         """Whether this is the map of that dylib."""
         return self.sections == [(one.name, one.address, one.size) for one in dylib.sections]
+
+    def symbol_at(self, address):
+        """The name of the last symbol that begins at or before an address, in its section."""
+        at = bisect.bisect_right(self.places, address, key=lambda symbol: symbol.address)
+        if not at:
+            return ""
+        found = self.places[at - 1]
+        same = any(start <= found.address <= address < start + size for _, start, size in self.sections)
+        return found.name if same else ""
 
     def starting(self, start):
         return (symbol for symbol in self.symbols if symbol.name.startswith(start))
@@ -124,6 +141,12 @@ class LinkMap:
             owner = first_type(stem.removeprefix(METHOD))
             kind = "+" if stem in on_classes else "-"
             yield Method("" if owner == "Object" else owner, texts(stem)[0], encoding, kind)
+
+    def features(self, dylib):
+        """The tables of forms."""
+        for symbol in self.starting(FEATURE):
+            if symbol.name.endswith(FORM_TABLE):
+                yield read_feature(text_of(symbol, dylib) or "")
 
     def messages(self):
         """Every selector that the code asks for."""

@@ -7,12 +7,16 @@ import struct
 from dataclasses import dataclass, field
 
 MAGIC_64 = 0xFEEDFACF
-CPU_ARM64, SUBTYPE_ALL = 0x0100000C, 0
+CPU_ARM64 = 0x0100000C
+# The whole number counts: iOS 12 and 13 take 2 for arm64e, and not 2 with a version above it.
+SLICES = {0: "arm64", 2: "arm64e"}
 TYPE_DYLIB = 6
 LC_SYMTAB, LC_LOAD_DYLIB, LC_ID_DYLIB, LC_SEGMENT_64, LC_CODE_SIGNATURE = 0x02, 0x0C, 0x0D, 0x19, 0x1D
+LC_DYLD_INFO_ONLY = 0x80000022
 LC_VERSION_MIN_IPHONEOS, LC_BUILD_VERSION, PLATFORM_IOS = 0x25, 0x32, 2
 OTHER_LOADS = (0x80000018, 0x8000001F, 0x80000023)  # weak, re-exported, upward
 SECTION_TYPE, INITIALISERS, ZERO_FILL = 0xFF, 0x09, 0x01
+CODE = ("__TEXT,__text", "__TEXT,__stubs", "__TEXT,__stub_helper")
 N_STAB, N_TYPE, N_EXT = 0xE0, 0x0E, 0x01
 
 
@@ -35,19 +39,34 @@ class Section:
 
 
 @dataclass
+class Segment:
+    """One segment: where it is at run time and in the file."""
+
+    address: int
+    offset: int
+    file_size: int
+
+
+@dataclass
 class Dylib:
-    """What the checks need of the file."""
+    """What the checks need of the file, or of one architecture in it."""
 
     data: bytes
+    slice: str  # arm64, arm64e
     install_name: str = ""
     minimum: tuple = ()
     commands: list = field(default_factory=list)  # kinds, in order
     libraries: list = field(default_factory=list)
+    segments: list = field(default_factory=list)
     sections: list = field(default_factory=list)
+    dyld_info: tuple = ()  # offset and size of: rebases, binds, weak ones, lazy ones, exports
     undefined: dict = field(default_factory=dict)  # symbol -> index into libraries
     exported: list = field(default_factory=list)
     debugging: int = 0
     signature: tuple = ()  # offset, size
+
+    def is_code(self, address):
+        return any(one.name in CODE and one.holds(address) for one in self.sections)
 
     def text_at(self, address, size):
         """The bytes up to the first zero, of at most that size, as text; None where there are none."""
@@ -80,7 +99,9 @@ def read_symbols(dylib, table, count, strings):
             dylib.exported.append(name)
 
 
-def read_sections(dylib, at):
+def read_segment(dylib, at):
+    address, _, offset, file_size = struct.unpack_from("<4Q", dylib.data, at + 24)
+    dylib.segments.append(Segment(address, offset, file_size))
     count = struct.unpack_from("<I", dylib.data, at + 64)[0]
     for index in range(count):
         fields = struct.unpack_from("<16s16s2Q8I", dylib.data, at + 72 + 80 * index)
@@ -100,7 +121,9 @@ def read_command(dylib, command, size, at):
     elif command == LC_LOAD_DYLIB or command in OTHER_LOADS:
         dylib.libraries.append(terminated(data, at + fields[0]))
     elif command == LC_SEGMENT_64:
-        read_sections(dylib, at)
+        read_segment(dylib, at)
+    elif command == LC_DYLD_INFO_ONLY:
+        dylib.dyld_info = struct.unpack_from("<10I", data, at + 8)
     elif command == LC_VERSION_MIN_IPHONEOS:
         dylib.minimum = version(struct.unpack_from("<I", data, at + 8)[0])
     elif command == LC_BUILD_VERSION and fields[0] == PLATFORM_IOS:
@@ -116,11 +139,11 @@ def read_dylib(data):
     magic, cpu, subtype, kind, commands = struct.unpack_from("<5I", data)
     if magic != MAGIC_64:
         raise Malformed("not a 64-bit Mach-O file")
-    if (cpu, subtype & 0xFFFFFF) != (CPU_ARM64, SUBTYPE_ALL):
-        raise Malformed(f"not arm64: CPU {cpu:#x}, subtype {subtype:#x}")
+    if cpu != CPU_ARM64 or subtype not in SLICES:
+        raise Malformed(f"neither arm64 nor arm64e: CPU {cpu:#x}, subtype {subtype:#x}")
     if kind != TYPE_DYLIB:
         raise Malformed(f"not a dylib: file type {kind}")
-    dylib = Dylib(data)
+    dylib = Dylib(data, SLICES[subtype])
     at, symbols = 32, None
     for _ in range(commands):
         command, size = struct.unpack_from("<2I", data, at)

@@ -9,11 +9,12 @@ from dataclasses import dataclass, field
 
 from auditing.macho import Malformed
 
-PRIVATE, PUBLIC, OWN, SYMBOLS = (
+PRIVATE, PUBLIC, OWN, SYMBOLS, LOOKED_UP = (
     "private_methods.tsv",
     "public_methods.tsv",
     "own_methods.tsv",
     "symbols.tsv",
+    "looked_up_symbols.tsv",
 )
 
 
@@ -38,6 +39,7 @@ class MethodRow:
     absent: list = field(default_factory=list)
     note: str = ""
     private: bool = False
+    since: str = ""  # the iOS that brought it, where that is later than the oldest
 
 
 def read_stub(path):
@@ -46,6 +48,14 @@ def read_stub(path):
     if not name:
         raise Malformed(f"{path}: no install-name")
     return Stub(name.group(1), set(re.findall(r"^\s+- ([\w.$]+)\s*$", text, re.MULTILINE)))
+
+
+def release(system):
+    """A system's version as a number: 13.4.1 is 1304. 11.x, which has no exact version, counts as 11.1."""
+    found = re.match(r"(\d+)\.(\d+|x)", system)
+    if not found:
+        raise Malformed(f"{system} is no version of a system")
+    return int(found[1]) * 100 + (1 if found[2] == "x" else int(found[2]))
 
 
 def read_table(path):
@@ -69,13 +79,23 @@ class Platform:
     def __init__(self, folder):
         self.methods = [self.private(row) for row in read_table(folder / PRIVATE)]
         self.methods += [
-            MethodRow(row["class"], row["kind"], row["selector"], row["encoding"])
+            MethodRow(
+                row["class"], row["kind"], row["selector"], row["encoding"], since=row["since"]
+            )
             for row in read_table(folder / PUBLIC)
         ]
         self.ours = {
             (row["class"], row["selector"], row["encoding"]) for row in read_table(folder / OWN)
         }
         self.symbols = {row["symbol"]: row for row in read_table(folder / SYMBOLS)}
+        # As rows whose class is the library.
+        self.looked_up = {
+            row["symbol"]: MethodRow(
+                row["library"], "symbol", row["symbol"], row["signature"],
+                row["own"].split(), absent=row["absent"].split(), note=row["note"],
+            )
+            for row in read_table(folder / LOOKED_UP)
+        }  # fmt: skip
         self.classes = {row.class_name for row in self.methods}
 
     @staticmethod
@@ -84,6 +104,13 @@ class Platform:
             row["class"], row["kind"], row["selector"], row["encoding"],
             row["own"].split(), row["inherited"].split(), row["absent"].split(), row["note"], True,
         )  # fmt: skip
+
+    def of_name(self, class_name, kind, name):
+        return [
+            row
+            for row in self.methods
+            if (row.class_name, row.kind, row.selector) == (class_name, kind, name)
+        ]
 
     def of_selector(self, selector):
         return [row for row in self.methods if row.selector == selector and row.kind in "+-"]

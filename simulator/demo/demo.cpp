@@ -37,13 +37,14 @@ constexpr std::string_view seenWelcome =
     "plist /var/mobile/Library/Preferences/com.ferolin.VantoriHistoryVersion.plist [\"1.2.1\"]\n";
 
 // Runs the scene on a new phone. What it says is shown only when it failed.
-int play(const DemoScene& scene, const std::filesystem::path& folder) {
+int play(const DemoScene& scene, const DemoOptions& options) {
     std::ostringstream said;
     try {
         const auto statements = scenario::parse(std::string(scene.newOwner ? "" : seenWelcome) +
                                                 std::string(scene.scenario));
-        const std::unique_ptr<Phone> phone = makePhone({});
-        scenario::Session session(*phone, std::string(scene.name), folder, said);
+        const std::unique_ptr<Phone> phone = makePhone({{}, options.real});
+        if (!options.system.empty()) phone->system(options.system);
+        scenario::Session session(*phone, std::string(scene.name), options.pictures, said);
         for (const auto& statement : statements) session.run(statement);
         if (session.failed() == 0) return 0;
     } catch (const std::exception& error) {
@@ -60,10 +61,10 @@ struct Played {
     pid_t process;
 };
 
-Played startPlaying(const DemoScene& scene, const std::filesystem::path& folder) {
+Played startPlaying(const DemoScene& scene, const DemoOptions& options) {
     const pid_t child = fork();
     if (child < 0) throw std::runtime_error("no process can be started");
-    if (child == 0) _exit(play(scene, folder));
+    if (child == 0) _exit(play(scene, options));
     return {&scene, child};
 }
 
@@ -130,9 +131,9 @@ class Pictures {
 
 }  // namespace
 
-int runDemo(const std::filesystem::path& folder, std::ostream& output, std::ostream& errors) {
-    std::filesystem::create_directories(folder);
-    Pictures pictures(folder, output);
+int runDemo(const DemoOptions& options, std::ostream& output, std::ostream& errors) {
+    std::filesystem::create_directories(options.pictures);
+    Pictures pictures(options.pictures, output);
     int status = 0;
     std::deque<Played> playing;
     const auto finishFirst = [&] {
@@ -148,7 +149,7 @@ int runDemo(const std::filesystem::path& folder, std::ostream& output, std::ostr
     const std::size_t atATime = std::max(1u, std::thread::hardware_concurrency());
     for (const DemoScene& scene : demoScenes()) {
         if (playing.size() == atATime) finishFirst();
-        playing.push_back(startPlaying(scene, folder));
+        playing.push_back(startPlaying(scene, options));
     }
     while (!playing.empty()) finishFirst();
     pictures.writeSheets();

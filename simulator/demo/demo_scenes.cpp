@@ -151,14 +151,13 @@ wait 1
 shot "control-center-replaced.png" at 2
 )",
      true},
-    {"recents", "recents.png", "Recent applications", R"(
+    {"applications", "applications.png", "Applications", R"(
 setting alwaysSpringBoardStyle false
-recents com.example.maps com.example.mail com.example.photos com.apple.camera com.apple.Music
 boot
 open com.example.notes
 pull 60 320 over 0.3
 wait 1
-shot "recents.png" at 2
+shot "applications.png" at 2
 )",
      true},
     {"welcome", "welcome.png", "Welcome", R"(

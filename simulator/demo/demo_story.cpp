@@ -37,7 +37,7 @@ constexpr StoryPicture pages[] = {
     {"slider", upright, "A slider follows the finger."},
     {"connectivity", upright, "Airplane mode, a tap away."},
     {"music", upright, "The player; a long title scrolls."},
-    {"recents", upright, "The applications used last."},
+    {"applications", upright, "The applications of the dock."},
     {"strip", upright, "With another layout, all pages in one row."},
 };
 

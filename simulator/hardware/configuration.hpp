@@ -13,6 +13,7 @@ namespace simulator {
 struct Configuration {
     std::string machine = "iPhone10,3";
     std::string systemVersion = "13.3";
+    bool real = false;  // it has what real systems of its version have, and no more
     CGSize screen{375, 812};
     double scale = 3;
     bool homeButton = false;

@@ -33,7 +33,7 @@ std::pair<std::string, nlohmann::json> parseSetting(const std::string& text) {
 }
 
 LivePhone::LivePhone(const LiveOptions& options, bool prompt, std::ostream& output)
-    : phone_(makePhone({options.root})),
+    : phone_(makePhone({options.root, options.real})),
       listener_(DeviceRoot::shared().path()),
       console_(*phone_, {options.pictures, prompt}, output) {
     if (!options.recording.empty()) console_.phone().start(options.recording);

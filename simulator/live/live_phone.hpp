@@ -21,6 +21,7 @@ struct LiveOptions {
     std::string system;                 // likewise
     std::vector<std::string> settings;  // KEY=JSON
     std::filesystem::path root;         // see PhoneOptions
+    bool real = false;                  // likewise
     std::filesystem::path pictures;
     std::filesystem::path recording;  // a scenario of all that is done; none when empty
 };

@@ -6,6 +6,8 @@ Fixups readFixups(const MachOFile& file) {
     if (file.dyldInfo && file.chainedFixups)
         throw BadImage("it has both opcodes and chains of fixups");
     if (file.dyldInfo) return readOpcodes(file, *file.dyldInfo);
+    if (file.chainedFixups && file.signsPointers)
+        throw BadImage("it is for arm64e with chained fixups, which iOS 12 does not know");
     if (file.chainedFixups) return readChains(file, *file.chainedFixups);
     return {};
 }

@@ -1,13 +1,15 @@
 // The places of an image that its loader must fill in: pointers into the image itself, which move
 // with it (rebases), and pointers to symbols of other libraries (binds). Images tell them in one of
-// two ways, as opcodes (LC_DYLD_INFO) or as chains through the pointers (LC_DYLD_CHAINED_FIXUPS);
-// both are read into one list. Addresses are those that the file was linked at.
+// three ways: as opcodes (LC_DYLD_INFO), for arm64e as opcodes with threads through the pointers, or as
+// chains through the pointers (LC_DYLD_CHAINED_FIXUPS); all are read into one list. Addresses are those that the file was linked at.
 #pragma once
 
+#include <optional>
 #include <string_view>
 #include <vector>
 
 #include "simulator/loader/macho_file.hpp"
+#include "simulator/loader/signing.hpp"
 
 namespace simulator::loader {
 
@@ -15,6 +17,7 @@ namespace simulator::loader {
 struct Rebase {
     std::uint64_t address;
     std::uint64_t target;
+    std::optional<Signing> signing = {};
 };
 
 // The eight bytes at the address become the symbol's address plus the addend.
@@ -31,6 +34,7 @@ struct Bind {
     int library;
     bool optional;  // zero when nobody has it
     Kind kind;
+    std::optional<Signing> signing = {};
 };
 
 inline constexpr int fromItself = 0;

@@ -1,5 +1,6 @@
 #include "simulator/loader/library.hpp"
 
+#include <sys/auxv.h>
 #include <sys/mman.h>
 #include <unistd.h>
 
@@ -9,6 +10,7 @@
 
 #include "platform/runtime.hpp"
 #include "simulator/loader/placement.hpp"
+#include "simulator/loader/signed_image.hpp"
 #include "simulator/loader/system_symbols.hpp"
 #include "simulator/loader/unwind.hpp"
 
@@ -34,6 +36,25 @@ constexpr bool runsHere() {
 #endif
 }
 
+// The processor signs by itself; where there is none that can, no library runs either.
+std::uint64_t processorSigns([[maybe_unused]] std::uint64_t pointer,
+                             [[maybe_unused]] const Signing& signing,
+                             [[maybe_unused]] std::uint64_t place) {
+#if defined(__aarch64__)
+    return signedFor(pointer, signing, place);
+#else
+    return 0;
+#endif
+}
+
+bool processorCanSign() {
+#if defined(__aarch64__)
+    return (getauxval(AT_HWCAP) & HWCAP_PACA) != 0;
+#else
+    return false;
+#endif
+}
+
 // The image in memory of its own.
 class Image {
   public:
@@ -48,7 +69,8 @@ class Image {
 
     void fill() {
         copySegments(file_, memory_);
-        applyFixups(file_, fixups_, memory_, systemSymbol);
+        if (file_.signsPointers) setSignedImage(memory_);
+        applyFixups(file_, fixups_, memory_, systemSymbol, processorSigns);
         for (const SelectorReference& reference : selectorReferences(file_, fixups_)) {
             SEL selector = sel_registerName(std::string(reference.name).c_str());
             std::memcpy(at(reference.address), &selector, sizeof selector);
@@ -76,6 +98,7 @@ class Image {
         __register_frame(frames.data());
     }
 
+    // By plain addresses: that they are signed as they should be was looked at before.
     void run() const {
         for (std::uint64_t address : initialisers(file_, fixups_))
             reinterpret_cast<void (*)()>(at(address))();
@@ -91,13 +114,18 @@ class Image {
 
 }  // namespace
 
-void loadMachO(const std::filesystem::path& path) {
+void loadMachO(const std::filesystem::path& path, Process process) {
     const std::vector<std::byte> bytes = readFile(path);
-    const MachOFile file = readMachO(bytes);
+    const MachOFile file = readMachO(sliceFor(Bytes(bytes), process).span());
+    if (file.signsPointers != (process == Process::arm64e))
+        throw BadImage("it is for " + std::string(file.signsPointers ? "arm64e" : "arm64") +
+                       ", and this phone runs SpringBoard as " + std::string(nameOf(process)));
     const Fixups fixups = readFixups(file);
     initialisers(file, fixups);
     if (!runsHere())
         throw BadImage("it is for arm64: the phone built for arm64 runs it (scripts/test-device)");
+    if (file.signsPointers && !processorCanSign())
+        throw BadImage("it is for arm64e, and this processor does not sign pointers");
     Image image(file, fixups);
     image.fill();
     image.protect();

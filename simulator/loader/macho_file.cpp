@@ -14,17 +14,14 @@ struct Kind {
 };
 constexpr std::uint32_t magic64 = 0xfeedfacf;
 constexpr Kind otherKinds[] = {
-    {0xbebafeca, "it holds several architectures (fat file); give the arm64 part alone"},
-    {0xbfbafeca, "it holds several architectures (fat file); give the arm64 part alone"},
+    {0xbebafeca, "it holds several architectures (fat file) in one another"},
+    {0xbfbafeca, "it holds several architectures (fat file) in one another"},
     {0xfeedface, "it is for 32-bit machines"},
     {0xcefaedfe, "it is for big-endian machines"},
     {0xcffaedfe, "it is for big-endian machines"},
     {0x464c457f, "it is an ELF file: a library for Linux, not for a phone"},
 };
 
-constexpr std::uint32_t arm64Machine = 0x0100000c;
-constexpr std::uint32_t subtypeMask = 0x00ffffff;
-constexpr std::uint32_t arm64ePointers = 2;
 constexpr std::uint32_t dylibType = 6;
 constexpr std::uint64_t headerSize = 32;
 constexpr std::uint64_t commandHeaderSize = 8;
@@ -69,7 +66,7 @@ class Reader {
     }
 
   private:
-    void checkHeader() const {
+    void checkHeader() {
         if (file_.bytes.size() == 0) throw BadImage("it is empty");
         const auto magic = file_.bytes.read<std::uint32_t>(0, "its first four bytes");
         for (const Kind& kind : otherKinds) {
@@ -79,10 +76,20 @@ class Reader {
         const Bytes header = file_.bytes.part(0, headerSize, "the header");
         if (header.read<std::uint32_t>(4, "the header") != arm64Machine)
             throw BadImage("it is for another processor than arm64");
-        if ((header.read<std::uint32_t>(8, "the header") & subtypeMask) == arm64ePointers)
-            throw BadImage("it is for arm64e, whose pointers are signed; give the arm64 one");
+        checkSubtype(header.read<std::uint32_t>(8, "the header"));
         if (header.read<std::uint32_t>(12, "the header") != dylibType)
             throw BadImage("it is no dynamic library");
+    }
+
+    // The whole number counts: iOS 12 and 13 do not take its highest byte, a version, off.
+    void checkSubtype(std::uint32_t subtype) {
+        constexpr std::uint32_t withoutVersion = 0x00ffffff;
+        file_.signsPointers = subtype == arm64eSubtype;
+        if (file_.signsPointers || (subtype & withoutVersion) == arm64Subtype) return;
+        if ((subtype & withoutVersion) == arm64eSubtype)
+            throw BadImage("it is for arm64e with a version (" + hexadecimal(subtype) +
+                           "), which only iOS 14 takes");
+        throw BadImage("it is for an unknown kind of arm64, " + hexadecimal(subtype));
     }
 
     void readCommands() {

@@ -1,5 +1,5 @@
 // A library for a phone as it lies in a file: the header and load commands of a 64-bit Mach-O image
-// for arm64 iOS, read and checked. Nothing is mapped and nothing is run, so this works on any host.
+// for iOS, arm64 or arm64e, read and checked. Nothing is mapped and nothing is run, so this works on any host.
 // Addresses are those that the file was linked at; it may be moved as a whole.
 #pragma once
 
@@ -15,6 +15,10 @@ namespace simulator::loader {
 inline constexpr std::uint32_t canRead = 1;
 inline constexpr std::uint32_t canWrite = 2;
 inline constexpr std::uint32_t canExecute = 4;
+// The processor, and the two kinds of it that differ in how pointers travel.
+inline constexpr std::uint32_t arm64Machine = 0x0100000c;
+inline constexpr std::uint32_t arm64Subtype = 0;
+inline constexpr std::uint32_t arm64eSubtype = 2;
 // Segments of arm64 start on pages of 16 KiB.
 inline constexpr std::uint64_t pageSize = 0x4000;
 
@@ -48,6 +52,7 @@ struct DyldInfo {
 // Views into the file's bytes, which must outlive it.
 struct MachOFile {
     Bytes bytes;
+    bool signsPointers = false;     // arm64e
     std::vector<Segment> segments;  // never none; each after the one before it
     std::vector<Section> sections;
     std::vector<std::string_view> libraries;  // by ordinal, the first is 1
@@ -68,7 +73,8 @@ struct MachOFile {
     Bytes contents(std::uint64_t address, std::uint64_t size, std::string_view what) const;
 };
 
-// Throws BadImage for anything but a whole arm64 iOS dylib.
+// Throws BadImage for anything but a whole iOS dylib for arm64 or arm64e, and for a fat file: that one
+// has a list of them (slices.hpp).
 MachOFile readMachO(std::span<const std::byte> bytes);
 
 }  // namespace simulator::loader

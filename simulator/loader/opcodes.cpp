@@ -1,6 +1,7 @@
 // Fixups told as opcodes: two small machines, one for rebases and one for binds, that walk through
 // the segments. The high half of a byte is the opcode, the low half a small number for it.
 #include "simulator/loader/fixups.hpp"
+#include "simulator/loader/threads.hpp"
 
 namespace simulator::loader {
 
@@ -41,6 +42,9 @@ enum BindOpcode : std::uint8_t {
 };
 
 constexpr std::uint8_t weakImport = 1;
+// What bindThreaded does.
+constexpr std::uint8_t startSymbols = 0;
+constexpr std::uint8_t followOne = 1;
 
 // Where the machine stands: a segment and an offset in it. Offsets wrap, as they do in a phone's
 // loader (linkers step backwards by adding large numbers); what counts is where a pointer is taken.
@@ -144,9 +148,8 @@ class RebaseMachine {
 
 class BindMachine {
   public:
-    BindMachine(const MachOFile& file, Bind::Kind kind, std::string_view list,
-                std::vector<Bind>& found)
-        : file_(file), kind_(kind), list_(list), place_(file), found_(found) {}
+    BindMachine(const MachOFile& file, Bind::Kind kind, std::string_view list, Fixups& fixups)
+        : file_(file), kind_(kind), list_(list), place_(file), fixups_(fixups) {}
 
     void run(Bytes opcodes) {
         Cursor cursor(opcodes, "the " + std::string(list_));
@@ -193,7 +196,7 @@ class BindMachine {
                 return bind(count, cursor.uleb());
             }
             case bindThreaded:
-                throw BadImage("its binds are threaded: that is for arm64e");
+                return thread(immediate, cursor);
             default:
                 unknown(list_, opcode);
         }
@@ -206,17 +209,42 @@ class BindMachine {
 
     void bind(std::uint64_t count, std::uint64_t skip) {
         if (symbol_.empty()) throw BadImage("a bind comes before any symbol is named");
+        if (threads_) {
+            threads_->symbols.push_back({0, symbol_, addend_, library_, optional_, kind_});
+            return;
+        }
         for (; count > 0; --count) {
-            found_.push_back({place_.pointer(), symbol_, addend_, library_, optional_, kind_});
+            fixups_.binds.push_back(
+                {place_.pointer(), symbol_, addend_, library_, optional_, kind_});
             place_.advance(pointerSize + skip);
         }
     }
+
+    // First comes the size of the table that binds fill from then on, then the threads that use it.
+    void thread(std::uint8_t action, Cursor& cursor) {
+        if (!file_.signsPointers) throw BadImage("its binds are threaded: that is for arm64e");
+        if (action == startSymbols) {
+            threads_ = Threads{.announced = cursor.uleb(), .symbols = {}};
+            return;
+        }
+        if (action != followOne || !threads_) throw BadImage("an unknown kind of thread");
+        if (threads_->symbols.size() != threads_->announced)
+            throw BadImage(std::to_string(threads_->announced) + " symbols are announced and " +
+                           std::to_string(threads_->symbols.size()) + " there");
+        followThread(file_, place_.pointer(), threads_->symbols, fixups_);
+    }
+
+    struct Threads {
+        std::uint64_t announced;
+        std::vector<Bind> symbols;
+    };
 
     const MachOFile& file_;
     Bind::Kind kind_;
     std::string_view list_;
     Place place_;
-    std::vector<Bind>& found_;
+    Fixups& fixups_;
+    std::optional<Threads> threads_;
     std::string_view symbol_;
     std::int64_t addend_ = 0;
     int library_ = fromItself;
@@ -227,11 +255,14 @@ class BindMachine {
 
 Fixups readOpcodes(const MachOFile& file, const DyldInfo& info) {
     Fixups fixups;
+    // An arm64e image always counts as threaded; from 13 on the other lists are not looked at.
+    if (file.signsPointers && (info.rebase.size() != 0 || info.lazyBind.size() != 0))
+        throw BadImage("it is for arm64e, and its pointers are not threaded");
     RebaseMachine(file, fixups.rebases).run(info.rebase);
     using Kind = Bind::Kind;
-    BindMachine(file, Kind::plain, "bind opcodes", fixups.binds).run(info.bind);
-    BindMachine(file, Kind::lazy, "lazy bind opcodes", fixups.binds).run(info.lazyBind);
-    BindMachine(file, Kind::weak, "weak bind opcodes", fixups.binds).run(info.weakBind);
+    BindMachine(file, Kind::plain, "bind opcodes", fixups).run(info.bind);
+    BindMachine(file, Kind::lazy, "lazy bind opcodes", fixups).run(info.lazyBind);
+    BindMachine(file, Kind::weak, "weak bind opcodes", fixups).run(info.weakBind);
     return fixups;
 }
 

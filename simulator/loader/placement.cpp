@@ -12,13 +12,27 @@ constexpr std::uint32_t initialiserPointers = 0x09;
 constexpr std::uint32_t initialiserOffsets = 0x16;
 constexpr std::uint64_t pointerSize = 8;
 
-void put(const MachOFile& file, Memory memory, std::uint64_t address, std::uint64_t value) {
-    std::memcpy(memory.subspan(address - file.start(), pointerSize).data(), &value, pointerSize);
-}
-
 std::uint64_t placed(const MachOFile& file, Memory memory, std::uint64_t address) {
     return reinterpret_cast<std::uintptr_t>(memory.data()) + (address - file.start());
 }
+
+// Writes pointers, signed where they are to be.
+class Writer {
+  public:
+    Writer(const MachOFile& file, Memory memory, const Sign& sign)
+        : file_(file), memory_(memory), sign_(sign) {}
+
+    void put(std::uint64_t address, std::uint64_t value, const std::optional<Signing>& signing) {
+        if (signing) value = sign_(value, *signing, placed(file_, memory_, address));
+        std::memcpy(memory_.subspan(address - file_.start(), pointerSize).data(), &value,
+                    pointerSize);
+    }
+
+  private:
+    const MachOFile& file_;
+    Memory memory_;
+    const Sign& sign_;
+};
 
 // Looks symbols up and gathers those that nobody has.
 class Resolver {
@@ -77,30 +91,38 @@ void copySegments(const MachOFile& file, Memory memory) {
     }
 }
 
-void applyFixups(const MachOFile& file, const Fixups& fixups, Memory memory, const Lookup& lookup) {
+void applyFixups(const MachOFile& file, const Fixups& fixups, Memory memory, const Lookup& lookup,
+                 const Sign& sign) {
+    Writer writer(file, memory, sign);
     for (const Rebase& rebase : fixups.rebases)
-        put(file, memory, rebase.address, placed(file, memory, rebase.target));
+        writer.put(rebase.address, placed(file, memory, rebase.target), rebase.signing);
     Resolver resolver(file, memory, lookup);
     for (const Bind& bind : fixups.binds) {
-        if (auto target = resolver.target(bind)) put(file, memory, bind.address, *target);
+        if (auto target = resolver.target(bind)) writer.put(bind.address, *target, bind.signing);
     }
     resolver.complain();
 }
 
 std::vector<std::uint64_t> initialisers(const MachOFile& file, const Fixups& fixups) {
-    std::unordered_map<std::uint64_t, std::uint64_t> targets;
-    for (const Rebase& rebase : fixups.rebases) targets[rebase.address] = rebase.target;
+    std::unordered_map<std::uint64_t, const Rebase*> rebases;
+    for (const Rebase& rebase : fixups.rebases) rebases[rebase.address] = &rebase;
     std::vector<std::uint64_t> found;
     for (const Section& section : file.sections) {
         if (section.type() == initialiserPointers) {
             file.contents(section.address, section.size, "the initialisers");
             for (std::uint64_t at = 0; at + pointerSize <= section.size; at += pointerSize) {
-                auto target = targets.find(section.address + at);
-                if (target == targets.end())
+                auto rebase = rebases.find(section.address + at);
+                if (rebase == rebases.end())
                     throw BadImage("an initialiser does not move with the image");
-                found.push_back(target->second);
+                if (file.signsPointers && rebase->second->signing != functionSigning)
+                    throw BadImage(
+                        "an initialiser is not signed as a function of C: a phone stops there");
+                found.push_back(rebase->second->target);
             }
         } else if (section.type() == initialiserOffsets) {
+            if (file.signsPointers)
+                throw BadImage(
+                    "its initialisers are offsets, which iOS before 13.4 calls unsigned");
             const Bytes offsets = file.contents(section.address, section.size, "the initialisers");
             Cursor cursor(offsets, "the initialisers");
             while (!cursor.done()) found.push_back(file.start() + cursor.take<std::uint32_t>());

@@ -20,13 +20,14 @@ void copySegments(const MachOFile& file, Memory memory);
 // The address of a symbol, null when nobody has it. The name is without the underscore of C.
 using Lookup = std::function<const void*(std::string_view name)>;
 
-// Fills in every pointer. Symbols of the image itself come from the image; the others are looked
-// up. Throws BadImage for symbols that nobody has, all of them in one message, with the library
+// Fills in every pointer, signed where the image says so. Symbols of the image itself come from the
+// image; the others are looked up. Throws BadImage for symbols that nobody has, all of them in one message, with the library
 // that should have them.
-void applyFixups(const MachOFile& file, const Fixups& fixups, Memory memory, const Lookup& lookup);
+void applyFixups(const MachOFile& file, const Fixups& fixups, Memory memory, const Lookup& lookup,
+                 const Sign& sign);
 
 // The addresses, as linked, of the functions to call once the fixups are filled in, in order.
-// Throws BadImage when one lies outside the code.
+// Throws BadImage when one lies outside the code, or when a phone could not call it for its signature.
 std::vector<std::uint64_t> initialisers(const MachOFile& file, const Fixups& fixups);
 
 // Pointers that a compiler left to names of selectors (__objc_selrefs): each must become the

@@ -4,7 +4,9 @@
 
 #include <string>
 
+#include "simulator/loader/border_functions.hpp"
 #include "simulator/loader/shape.hpp"
+#include "simulator/loader/signed_image.hpp"
 #include "simulator/uikit/raise.hpp"
 
 #if defined(__aarch64__)
@@ -16,6 +18,7 @@
 #include <cstring>
 
 #include "simulator/loader/messages.hpp"
+#include "simulator/runtime/system_libraries.hpp"
 #endif
 
 namespace simulator::loader {
@@ -44,9 +47,16 @@ int phoneUname(PhoneNames* answer) {
 
 // The bits of iOS: 1 lazily, 2 at once, 4 for itself, 8 for all.
 void* phoneDlopen(const char* path, int mode) {
+    if (const void* library = path ? systemLibrary(path) : nullptr)
+        return const_cast<void*>(library);
     constexpr int now = 2;
     constexpr int global = 8;
     return dlopen(path, (mode & now ? RTLD_NOW : RTLD_LAZY) | (mode & global ? RTLD_GLOBAL : 0));
+}
+
+// Only the phone's libraries are asked: whoever looks a function up must say where.
+void* phoneDlsym(void* handle, const char* name) {
+    return const_cast<void*>(symbolOfLibrary(handle, name));
 }
 
 Class classOfObject(id object) { return object ? object_getClass(object) : nullptr; }
@@ -100,6 +110,7 @@ const void* replacement(std::string_view name) {
         {"NSLog", address(&vantoriLog)},
         {"uname", address(&phoneUname)},
         {"dlopen", address(&phoneDlopen)},
+        {"dlsym", address(&phoneDlsym)},
         {"__sincos_stret", address(&sineAndCosine)},
         {"memset_pattern16", address(&fillPattern)},
         {"__stack_chk_guard", &stackGuard},
@@ -121,12 +132,17 @@ const void* replacement(std::string_view) { return nullptr; }
 
 #endif
 
-const void* systemSymbol(std::string_view name) {
+const void* plainSymbol(std::string_view name) {
     constexpr std::string_view classPrefix = "OBJC_CLASS_$_";
     const std::string text(name);
     if (name.starts_with(classPrefix)) return objc_getClass(text.c_str() + classPrefix.size());
     if (const void* address = replacement(name)) return address;
     return dlsym(RTLD_DEFAULT, text.c_str());
+}
+
+const void* systemSymbol(std::string_view name) {
+    const void* border = hasSignedImage() ? borderFunction(name) : nullptr;
+    return border ? border : plainSymbol(name);
 }
 
 }  // namespace simulator::loader

@@ -10,5 +10,7 @@ namespace simulator::loader {
 
 // The address for a name without the underscore of C; null when there is none.
 const void* systemSymbol(std::string_view name);
+// The same as a library finds it whose pointers are not signed.
+const void* plainSymbol(std::string_view name);
 
 }  // namespace simulator::loader

@@ -9,6 +9,7 @@
 #include <stdexcept>
 
 #include "simulator/loader/library.hpp"
+#include "simulator/runtime/machine.hpp"
 
 namespace simulator {
 
@@ -24,6 +25,13 @@ std::filesystem::path libraryPath() {
     std::error_code error;
     auto program = std::filesystem::read_symlink("/proc/self/exe", error);
     return program.parent_path().parent_path() / "lib" / "libvantori.so";
+}
+
+// As which kind of process SpringBoard runs: as asked for, else as on a phone of that model.
+loader::Process process() {
+    if (const char* named = std::getenv("VANTORI_SLICE"); named && *named)
+        return loader::processNamed(named);
+    return loader::processOf(machine());
 }
 
 [[noreturn]] void refuse(const std::string& reason) {
@@ -49,12 +57,16 @@ void nameExtension(const std::filesystem::path& path) {
     setenv("VANTORI_LIBRARY", std::filesystem::absolute(path).c_str(), 1);
 }
 
+void nameSlice(const std::string& name) {
+    setenv("VANTORI_SLICE", std::string(nameOf(loader::processNamed(name))).c_str(), 1);
+}
+
 void loadExtension() {
     if (loaderSlot()) return loaderSlot()();
     std::filesystem::path path = libraryPath();
     if (!isForThisMachine(path)) {
         try {
-            return loader::loadMachO(path);
+            return loader::loadMachO(path, process());
         } catch (const loader::BadImage& error) {
             refuse(path.string() + ": " + error.what());
         }

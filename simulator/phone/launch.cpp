@@ -13,6 +13,7 @@
 #include "simulator/hardware/configuration.hpp"
 #include "simulator/hardware/uikit_bridge.hpp"
 #include "simulator/phone/extension.hpp"
+#include "simulator/phone/hook_report_notes.hpp"
 #include "simulator/runtime/associations.hpp"
 #include "simulator/runtime/clock.hpp"
 #include "simulator/runtime/crash.hpp"
@@ -20,6 +21,7 @@
 #include "simulator/runtime/system_log.hpp"
 #include "simulator/services/brightness.hpp"
 #include "simulator/services/connectivity.hpp"
+#include "simulator/services/do_not_disturb.hpp"
 #include "simulator/services/marquee_view.hpp"
 #include "simulator/services/module_contents.hpp"
 #include "simulator/services/now_playing.hpp"
@@ -28,12 +30,14 @@
 #include "simulator/services/setting_agents.hpp"
 #include "simulator/services/volume.hpp"
 #include "simulator/springboard/applications/addresses.hpp"
+#include "simulator/springboard/applications/app_hosting.hpp"
 #include "simulator/springboard/applications/applications.hpp"
 #include "simulator/springboard/applications/media.hpp"
 #include "simulator/springboard/applications/processes.hpp"
 #include "simulator/springboard/applications/recents.hpp"
 #include "simulator/springboard/applications/scene_layout.hpp"
 #include "simulator/springboard/applications/springboard_application.hpp"
+#include "simulator/springboard/applications/switcher.hpp"
 #include "simulator/springboard/control_center/control_center.hpp"
 #include "simulator/springboard/display/interface_style.hpp"
 #include "simulator/springboard/display/lock_screen.hpp"
@@ -91,6 +95,7 @@ std::string imagePath(const std::string& path) {
 void startSpringBoard() {
     auto application = create<SpringBoard>();
     if (application) setSharedApplication(UIApplication(application.get()));
+    fillVariables(application);
     makeWindows();
     makeHomeScreen();
     moveHomeScreenToWindow();
@@ -130,8 +135,10 @@ void registerSpringBoard() {
     registerHomeScreen();
     registerSwitcherGestures();
     registerReachability();
+    registerSwitcher();
     registerRecents();
     registerProcesses();
+    registerAppHosting();
     registerLockScreen();
     registerControlCenter();
     registerPlatformParts();
@@ -147,7 +154,7 @@ void registerSpringBoard() {
     registerConnectivity();
     registerSettingAgents();
     registerInterfaceStyle();
-    announceDoNotDisturb();
+    registerDoNotDisturb();
     registerPackages();
     followSettings();
     registerSpringBoardApplication();
@@ -163,6 +170,7 @@ void launchPhone(Extension extension) {
     registerSpringBoard();
     installAddresses();
     if (extension == Extension::load) loadExtension();
+    noteInHookReport();
     startSpringBoard();
     settle(launchingTime);
     // With the home screen in front no application's scenes are on the display.

@@ -31,6 +31,7 @@
 #include "simulator/runtime/history.hpp"
 #include "simulator/runtime/hooking.hpp"
 #include "simulator/runtime/missing.hpp"
+#include "simulator/runtime/presence.hpp"
 #include "simulator/runtime/system_log.hpp"
 #include "simulator/services/brightness.hpp"
 #include "simulator/services/media_player.hpp"
@@ -54,6 +55,11 @@ namespace simulator {
 namespace {
 
 constexpr const char* settingsDomain = "com.ferolin.vantoripb";
+
+int knownRelease(const std::string& version) {
+    if (const auto release = releaseOf(version)) return *release;
+    throw PhoneError("no real system " + version + " is known: 11.0 to 14.8 are");
+}
 
 GestureStage stageOf(PullPhase phase) {
     switch (phase) {
@@ -86,6 +92,7 @@ class SimulatedPhone final : public Phone {
   public:
     explicit SimulatedPhone(const PhoneOptions& options) : root_(options.root) {
         DeviceRoot::shared().set(root_.path());
+        configuration().real = options.real;
         prepareProcess();
     }
 
@@ -116,6 +123,10 @@ class SimulatedPhone final : public Phone {
             std::from_chars(version.data(), version.data() + version.size(), number);
         if (error != std::errc() || number <= 0) throw PhoneError("no such system: " + version);
         configuration().systemVersion = version;
+    }
+    void real() override {
+        requireOff();
+        configuration().real = true;
     }
     void homeButton(bool present) override {
         requireOff();
@@ -156,6 +167,7 @@ class SimulatedPhone final : public Phone {
     }
     void boot() override {
         requireOff();
+        if (configuration().real) makeReal(knownRelease(configuration().systemVersion));
         on_ = true;
         run([&] { launchPhone(extension_); });
     }
@@ -314,6 +326,16 @@ class SimulatedPhone final : public Phone {
         auto setting = settingNamed(name);
         if (!setting) throw PhoneError("no such setting: " + name);
         run([&] { setOn(*setting, on); });
+    }
+    bool toggled(const std::string& name) override {
+        auto setting = settingNamed(name);
+        if (!setting) throw PhoneError("no such setting: " + name);
+        return isOn(*setting);
+    }
+    std::optional<PlayerLook> player() override {
+        const Track* track = MediaPlayer::shared().track();
+        if (!track) return std::nullopt;
+        return PlayerLook{track->title, MediaPlayer::shared().isPlaying()};
     }
     void volume(double level) override {
         requireLevel(level);

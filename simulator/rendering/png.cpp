@@ -28,6 +28,13 @@ cairo_status_t takeBytes(void* closure, unsigned char* out, unsigned length) {
     return CAIRO_STATUS_SUCCESS;
 }
 
+cairo_status_t appendBytes(void* closure, const unsigned char* bytes, unsigned length) {
+    auto& all = *static_cast<std::vector<std::byte>*>(closure);
+    const auto part = std::as_bytes(std::span(bytes, length));
+    all.insert(all.end(), part.begin(), part.end());
+    return CAIRO_STATUS_SUCCESS;
+}
+
 }  // namespace
 
 std::optional<std::string> writePng(const Surface& surface, const std::filesystem::path& path) {
@@ -35,6 +42,12 @@ std::optional<std::string> writePng(const Surface& surface, const std::filesyste
     const cairo_status_t status = cairo_surface_write_to_png(surface.get(), path.c_str());
     if (status == CAIRO_STATUS_SUCCESS) return std::nullopt;
     return problem("cannot write picture", path.string(), status);
+}
+
+std::vector<std::byte> encodePng(const Surface& surface) {
+    std::vector<std::byte> bytes;
+    if (surface) cairo_surface_write_to_png_stream(surface.get(), &appendBytes, &bytes);
+    return bytes;
 }
 
 ReadPng readPng(const std::filesystem::path& path) {

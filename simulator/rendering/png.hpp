@@ -6,6 +6,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <vector>
 
 #include "simulator/rendering/surface.hpp"
 
@@ -14,6 +15,9 @@ namespace simulator::rendering {
 // Writes the pixels; answers the problem, or nothing when all went well.
 [[nodiscard]] std::optional<std::string> writePng(const Surface& surface,
                                                   const std::filesystem::path& path);
+
+// Empty when there are no pixels.
+[[nodiscard]] std::vector<std::byte> encodePng(const Surface& surface);
 
 struct ReadPng {
     Surface surface;  // empty when there is a problem

@@ -6,6 +6,7 @@
 #include "simulator/scenario/objective_c.hpp"
 #include "simulator/scenario/recording_phone.hpp"
 #include "simulator/scenario/statements.hpp"
+#include "simulator/services/system_settings.hpp"
 
 namespace simulator::scenario {
 namespace {
@@ -101,6 +102,8 @@ void play(Line& line) {
 
 void interrupt(Line& line) { line.phone().interrupt(line.view("VIEW")); }
 
+constexpr auto toggleHelp = platform::FixedString{"someone else flips "} + settingWords;
+
 constexpr std::array<Form, 39> forms{{
     {"wait S [times N]", booted, "lets S seconds of the phone's time pass; N times, each by itself",
      wait},
@@ -182,9 +185,7 @@ constexpr std::array<Form, 39> forms{{
     {"player-callbacks main|other", booted,
      "the thread on which the player tells of itself; main is the default",
      [](Line& line) { line.phone().playerCallbacks(line.chose("other")); }},
-    {"toggle TOGGLE on|off", booted,
-     "someone else flips orientationlock, ringermute, lowpower, donotdisturb, flashlight, "
-     "nightshift or truetone",
+    {"toggle TOGGLE on|off", booted, toggleHelp.view(),
      [](Line& line) { line.phone().toggle(line.word("TOGGLE"), line.chose("on")); }},
     {"interrupt VIEW", booted, "takes the running animations off the view", interrupt},
     {"record off", always, "ends the recording", [](Line& line) { line.recording().stop(); }},

@@ -9,6 +9,7 @@
 #include "simulator/scenario/expression_parser.hpp"
 #include "simulator/scenario/json_text.hpp"
 #include "simulator/scenario/known_names.hpp"
+#include "simulator/services/system_settings.hpp"
 
 namespace simulator::scenario {
 namespace {
@@ -50,8 +51,7 @@ constexpr std::array<Slot, 45> slots{{
     {"FILE", Shape::word, "the name of a picture"},
     {"RECORDING", Shape::word, "the name of a scenario"},
     {"ROUTE", Shape::oneOf, "Speaker or HeadphonesBT", "Speaker|HeadphonesBT"},
-    {"TOGGLE", Shape::oneOf, "the name of a system setting",
-     "orientationlock|ringermute|lowpower|donotdisturb|flashlight|nightshift|truetone"},
+    {"TOGGLE", Shape::oneOf, "the name of a system setting", settingWords.view()},
     {"X.Y", Shape::version, "a version such as 13.3"},
     {"TEXT", Shape::text, "a text"},
     {"TITLE", Shape::text, "a title"},

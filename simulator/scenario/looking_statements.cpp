@@ -101,6 +101,18 @@ void expectHaptics(Line& line) {
     line.expectCount(line.phone().haptics(style), "N");
 }
 
+// Whoever switched it, and by whatever way.
+void expectToggled(Line& line) {
+    const bool on = line.phone().toggled(line.word("NAME"));
+    line.expect(on == line.chose("on"), on ? "on" : "off");
+}
+
+void expectPlayer(Line& line, bool playing) {
+    const auto look = line.phone().player();
+    const bool held = look && look->playing == playing && look->title == line.word("TITLE");
+    line.expect(held, !look ? "nothing" : (look->playing ? "playing " : "paused ") + look->title);
+}
+
 void expectCrashed(Line& line) {
     std::optional<std::string> reason = line.phone().crashed();
     if (!reason && line.raised() != nullptr) reason = *line.raised();
@@ -123,7 +135,7 @@ void film(Line& line) {
     line.phone().film({line.picture("FILE"), frames, line.seconds("S")});
 }
 
-constexpr std::array<Form, 24> forms{{
+constexpr std::array<Form, 27> forms{{
     {"print EXPR", always, "the value on a line of its own",
      [](Line& line) { line.print(printed(line.value("EXPR"))); }},
     {"do EXPR", always, "evaluates, drops the value", [](Line& line) { line.value("EXPR"); }},
@@ -160,6 +172,11 @@ constexpr std::array<Form, 24> forms{{
      [](Line& line) {
          line.expectCount(line.phone().launchedSuspendedCount(line.word("BUNDLE")), "N");
      }},
+    {"expect toggled NAME on|off", booted, "a system setting, whoever switched it", expectToggled},
+    {"expect playing TITLE", booted, "the player runs, and with this title",
+     [](Line& line) { expectPlayer(line, true); }},
+    {"expect paused TITLE", booted, "the player stands at this title",
+     [](Line& line) { expectPlayer(line, false); }},
     {"expect crashed no|yes", always, "nothing was raised and no unknown message was sent",
      expectCrashed},
     {"expect EXPR [OP EXPR]", always, "holds when EXPR is YES or not nil, or by OP", expectValue},

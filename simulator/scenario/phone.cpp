@@ -44,5 +44,7 @@ void Phone::playing(bool) { absent("the player"); }
 void Phone::nothingPlaying() { absent("the player"); }
 void Phone::playerCallbacks(bool) { absent("the player"); }
 void Phone::toggle(const std::string& name, bool) { absent(("the setting " + name).c_str()); }
+bool Phone::toggled(const std::string& name) { absent(("the setting " + name).c_str()); }
+std::optional<PlayerLook> Phone::player() { absent("the player"); }
 
 }  // namespace simulator

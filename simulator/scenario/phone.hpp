@@ -42,6 +42,12 @@ struct Song {
     std::string bundle;  // the application that plays it
 };
 
+// What the player shows of itself.
+struct PlayerLook {
+    std::string title;
+    bool playing = false;
+};
+
 // A whole pull by a finger from the bottom edge.
 struct EdgePull {
     double edge = 0;      // along the bottom edge
@@ -81,10 +87,12 @@ class Phone {
   public:
     virtual ~Phone() = default;
 
-    // Setting up, before boot().
+    // Setting up, before boot(). A real phone has the classes and methods of real systems of its
+    // version, and no others.
     virtual void device(const std::string& identifier) = 0;
     virtual void screen(double width, double height, double scale) = 0;
     virtual void system(const std::string& version) = 0;
+    virtual void real() = 0;
     virtual void homeButton(bool present) = 0;
     virtual void missingClass(const std::string& name) = 0;
     virtual void missingBundle(const std::string& path) = 0;
@@ -161,6 +169,9 @@ class Phone {
     virtual int loggedCount(const std::string& text) = 0;
     virtual int launchedCount(const std::string& bundle) = 0;
     virtual int launchedSuspendedCount(const std::string& bundle) = 0;
+    virtual bool toggled(const std::string& name);
+    // Nothing when nothing is loaded.
+    virtual std::optional<PlayerLook> player();
     virtual std::optional<std::string> crashed() = 0;  // why it did first
     virtual void clear() = 0;
     virtual std::string tree(objc_object* root) = 0;  // of the whole screen for a null root
@@ -180,6 +191,7 @@ class Phone {
 struct PhoneOptions {
     // Where the phone's file system is kept; when empty, a temporary folder that goes with it.
     std::filesystem::path root;
+    bool real = false;  // see Phone::real
 };
 
 std::unique_ptr<Phone> makePhone(const PhoneOptions& options);

@@ -49,7 +49,7 @@ int runFile(const std::string& file, const RunOptions& options, const PhoneMaker
     }
     std::unique_ptr<Phone> phone;
     try {
-        phone = makePhone({options.root});
+        phone = makePhone({options.root, options.real});
         setUp(*phone, statements, options);
     } catch (const std::exception& error) {
         errors << file << ": there is no phone to run it on: " << error.what() << std::endl;

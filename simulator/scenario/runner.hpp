@@ -25,6 +25,7 @@ struct Failure;
 struct RunOptions {
     std::filesystem::path pictures;  // beside the scenario's file when empty
     std::filesystem::path root;      // see PhoneOptions; of several files, each has a folder in it
+    bool real = false;               // see PhoneOptions; for every file
     // What holds for every file that does not say otherwise.
     std::string device;
     std::string system;

@@ -21,6 +21,8 @@ constexpr std::array<Form, 21> forms{{
      }},
     {"system X.Y", before, "system version (13.3)",
      [](Line& line) { line.phone().system(line.word("X.Y")); }},
+    {"real", before, "only the classes and methods that real systems of its version have",
+     [](Line& line) { line.phone().real(); }},
     {"homebutton yes|no", before, "overrides whether there is a home button",
      [](Line& line) { line.phone().homeButton(line.chose("yes")); }},
     {"setting KEY none", always, "takes KEY out of the settings file",

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "platform/system_levels.hpp"
+#include "simulator/runtime/system_libraries.hpp"
 #include "simulator/uikit/screen/screen.hpp"
 
 namespace simulator {
@@ -14,6 +15,10 @@ struct SBBrightnessController : Object {
     static constexpr FixedString name{"SBBrightnessController"};
     using Object::Object;
 };
+// From iOS 13.6 on; SpringBoard keeps the one that there is.
+VANTORI_CLASS(SBDisplayBrightnessController, Object);
+// The display stays as it is set while one lives.
+VANTORI_CLASS(BKSDisplayBrightnessTransaction, Object);
 struct CCUIDisplayModuleViewController : UIViewController {
     static constexpr FixedString name{"CCUIDisplayModuleViewController"};
     using UIViewController::UIViewController;
@@ -39,6 +44,36 @@ SBBrightnessController sharedController(Class) {
 
 void setLevel(SBBrightnessController, float level, bool) { setBrightness(level); }
 void setPlainLevel(SBBrightnessController, float level) { setBrightness(level); }
+void setDisplayLevel(SBDisplayBrightnessController, float level, bool) { setBrightness(level); }
+void setPlainDisplayLevel(SBDisplayBrightnessController, float level) { setBrightness(level); }
+
+int transactions = 0;
+
+struct TransactionState {
+    bool isOpen;
+    ~TransactionState() {
+        if (isOpen) --transactions;
+    }
+};
+
+// The display's own service, by C functions. The number beside the level is not looked at.
+void serviceSet(float level, long) { setBrightness(level); }
+float serviceLevel() { return static_cast<float>(screen().brightness); }
+const void* serviceTransaction(const void*) {
+    auto transaction = create<BKSDisplayBrightnessTransaction>();
+    stateOf<TransactionState>(transaction).isOpen = true;
+    ++transactions;
+    return transaction.leak();
+}
+
+void exportDisplayService() {
+    constexpr const char* library =
+        "/System/Library/PrivateFrameworks/BackBoardServices.framework/BackBoardServices";
+    platform::define<BKSDisplayBrightnessTransaction, Object, TransactionState>();
+    exportFunction(library, "BKSDisplayBrightnessSet", &serviceSet);
+    exportFunction(library, "BKSDisplayBrightnessGetCurrent", &serviceLevel);
+    exportFunction(library, "BKSDisplayBrightnessTransactionCreate", &serviceTransaction);
+}
 
 CCUIDisplayModuleViewController initModule(CCUIDisplayModuleViewController raw) {
     auto self =
@@ -73,7 +108,18 @@ void setBrightness(double level) {
     }
 }
 
+int openBrightnessTransactions() { return transactions; }
+
+Object displayBrightnessController() {
+    static id shared = create<SBDisplayBrightnessController>().leak();
+    return Object(shared);
+}
+
 void registerBrightness() {
+    realStandIn<SBDisplayBrightnessController, Object>()
+        .realMethod<"_setBrightnessLevel:showHUD:", &setDisplayLevel>()
+        .realMethod<"setBrightnessLevel:", &setPlainDisplayLevel>();
+    if (realRelease() != 0) exportDisplayService();
     standIn<SBBrightnessController, Object>()
         .classMethod<"sharedBrightnessController", &sharedController>()
         .method<"_setBrightnessLevel:showHUD:", &setLevel>()

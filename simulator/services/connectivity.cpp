@@ -36,7 +36,8 @@ struct ConnectivityButton {
 };
 
 constexpr double glyphSide = 24;  // points
-constexpr long centred = 1;       // text alignment
+constexpr unsigned long flexibleSize = 2 | 16;
+constexpr long centred = 1;  // text alignment
 
 struct RoundButtonState;
 
@@ -190,6 +191,30 @@ void setLabelsVisible(CCUILabeledRoundButton self, bool visible) {
     sayState(self);
 }
 
+// On real systems what a controller's view is was not seen, only that the button's container has a name
+// of its own: there it stands in a plain view. On other phones it is the view.
+void setButtonView(CCUILabeledRoundButtonViewController self, UIView container) {
+    if (!self.respondsTo(selector<"buttonContainer">()) || !container) {
+        self.send<"setView:">(container);
+        return;
+    }
+    auto view = create<UIView, "initWithFrame:">(container.bounds());
+    container.setAutoresizingMask(flexibleSize);
+    addPart(view, container);
+    self.send<"setView:">(view);
+}
+
+// Empty when there is none. Loads the view.
+CCUILabeledRoundButton buttonContainer(CCUILabeledRoundButtonViewController self) {
+    UIView view = self.view();
+    if (view.isKindOfClass(classOf<CCUILabeledRoundButton>()))
+        return as<CCUILabeledRoundButton>(view);
+    NSArray parts = view.subviews();
+    UIView first = parts.count() > 0 ? parts.at<UIView>(0) : UIView();
+    const bool labeled = first.isKindOfClass(classOf<CCUILabeledRoundButton>());
+    return labeled ? as<CCUILabeledRoundButton>(first) : CCUILabeledRoundButton();
+}
+
 void loadView(CCUILabeledRoundButtonViewController self) {
     constexpr unsigned long touchUpInside = 64;
     CGSize size = configuration().connectivityButton;
@@ -203,13 +228,12 @@ void loadView(CCUILabeledRoundButtonViewController self) {
         addPart(view, button);
         stateOf<LabeledButtonState>(view).button = std::move(button);
     }
-    self.send<"setView:">(view);
+    setButtonView(self, view);
 }
 
 CCUIRoundButton button(CCUILabeledRoundButtonViewController self) {
-    UIView view = self.view();
-    if (!view.isKindOfClass(classOf<CCUILabeledRoundButton>())) return {};
-    return buttonView(CCUILabeledRoundButton(view.get()));
+    CCUILabeledRoundButton container = buttonContainer(self);
+    return container ? buttonView(container) : CCUIRoundButton();
 }
 
 void buttonTapped(CCUILabeledRoundButtonViewController self, Object) {
@@ -269,7 +293,7 @@ void moduleWillTransition(CCUIConnectivityModuleViewController self, bool expand
     ModuleState& state = stateOf<ModuleState>(self);
     state.expanded = expanded;
     for (const auto& button : state.buttons) {
-        button.view().send<"setLabelsVisible:">(expanded);
+        buttonContainer(button).send<"setLabelsVisible:">(expanded);
     }
     self.view().send<"setNeedsLayout">();
 }
@@ -306,6 +330,7 @@ void registerConnectivity() {
     standIn<CCUILabeledRoundButtonViewController, UIViewController>()
         .method<"loadView", &loadView>()
         .method<"button", &button>()
+        .realMethod<"buttonContainer", &buttonContainer>()
         .method<"buttonTapped:", &buttonTapped>();
     standIn<CCUIConnectivityButtonViewController, CCUILabeledRoundButtonViewController>();
     standIn<CCUIConnectivityAirplaneViewController, CCUIConnectivityButtonViewController>()

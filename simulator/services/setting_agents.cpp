@@ -4,7 +4,6 @@
 #include <vector>
 
 #include "platform/system_settings.hpp"
-#include "simulator/foundation/bundles.hpp"
 #include "simulator/runtime/darwin.hpp"
 #include "simulator/services/system_settings.hpp"
 #include "simulator/uikit/classes.hpp"
@@ -12,11 +11,6 @@
 namespace simulator {
 
 namespace {
-
-struct DNDState : Object {
-    static constexpr FixedString name{"DNDState"};
-    using Object::Object;
-};
 
 // Objects that listen; not owned, and gone from here when they go.
 template <class T>
@@ -123,6 +117,10 @@ void registerFlashlight() {
         })
         .method<"turnFlashlightOffForReason:">(
             [](Flashlight, NSString) { setOn(Setting::flashlight, false); })
+        .realMethod<"turnFlashlightOn">([](Flashlight) {
+            if (isFlashlightAvailable()) setOn(Setting::flashlight, true);
+        })
+        .realMethod<"turnFlashlightOff">([](Flashlight) { setOn(Setting::flashlight, false); })
         .method<"addObserver:">([](Flashlight, Object observer) {
             if (observer) listeners<Object>().push_back(observer);
         })
@@ -141,17 +139,6 @@ void tellFlashlightObservers() {
             observer.send<"flashlightAvailabilityDidChange:">(isFlashlightAvailable());
         }
     }
-}
-
-void registerDoNotDisturb() {
-    table<DNDState, Object>().method<"isActive">(
-        [](DNDState) -> bool { return isOn(Setting::doNotDisturb); });
-    // Reached by key only, as the variable of a device is.
-    table<DNDUIControlCenterModule, Object>()
-        .method<"_currentState">(
-            [](DNDUIControlCenterModule) { return create<DNDState>().autoreleased(); })
-        .method<"_toggleStateForActive:">(
-            [](DNDUIControlCenterModule, bool active) { setOn(Setting::doNotDisturb, active); });
 }
 
 // What the rest of the system is told.
@@ -186,11 +173,6 @@ void registerSettingAgents() {
     registerSystemAgent();
     registerFlashlight();
     onSettingChange(&announce);
-}
-
-void announceDoNotDisturb() {
-    onBundleLoad("/System/Library/ControlCenter/Bundles/DoNotDisturbModule.bundle",
-                 &registerDoNotDisturb);
 }
 
 }  // namespace simulator

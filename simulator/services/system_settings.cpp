@@ -8,18 +8,8 @@ namespace simulator {
 
 namespace {
 
-constexpr std::pair<std::string_view, Setting> words[]{
-    {"orientationlock", Setting::orientationLock},
-    {"ringermute", Setting::ringerMute},
-    {"lowpower", Setting::lowPower},
-    {"donotdisturb", Setting::doNotDisturb},
-    {"flashlight", Setting::flashlight},
-    {"nightshift", Setting::nightShift},
-    {"truetone", Setting::trueTone},
-};
-
 struct Settings {
-    std::array<bool, std::size(words)> on{};
+    std::array<bool, static_cast<std::size_t>(Setting::count)> on{};
     bool flashlightAvailable = true;
     std::vector<std::function<void(Setting)>> listeners;
 };
@@ -39,8 +29,11 @@ bool& slot(Setting setting) { return settings().on[static_cast<std::size_t>(sett
 }  // namespace
 
 std::optional<Setting> settingNamed(std::string_view word) {
-    for (const auto& [name, setting] : words) {
-        if (name == word) return setting;
+    std::string_view rest = settingWords.view();
+    for (int setting = 0; setting < static_cast<int>(Setting::count); ++setting) {
+        const std::size_t end = rest.find('|');
+        if (rest.substr(0, end) == word) return static_cast<Setting>(setting);
+        rest.remove_prefix(std::min(end, rest.size() - 1) + 1);
     }
     return std::nullopt;
 }

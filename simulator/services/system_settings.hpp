@@ -2,9 +2,12 @@
 // SpringBoard and Control Center know them by are in setting_agents.hpp. All are off at first.
 #pragma once
 
+#include <algorithm>
 #include <functional>
 #include <optional>
 #include <string_view>
+
+#include "platform/fixed_string.hpp"
 
 namespace simulator {
 
@@ -15,10 +18,17 @@ enum class Setting {
     doNotDisturb,
     flashlight,
     nightShift,
-    trueTone
+    trueTone,
+    count  // of the settings
 };
 
-// By the words of the scenario language.
+// What the scenario language calls them, in that order: the one place with these words.
+inline constexpr platform::FixedString settingWords{
+    "orientationlock|ringermute|lowpower|donotdisturb|flashlight|nightshift|truetone"};
+static_assert(1 + std::ranges::count(settingWords.view(), '|') ==
+              static_cast<std::ptrdiff_t>(Setting::count));
+
+// By its word.
 std::optional<Setting> settingNamed(std::string_view word);
 
 bool isOn(Setting setting);

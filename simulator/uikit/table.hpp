@@ -3,8 +3,8 @@
 //     table<UILabel, UIView, LabelState>()
 //         .method<"text">([](UILabel label) -> NSString { return stateOf<LabelState>(label).text; })
 //
-// Encodings come from the lambda's signature; every run is recorded in the journal. Nothing is made
-// for a class that the scenario took away.
+// Encodings come from the lambda's signature; every run is recorded in the journal. Classes and methods
+// that this phone has not are left out (see presence.hpp).
 #pragma once
 
 #include "simulator/runtime/stand_in.hpp"
@@ -50,29 +50,40 @@ class Table {
     explicit Table(Class cls) : class_(cls) {}
 
     template <platform::FixedString message, class Function>
-    const Table& method(Function) const {
-        return add<message, Function>(class_);
+    const Table& method(Function, On phones = On::allPhones) const {
+        if (class_ && has(T::name.view(), Kind::method, message.view(), phones))
+            add<message, Function>(class_);
+        return *this;
     }
     template <platform::FixedString message, class Function>
-    const Table& classMethod(Function) const {
-        return add<message, Function>(class_ ? object_getClass(platform::classObject(class_))
-                                             : nullptr);
+    const Table& classMethod(Function, On phones = On::allPhones) const {
+        if (class_ && has(T::name.view(), Kind::classMethod, message.view(), phones))
+            add<message, Function>(object_getClass(platform::classObject(class_)));
+        return *this;
+    }
+    template <platform::FixedString message, class Function>
+    const Table& realMethod(Function function) const {
+        return method<message>(function, On::realPhones);
+    }
+    template <platform::FixedString message, class Function>
+    const Table& realClassMethod(Function function) const {
+        return classMethod<message>(function, On::realPhones);
     }
     template <platform::FixedString propertyName, auto member>
     const Table& readonly() const {
-        platform::Definition<T, void, Journal>(class_).template readonly<propertyName, member>();
+        StandIn<T>(class_).template readonly<propertyName, member>();
         return *this;
     }
     template <platform::FixedString propertyName, auto member>
     const Table& property() const {
-        platform::Definition<T, void, Journal>(class_).template property<propertyName, member>();
+        StandIn<T>(class_).template property<propertyName, member>();
         return *this;
     }
     // A property whose getter is called isSomething, as boolean ones often are.
     template <platform::FixedString getter, platform::FixedString setter, auto member>
     const Table& flag() const {
         using Access = platform::detail::Accessors<member>;
-        platform::Definition<T, void, Journal>(class_)
+        StandIn<T>(class_)
             .template method<getter, &Access::get>()
             .template method<setter, &Access::set>();
         return *this;
@@ -80,20 +91,17 @@ class Table {
 
   private:
     template <platform::FixedString message, class Function>
-    const Table& add(Class cls) const {
+    static void add(Class cls) {
         using Thunk = detail::LambdaThunk<Function, decltype(&Function::operator())>;
-        if (cls) {
-            class_addMethod(cls, platform::selector<message>(),
-                            reinterpret_cast<IMP>(&Thunk::template run<T>), Thunk::encoding.data());
-        }
-        return *this;
+        class_addMethod(cls, platform::selector<message>(),
+                        reinterpret_cast<IMP>(&Thunk::template run<T>), Thunk::encoding.data());
     }
     Class class_;
 };
 
 template <platform::Handle T, platform::Handle Super, class State = platform::detail::NoState>
-Table<T> table() {
-    standIn<T, Super, State>();
+Table<T> table(const Variables& variables = {}) {
+    standIn<T, Super, State>(variables);
     return Table<T>(platform::Defined<T>::value);
 }
 

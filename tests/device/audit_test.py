@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
 """Tests of device/audit.py: audit_test.py PATH-OF-A-GOOD-DYLIB.
 
-The linker's map stands beside the dylib, as Vantori.map. Each case spoils a copy of the dylib, of its
-map, of the stubs or of the tables in one way that a phone or a reader of the package would mind, and
-expects the one line that says so.
+The dylib has both slices; the linker's maps stand beside it, as Vantori.arm64.map and
+Vantori.arm64e.map. Each case spoils a copy of one slice, of its map, of the stubs or of the tables in one
+way that a phone or a reader of the package would mind, and expects the one line that says so.
 """
 
 import pathlib
@@ -15,16 +15,19 @@ import tempfile
 import unittest
 
 DEVICE = pathlib.Path(__file__).resolve().parents[2] / "device"
-sys.path.insert(0, str(DEVICE))
+sys.path[:0] = [str(DEVICE), str(pathlib.Path(__file__).resolve().parent)]
 
-from auditing import link_map, macho  # noqa: E402 (found by the path above)
+import damage  # noqa: E402 (found by the path above)
+from auditing import fat, link_map, macho  # noqa: E402
 
 LC_VERSION_MIN_IPHONEOS, LC_CODE_SIGNATURE, LC_UUID = 0x25, 0x1D, 0x1B
+LC_BUILD_VERSION = 0x32
 LC_DYLD_CHAINED_FIXUPS = 0x80000034
 
 
-class AuditTest(unittest.TestCase):
+class Auditing(unittest.TestCase):
     good: pathlib.Path
+    slice = "arm64"
 
     def setUp(self):
         folder = tempfile.TemporaryDirectory()
@@ -34,17 +37,21 @@ class AuditTest(unittest.TestCase):
         shutil.copytree(DEVICE / "stubs", self.stubs)
         self.platform = self.folder / "platform"
         shutil.copytree(DEVICE / "platform", self.platform)
-        self.map = self.folder / "Vantori.map"
-        shutil.copy(self.good.with_suffix(".map"), self.map)
-        self.data = bytearray(self.good.read_bytes())
+        self.maps = {}
+        for name in ("arm64", "arm64e"):
+            self.maps[name] = self.folder / f"Vantori.{name}.map"
+            shutil.copy(self.good.with_suffix(f".{name}.map"), self.maps[name])
+        self.map = self.maps[self.slice]
+        self.parts = {macho.read_dylib(one).slice: one for one in fat.parts_of(self.good.read_bytes())}
+        self.data = bytearray(self.parts[self.slice])
 
     def audit(self, *options):
         dylib = self.folder / "Vantori.dylib"
         dylib.write_bytes(self.data)
         return subprocess.run(
             [
-                sys.executable, "-B", DEVICE / "audit.py", dylib, "--map", self.map,
-                "--stubs", self.stubs, "--platform", self.platform, *options,
+                sys.executable, "-B", DEVICE / "audit.py", dylib,
+                *(word for one in self.maps.values() for word in ("--map", one)), "--stubs", self.stubs, "--platform", self.platform, *options,
             ],  # fmt: skip
             capture_output=True,
             text=True,
@@ -100,10 +107,12 @@ class AuditTest(unittest.TestCase):
                 return
         self.fail(f"no {kind} {class_name} {selector}")
 
+
+class AuditTest(Auditing):
     def test_good_file_passes(self):
         done = self.audit()
         self.assertEqual(done.returncode, 0, done.stdout + done.stderr)
-        self.assertIn(f"{len(self.data)} bytes", done.stdout)
+        self.assertIn(f"arm64: {len(self.data)} bytes", done.stdout)
 
     def test_symbol_that_no_stub_lists(self):
         self.edit_stub("CydiaSubstrate", "- _MSHookMessageEx\n", "")
@@ -161,6 +170,53 @@ class AuditTest(unittest.TestCase):
         self.drop_row("public_methods", "UIImpactFeedbackGenerator\t")
         self.refused("error: the class UIImpactFeedbackGenerator is not known")
 
+    def test_need_of_a_form_that_no_table_knows(self):
+        self.drop_row("private_methods", "SBUIFlashlightController\t-\tturnFlashlightOn\t")
+        self.refused(
+            "error: the form 'without a reason' of flashlight needs -[SBUIFlashlightController turnFlashlightOn], "
+            "which is not known: add a row for it to device/platform/private_methods.tsv"
+        )
+
+    def test_encoding_of_a_form(self):
+        self.edit_table("private_methods", "takeModeAssertionWithDetails:error:\t@@:@^@", "takeModeAssertionWithDetails:error:\tB@:@^@")
+        self.refused(
+            "error: the form 'DoNotDisturb services' of do not disturb sends "
+            "-[DNDModeAssertionService takeModeAssertionWithDetails:error:] as @@:@^@, but the system has B@:@^@"
+        )
+
+    def test_symbol_that_is_looked_up_and_that_no_table_knows(self):
+        self.drop_row("looked_up_symbols", "BKSDisplayBrightnessSet\t")
+        self.refused(
+            "error: the form 'BackBoardServices' of brightness needs BKSDisplayBrightnessSet of /System/Library/"
+        )
+
+    def test_symbol_that_is_looked_up_in_another_library(self):
+        self.edit_table("looked_up_symbols", "Frameworks/MediaRemote.framework", "Frameworks/Other.framework")
+        self.refused("of now playing needs MRMediaRemoteGetNowPlayingInfo of /System/Library/PrivateFrameworks/")
+
+    def test_form_that_no_system_takes(self):
+        path = self.platform / "private_methods.tsv"
+        kept = [
+            line for line in path.read_text().splitlines(True)
+            if not line.startswith(("SBBrightnessController\tclass", "SBBrightnessController\t+"))
+        ]  # fmt: skip
+        kept.append("SBBrightnessController\t+\tsharedBrightnessController\t@@:\t11.1 14.6\t.\t.\t.\n")
+        kept = [line.replace("13.6s 13.7s 14.0 14.2 14.3 14.6\tfrom 13.6", ".\tfrom 13.6") for line in kept]
+        path.write_text("".join(kept))
+        self.refused("error: the form 'SBDisplayBrightnessController' of brightness is taken on no system")
+
+    def test_which_system_takes_which_form(self):
+        said = self.audit("--forms").stdout
+        self.assertIn("player commands:\n  with an event source: 12.0-14.8\n  without an event source: 11.0-11.4\n", said)
+        self.assertIn("flashlight:\n  with a reason: 12.0-14.8\n  without a reason: 11.0-11.4\n", said)
+        self.assertIn(
+            "brightness:\n  SBBrightnessController: 11.0-13.5\n  SBDisplayBrightnessController: 14.0-14.8\n"
+            "  BackBoardServices: 13.6-13.7\n",
+            said,
+        )
+        self.assertIn("now playing:\n  MPUNowPlayingController: 11.0-13.7\n  MediaRemote: 14.0-14.8\n", said)
+        self.assertIn("  BKSDisplayBrightnessSet of /System/Library/PrivateFrameworks/BackBoardServices", said)
+
     def test_table_with_a_column_too_few(self):
         with (self.platform / "private_methods.tsv").open("a") as table:
             table.write("SBLonely\t-\n")
@@ -190,7 +246,10 @@ class AuditTest(unittest.TestCase):
         self.assertEqual(done.returncode, 0, done.stdout)
         self.assertRegex(done.stdout, r"\n +\d+ __TEXT,__text\n")
         self.assertRegex(done.stdout, r"\n +\d+ toolbar/toolbar_controller\.cpp\n")
-        self.assertIn("-[SBReachabilityManager _toggleReachabilityMode] v@:: in 12.2 13.2.2 13.5.1 14.2; not in 11.1", done.stdout)
+        self.assertRegex(
+            done.stdout,
+            r"-\[SBReachabilityManager _toggleReachabilityMode\] v@:: in 12\.2 13\.2\.2 .*; not in [\w. ]*11\.1\n",
+        )
 
     def test_library_without_a_stub(self):
         (self.stubs / "CydiaSubstrate.tbd").unlink()
@@ -202,11 +261,15 @@ class AuditTest(unittest.TestCase):
 
     def test_other_processor(self):
         struct.pack_into("<I", self.data, 4, 0x01000007)
-        self.refused("not arm64")
+        self.refused("neither arm64 nor arm64e: CPU 0x1000007, subtype 0x0")
 
     def test_other_kind_of_arm64(self):
+        struct.pack_into("<I", self.data, 8, 0x80000002)
+        self.refused("neither arm64 nor arm64e: CPU 0x100000c, subtype 0x80000002")
+
+    def test_lists_of_arm64_in_an_arm64e_file(self):
         struct.pack_into("<I", self.data, 8, 2)
-        self.refused("not arm64: CPU 0x100000c, subtype 0x2")
+        self.refused("its pointers are not threads alone")
 
     def test_byte_changed_after_signing(self):
         self.data[len(self.data) // 2] ^= 0xFF
@@ -239,8 +302,122 @@ class AuditTest(unittest.TestCase):
         self.refused("not a 64-bit Mach-O file")
 
 
+class SignedPointersTest(Auditing):
+    """What only arm64e has: each mistake in how the file's pointers are signed."""
+
+    slice = "arm64e"
+
+    def spoil(self, kind):
+        self.data = bytearray(damage.damaged(self.data, kind))
+
+    def test_good_file_passes(self):
+        done = self.audit()
+        self.assertEqual(done.returncode, 0, done.stdout + done.stderr)
+        self.assertRegex(done.stdout, r"\barm64e: \d+ bytes, .* pointers in threads, [1-9]\d* signed")
+
+    def test_number_of_a_block_function(self):
+        self.spoil("number")
+        self.refused("10descriptorE) is signed with IA, 0x1, by place in place of IA, 0x0, by place")
+
+    def test_place_of_a_block_function(self):
+        self.spoil("place")
+        self.refused("10descriptorE) is signed with IA, 0x0 in place of IA, 0x0, by place")
+
+    def test_key_of_a_block_function(self):
+        self.spoil("key")
+        self.refused("10descriptorE) is signed with DA, 0x0, by place in place of IA, 0x0, by place")
+
+    def test_number_in_a_table(self):
+        self.spoil("table")
+        self.refused("is signed with IA, 0x1 in place of IA, 0x0")
+
+    def test_functions_that_are_not_signed(self):
+        self.spoil("unsigned_table")
+        self.refused("leads to a function and is not signed")
+
+    def test_initialiser_signed_the_compilers_way(self):
+        self.spoil("initialiser")
+        self.refused("is signed with IA, 0xd9d4 in place of IA, 0x0")
+
+    def test_initialiser_that_is_not_signed(self):
+        self.spoil("unsigned_initialiser")
+        self.refused("leads to a function and is not signed")
+
+    def test_ordinary_rebases(self):
+        self.spoil("rebases")
+        self.refused("its pointers are not threads alone")
+
+    def test_subtype_with_a_version(self):
+        self.spoil("version")
+        self.refused("neither arm64 nor arm64e: CPU 0x100000c, subtype 0x80000002")
+
+    def test_lowest_version(self):
+        at = self.command(LC_BUILD_VERSION) + 12
+        struct.pack_into("<I", self.data, at, 11 << 16)
+        self.refused("error: lowest iOS is (11, 0), not (12, 0)")
+
+    def test_data_that_is_signed(self):
+        dylib = damage.Dylib(bytes(self.data))
+        plain = next(one for one in damage.threads.read_threads(dylib.read) if one.target and not one.signing)
+        dylib.change([plain.address], lambda held: held | damage.SIGNED)
+        self.data = dylib.image.data
+        self.refused("is signed (IA, 0x0) and leads to no function")
+
+
+class BothSlicesTest(Auditing):
+    """The file as it goes onto phones, and files that are put together otherwise."""
+
+    def setUp(self):
+        super().setUp()
+        self.data = bytearray(self.good.read_bytes())
+
+    def joined(self, *parts):
+        names = []
+        for index, part in enumerate(parts):
+            names.append(self.folder / f"part{index}")
+            names[-1].write_bytes(part)
+        both = self.folder / "both"
+        subprocess.run(["llvm-lipo-19", "-create", *names, "-output", both], check=True)
+        return bytearray(both.read_bytes())
+
+    def test_good_file_passes(self):
+        done = self.audit()
+        self.assertEqual(done.returncode, 0, done.stdout + done.stderr)
+        for name, part in self.parts.items():
+            self.assertIn(f"\n{name}: {len(part)} bytes", "\n" + done.stdout)
+        self.assertIn(f"Vantori.dylib: {len(self.data)} bytes, 0 errors", done.stdout)
+        self.assertRegex(done.stdout, r"\n  __TEXT,__text: arm64 \d+, arm64e \d+\n")
+
+    def test_put_together_it_is_the_same_file(self):
+        self.assertEqual(self.joined(*self.parts.values()), self.data)
+
+    def test_mistake_in_one_slice(self):
+        spoilt = damage.damaged(self.parts["arm64e"], "table")
+        self.data = self.joined(self.parts["arm64"], spoilt)
+        self.refused("error: arm64e: the pointer at")
+
+    def test_slices_that_differ(self):
+        """A class that is in one slice under another name of the same length."""
+        name = b"VNTSBHostWindow\0"
+        other = bytes(self.parts["arm64e"]).replace(name, b"VNTSBHostWindom\0")
+        self.data = self.joined(self.parts["arm64"], other)
+        self.refused("error: both: the class VNTSBHostWindo")
+
+    def test_list_that_names_another_processor(self):
+        self.data[15] ^= 2
+        self.refused("the list of architectures names another than the part itself")
+
+    def test_part_outside_the_file(self):
+        del self.data[len(self.data) // 2 :]
+        self.refused("an architecture lies outside the file or in another")
+
+    def test_map_is_missing(self):
+        del self.maps["arm64e"]
+        self.refused("no map fits its arm64e slice")
+
+
 if __name__ == "__main__":
     if len(sys.argv) < 2:
         sys.exit(__doc__)
-    AuditTest.good = pathlib.Path(sys.argv.pop(1)).resolve()
+    Auditing.good = pathlib.Path(sys.argv.pop(1)).resolve()
     unittest.main()

@@ -31,13 +31,15 @@ SETTINGS = {
     "reachability": False,
     "layoutDirection": 3,
     "noCornerRadius": False,
-    "tapToOpen": True,
     "alwaysSpringBoardStyle": True,
     "leftGestureEnabled": True,
     "middleGestureEnabled": False,
     "rightGestureEnabled": False,
     "hideGrabber": False,
 }
+
+# Read and kept, and nothing depends on them.
+WITHOUT_EFFECT = {"tapToOpen": True}
 
 
 def run(*command, **options):
@@ -129,7 +131,13 @@ class PackageTest(unittest.TestCase):
         packed = self.root / LIBRARIES / "Vantori.dylib"
         self.assertEqual(packed.read_bytes(), built.read_bytes())
         audit = REPOSITORY / "device/audit.py"
-        run(sys.executable, "-B", audit, packed, "--map", built.with_suffix(".map"))
+        maps = [word for name in ("arm64", "arm64e") for word in ("--map", built.with_suffix(f".{name}.map"))]
+        run(sys.executable, "-B", audit, packed, *maps)
+
+    def test_library_is_for_every_phone(self):
+        """Debian's own reader of such files says which processors it is for."""
+        packed = self.root / LIBRARIES / "Vantori.dylib"
+        self.assertEqual(run("llvm-lipo-19", "-archs", packed, text=True).split(), ["arm64", "arm64e"])
 
     def test_loaded_into_springboard_alone(self):
         library, list_of_it = "Vantori.dylib", self.root / LIBRARIES / "Vantori.plist"
@@ -186,10 +194,11 @@ class PackageTest(unittest.TestCase):
         )
         read = re.findall(r'(?<!\(void\))\bboolSetting\("(\w+)"_ns, (true|false)\)', sources)
         self.assertTrue(read)
+        known = SETTINGS | WITHOUT_EFFECT
         for key, default in read:
             with self.subTest(key):
-                self.assertEqual(SETTINGS.get(key), default == "true")
-        booleans = {key for key, value in SETTINGS.items() if isinstance(value, bool)}
+                self.assertEqual(known.get(key), default == "true")
+        booleans = {key for key, value in known.items() if isinstance(value, bool)}
         self.assertEqual({key for key, _ in read}, booleans)
 
     def test_same_bytes_when_built_elsewhere(self):

@@ -57,18 +57,16 @@ std::string contents(const std::filesystem::path& file) {
     return {std::istreambuf_iterator<char>(stream), {}};
 }
 
-// The first line in which the trees part, with both readings.
-std::string firstDifference(const std::string& expected, const std::string& found) {
-    std::istringstream one(expected), other(found);
-    std::string a, b;
-    for (int line = 1;; ++line) {
-        const bool hasA = static_cast<bool>(std::getline(one, a));
-        const bool hasB = static_cast<bool>(std::getline(other, b));
-        if (!hasA && !hasB) return "";
-        if (hasA == hasB && a == b) continue;
-        return "line " + std::to_string(line) + "\n  kept: " + (hasA ? a : "(ends)") +
-               "\n  met:  " + (hasB ? b : "(ends)");
-    }
+std::vector<std::string> linesOf(const std::string& text) {
+    std::istringstream stream(text);
+    std::vector<std::string> lines;
+    for (std::string line; std::getline(stream, line);) lines.push_back(line);
+    return lines;
+}
+
+// What parts the trees, as diff writes it: "-" before what was kept, "+" before what was met.
+std::string differences(const std::string& expected, const std::string& found) {
+    return testing::internal::edit_distance::CreateUnifiedDiff(linesOf(expected), linesOf(found));
 }
 
 class Golden : public testing::TestWithParam<Scene> {
@@ -108,7 +106,8 @@ TEST_P(Golden, LooksAsItDid) {
     const auto expected = simulator::rendering::readPng(stem.string() + ".png");
     ASSERT_TRUE(expected) << expected.error;
     EXPECT_LE(difference(expected.surface, picture_), pixelTolerance);
-    EXPECT_EQ(firstDifference(contents(stem.string() + ".txt"), tree_), "");
+    const std::string keptTree = contents(stem.string() + ".txt");
+    EXPECT_TRUE(keptTree == tree_) << differences(keptTree, tree_);
     if (HasFailure()) {
         write(met);
         ADD_FAILURE() << "What was met is in " << met.string()
@@ -141,10 +140,9 @@ TEST(GoldenComparison, ForgivesALittleAndNoMore) {
     EXPECT_EQ(difference(filled(20, 10, 0.5), dotted), 1.0 / 200);
 }
 
-TEST(GoldenComparison, NamesTheFirstLineThatDiffers) {
-    EXPECT_EQ(firstDifference("a\nb\n", "a\nb\n"), "");
-    EXPECT_EQ(firstDifference("a\nb\n", "a\nc\n"), "line 2\n  kept: b\n  met:  c");
-    EXPECT_EQ(firstDifference("a\n", "a\nc\n"), "line 2\n  kept: (ends)\n  met:  c");
+TEST(GoldenComparison, NamesEveryLineThatDiffers) {
+    EXPECT_EQ(differences("a\nb\n", "a\nb\n"), "");
+    EXPECT_EQ(differences("a\nb\nc\n", "a\nB\nc\nd\n"), "@@ -1,3 +1,4 @@\n a\n-b\n+B\n c\n+d\n");
 }
 
 }  // namespace

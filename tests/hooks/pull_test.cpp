@@ -2,10 +2,11 @@
 // the strip 115.
 #include "hooks/pull_tracking.hpp"
 
-#include "hooks/pull_scene.hpp"
+#include "pages/lifted_scene.hpp"
 #include "simulator/runtime/journal.hpp"
 #include "simulator/springboard/gestures/switcher_gestures.hpp"
 #include "tests/library_phone.hpp"
+#include "toolbar/rubber_band.hpp"
 
 namespace vantori::tests {
 namespace {

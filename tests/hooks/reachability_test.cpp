@@ -1,7 +1,8 @@
 // Reachability's hooks, row by row, with the setting on and off.
 #include "hooks/pull_reachability.hpp"
 
-#include "hooks/pull_scene.hpp"
+#include "pages/lifted_scene.hpp"
+#include "simulator/runtime/journal.hpp"
 #include "tests/library_phone.hpp"
 
 namespace vantori::tests {
@@ -101,6 +102,107 @@ TEST_F(Reachability, EnabledIsTheSystemsAnswerWhileItMay) {
     EXPECT_TRUE((manager().send<"reachabilityEnabled", bool>()));
     VNTToolBarController::shared().setCanToggleReachability(false);
     EXPECT_FALSE((manager().send<"reachabilityEnabled", bool>()));
+}
+
+// The swipe down beside the home bar, on phones as real ones are.
+class RealReachability : public Reachability {
+  protected:
+    void bootReal(const char* system, bool on) {
+        phone_->system(system);
+        phone_->real();
+        bootWith(on);
+    }
+    void swipe() {
+        phone_->touchDown(187, 785);
+        phone_->touchMove(187, 805, 0.1);
+        phone_->touchUp();
+        phone_->wait(1);
+    }
+    static Object shared() {
+        return Object(classObject(objc_getClass("SBReachabilityManager")))
+            .send<"sharedInstance", Object>();
+    }
+    static bool isLowered() { return shared().send<"reachabilityModeActive", bool>(); }
+    // The owner of the swipe's action on this system.
+    static Object owner() {
+        Object manager = shared();
+        const bool later = manager.respondsTo(selector<"_activateReachability:">());
+        return later ? manager : make("SBFluidSwitcherGestureManager");
+    }
+    static Strong<UIPanGestureRecognizer> gestureIn(long state) {
+        auto gesture = create<UIPanGestureRecognizer>();
+        gesture.send<"setState:">(1L);
+        if (state != 1) gesture.send<"setState:">(state);
+        return gesture;
+    }
+};
+
+class SwipeOnSystem : public RealReachability, public testing::WithParamInterface<const char*> {};
+
+TEST_P(SwipeOnSystem, OnTheSwipeOpensTheToolbarAndTheScreenStays) {
+    bootReal(GetParam(), true);
+    swipe();
+    EXPECT_TRUE(springBoardToolbarOpen());
+    EXPECT_FALSE(isLowered());
+    EXPECT_FALSE(phone_->crashed());
+}
+
+TEST_P(SwipeOnSystem, OffTheScreenComesDown) {
+    bootReal(GetParam(), false);
+    swipe();
+    EXPECT_FALSE(springBoardToolbarOpen());
+    EXPECT_TRUE(isLowered());
+    EXPECT_FALSE(phone_->crashed());
+}
+
+TEST_P(SwipeOnSystem, OffNothingComesDownDuringADismissal) {
+    bootReal(GetParam(), false);
+    VNTToolBarController::shared().setCanToggleReachability(false);
+    swipe();
+    EXPECT_FALSE(isLowered());
+}
+
+// Where the gesture is let begin all the same: only its end opens, and the system's is not run.
+TEST_P(SwipeOnSystem, OnTheActionOpensWhenTheGestureHasEnded) {
+    bootReal(GetParam(), true);
+    owner().send<"_activateReachability:">(gestureIn(UIGestureRecognizer::began));
+    EXPECT_FALSE(springBoardToolbarOpen());
+    owner().send<"_activateReachability:">(gestureIn(UIGestureRecognizer::ended));
+    EXPECT_TRUE(springBoardToolbarOpen());
+    owner().send<"_activateReachability:">(gestureIn(UIGestureRecognizer::ended));
+    EXPECT_TRUE(springBoardToolbarOpen());  // bears being opened twice
+    EXPECT_FALSE(isLowered());
+}
+
+INSTANTIATE_TEST_SUITE_P(Systems, SwipeOnSystem,
+                         testing::Values("11.0", "11.4", "12.4", "13.3", "13.5", "14.2", "14.8"));
+
+TEST_F(RealReachability, OnElevenTheModeIsToggledUnderAnotherName) {
+    bootReal("11.4", true);
+    shared().send<"_toggleReachabilityModeWithRequestingObserver:">(Object());
+    EXPECT_TRUE(springBoardToolbarOpen());
+    EXPECT_FALSE(isLowered());
+}
+
+TEST_F(RealReachability, OnElevenTheObserverIsHandedThrough) {
+    bootReal("11.4", false);
+    auto observer = create<Object>();
+    shared().send<"_toggleReachabilityModeWithRequestingObserver:">(observer);
+    EXPECT_TRUE(isLowered());
+    auto last = simulator::Journal::last("SBReachabilityManager",
+                                         "_toggleReachabilityModeWithRequestingObserver:");
+    ASSERT_TRUE(last);
+    EXPECT_TRUE(std::get<Strong<Object>>(last->at(0)) == observer);
+}
+
+TEST_F(RealReachability, AFingerThatGoesNowhereAsksForNothing) {
+    bootReal("14.2", true);
+    phone_->touchDown(187, 785);
+    phone_->touchMove(187, 790, 0.1);
+    phone_->touchUp();
+    phone_->wait(1);
+    EXPECT_FALSE(springBoardToolbarOpen());
+    EXPECT_FALSE(isLowered());
 }
 
 }  // namespace

@@ -127,5 +127,60 @@ TEST_F(Recents, APullOnTheHomeScreenDoesNot) {
     EXPECT_EQ(phone_->calledCount("SBRecentAppLayouts", "_saveRecents"), 0);
 }
 
+// As real systems are: 14 gives no dictionary of the items by role, and each keeps its list in one variable.
+class RealRecents : public Recents, public testing::WithParamInterface<const char*> {};
+
+TEST_P(RealRecents, AreShownWhateverTheLayoutsAnswer) {
+    phone_->real();
+    bootUnloaded(GetParam(), three);
+    save();
+    EXPECT_EQ(identifiers(applicationPage()), three);
+    EXPECT_EQ(identifiers(springBoardPage()), three);
+    EXPECT_FALSE(phone_->crashed());
+}
+
+INSTANTIATE_TEST_SUITE_P(Systems, RealRecents,
+                         testing::Values("11.0", "11.4", "12.4", "13.3", "13.5", "14.0", "14.2",
+                                         "14.8"));
+
+TEST_F(Recents, OfFourteenAreAskedByTheirRole) {
+    phone_->real();
+    bootUnloaded("14.2", three);
+    phone_->clear();
+    save();
+    EXPECT_EQ(phone_->calledCount("SBAppLayout", "itemForLayoutRole:"), 6);  // three, twice
+    EXPECT_EQ(phone_->calledCount("SBAppLayout", "allItems"), 0);
+}
+
+// One whose applications have other roles shows the first of them, one without any its place.
+long itemsAsked = 0;
+id noItem(id, SEL, long) {
+    ++itemsAsked;
+    return nullptr;
+}
+
+TEST_F(Recents, OfFourteenWithoutAPrimaryItemShowTheFirst) {
+    phone_->real();
+    bootUnloaded("14.2", three);
+    IMP system = nullptr;
+    MSHookMessageEx(objc_getClass("SBAppLayout"), selector<"itemForLayoutRole:">(),
+                    reinterpret_cast<IMP>(&noItem), &system);
+    save();
+    EXPECT_EQ(itemsAsked, 6);
+    EXPECT_EQ(identifiers(springBoardPage()), three);
+}
+
+// A list under another name than the system's version has it: nothing is asked for that is not there.
+TEST_F(Recents, WithoutTheirListShowNothing) {
+    phone_->missingClass("SBRecentAppLayouts");
+    boot();
+    settingsLoaded = false;
+    emptyRow(springBoardPage());
+    auto stranger = create<Object>();
+    recentsSave({nullptr, nullptr, nullptr}, stranger);
+    EXPECT_EQ(shown(springBoardPage()), 0u);
+    EXPECT_FALSE(phone_->crashed());
+}
+
 }  // namespace
 }  // namespace vantori::tests

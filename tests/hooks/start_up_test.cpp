@@ -73,7 +73,7 @@ const std::vector<std::string> controlCenterRows = {
 };
 
 // The later names of the pull's reports, which only systems from 13.4 on have.
-std::vector<std::string> laterForms(const std::string& className) {
+std::vector<std::string> otherForms(const std::string& className) {
     std::vector<std::string> names;
     for (const char* stage : {"Began", "Updated", "Ended", "Canceled"}) {
         names.push_back(className + " grabberTongue" + stage +
@@ -143,8 +143,8 @@ class OnLaterSystem : public OnSystem {};
 TEST_P(OnEarlierSystem, ExactlyTheTableIsInstalled) {
     phone_->boot();
     EXPECT_EQ(installed(), joined({welcomeRow, springBoardRows, controlCenterRows}));
-    for (auto forms : {laterSpringBoardForms(), laterControlCenterForms()}) {
-        for (const LaterForm& form : forms) EXPECT_FALSE(form.row.record->installed);
+    for (auto forms : {otherSpringBoardForms(), otherControlCenterForms()}) {
+        for (const OtherForm& form : forms) EXPECT_FALSE(form.row.record->installed);
     }
 }
 
@@ -155,17 +155,22 @@ INSTANTIATE_TEST_SUITE_P(Systems, OnEarlierSystem,
 TEST_P(OnLaterSystem, TheLaterNamesOfTheReportsAreTakenOver) {
     phone_->boot();
     EXPECT_EQ(installed(),
-              joined({welcomeRow, springBoardRows, laterForms("SBFluidSwitcherGestureManager"),
-                      controlCenterRows, laterForms("SBControlCenterController")}));
-    for (auto forms : {laterSpringBoardForms(), laterControlCenterForms()}) {
-        for (const LaterForm& form : forms) {
+              joined({welcomeRow, springBoardRows, otherForms("SBFluidSwitcherGestureManager"),
+                      controlCenterRows, otherForms("SBControlCenterController")}));
+    for (auto forms : {otherSpringBoardForms(), otherControlCenterForms()}) {
+        for (const OtherForm& form : forms) {
+            // The others stand for rows that are there.
+            const bool isReport =
+                std::string_view(form.row.selectorName).starts_with("grabberTongue");
+            EXPECT_EQ(form.row.record->installed, isReport) << form.row.selectorName;
+            if (!isReport) continue;
             EXPECT_TRUE(form.row.record->methodFound) << form.row.selectorName;
             EXPECT_STREQ(form.row.encoding, "v@:@dd@");
             EXPECT_STREQ(form.row.record->encodingMet, "v@:@dd@");
         }
     }
     const std::string text = hookReport().utf8();
-    EXPECT_NE(text.find("later -[SBFluidSwitcherGestureManager grabberTongueBeganPulling:"
+    EXPECT_NE(text.find("other -[SBFluidSwitcherGestureManager grabberTongueBeganPulling:"
                         "withDistance:andVelocity:andGesture:] own, expected v@:@dd@, met "
                         "v@:@dd@, calls 0\n"),
               std::string::npos)
@@ -183,8 +188,50 @@ TEST_F(StartUp, OnALaterSystemControlCenterStaysTheSystemsWithoutAHomeButton) {
     phone_->system("14.2");
     phone_->boot();
     EXPECT_EQ(installed(),
-              joined({welcomeRow, springBoardRows, laterForms("SBFluidSwitcherGestureManager")}));
+              joined({welcomeRow, springBoardRows, otherForms("SBFluidSwitcherGestureManager")}));
 }
+
+// As real systems are. Where the table's own class or method is missing, the first form that is there
+// takes its place, and only that.
+struct RealForms {
+    const char* system;
+    std::vector<std::string> others;
+};
+class OnRealSystem : public StartUp, public testing::WithParamInterface<RealForms> {};
+
+TEST_P(OnRealSystem, OneFormStandsForEachMissingRow) {
+    phone_->system(GetParam().system);
+    phone_->real();
+    phone_->boot();
+    std::vector<std::string> others;
+    for (const OtherForm& form : otherSpringBoardForms()) {
+        const std::string name = form.row.selectorName;
+        if (!form.row.record->installed || name.starts_with("grabberTongue")) continue;
+        others.push_back(form.row.className + (" " + name));
+    }
+    EXPECT_EQ(others, GetParam().others);
+    EXPECT_FALSE(phone_->crashed());
+}
+
+const std::string earlierSwitcher =
+    "SBMainSwitcherViewController sceneLayoutController:didBeginLayoutStateTransitionWithContext:";
+const std::string laterSwitcher =
+    "SBMainSwitcherViewController "
+    "layoutStateTransitionCoordinator:transitionDidBeginWithTransitionContext:";
+const std::vector<std::string> formsOfEleven = {
+    "SBReachabilityManager _toggleReachabilityModeWithRequestingObserver:",
+    "SBFluidSwitcherGestureManager _activateReachability:", earlierSwitcher};
+const std::vector<std::string> formsOfTwelve = {"SBReachabilityManager _activateReachability:",
+                                                earlierSwitcher};
+const std::vector<std::string> formsSinceThirteen = {"SBReachabilityManager _activateReachability:",
+                                                     laterSwitcher};
+
+INSTANTIATE_TEST_SUITE_P(
+    Systems, OnRealSystem,
+    testing::Values(RealForms{"11.0", formsOfEleven}, RealForms{"11.4", formsOfEleven},
+                    RealForms{"12.0", formsOfTwelve}, RealForms{"12.4", formsOfTwelve},
+                    RealForms{"13.0", formsSinceThirteen}, RealForms{"13.4", formsSinceThirteen},
+                    RealForms{"14.2", formsSinceThirteen}, RealForms{"14.8", formsSinceThirteen}));
 
 class WithoutBundle : public StartUp, public testing::WithParamInterface<const char*> {};
 

@@ -5,6 +5,7 @@
 #include <random>
 
 #include "simulator/loader/placement.hpp"
+#include "simulator/loader/slices.hpp"
 #include "simulator/loader/unwind.hpp"
 #include "tests/loader/image_builder.hpp"
 
@@ -24,6 +25,23 @@ ImageBuilder withOpcodes() {
     image.bind = List{0x11, 0x40} + text("_f") + List{0x51, 0x71, 0x18, 0xc0, 0x02, 0x00, 0x00};
     image.lazyBind = List{0x71, 0x30, 0x12, 0x40} + text("_g") + List{0x90, 0x00};
     image.weakBind = List{0x3d, 0x40} + text("_own") + List{0x71, 0x38, 0x90, 0x00};
+    return image;
+}
+
+ImageBuilder withThreads() {
+    ImageBuilder image = withOpcodes();
+    image.subtype = 2;
+    image.rebase = image.lazyBind = image.weakBind = {};
+    image.bind = List{0xd0, 0x02, 0x11, 0x40} + text("_f") + List{0x51, 0x90, 0x12, 0x40} +
+                 text("_g") + List{0x90, 0x71, 0x00, 0xd1, 0x71, 0x28, 0xd1};
+    constexpr std::uint64_t toNext = 1ull << 51;
+    constexpr std::uint64_t isSigned = 1ull << 63;
+    image.pointers = {image.codeAddress() | isSigned | toNext,
+                      (dataAddress + 16) | 2 * toNext,
+                      0x000000656d617266,
+                      1ull << 62,
+                      0,
+                      (1ull << 62) | 1};
     return image;
 }
 
@@ -53,9 +71,15 @@ ImageBuilder withUnwindInformation() {
     return image;
 }
 
+// The same library twice in one file, for each kind of process.
+std::vector<std::byte> withSlices() {
+    const std::vector<std::byte> parts[] = {withOpcodes().build(), withThreads().build()};
+    return fatFile({{0, parts[0]}, {2, parts[1]}});
+}
+
 // All that happens to a file before it is mapped, and to its memory.
 void use(const std::vector<std::byte>& bytes) {
-    const MachOFile file = readMachO(bytes);
+    const MachOFile file = readMachO(sliceFor(Bytes(bytes), Process::arm64e).span());
     const Fixups fixups = readFixups(file);
     initialisers(file, fixups);
     selectorReferences(file, fixups);
@@ -65,7 +89,9 @@ void use(const std::vector<std::byte>& bytes) {
     std::vector<std::byte> memory(file.memorySize());
     copySegments(file, memory);
     const int symbol = 0;
-    applyFixups(file, fixups, memory, [&](std::string_view) { return &symbol; });
+    applyFixups(
+        file, fixups, memory, [&](std::string_view) { return &symbol; },
+        [](std::uint64_t pointer, const Signing&, std::uint64_t) { return pointer; });
 }
 
 // How many of the damaged images were read all the same.
@@ -85,9 +111,14 @@ int survivors(const std::vector<std::byte>& sound, unsigned seed) {
     return count;
 }
 
-class FuzzTest : public testing::TestWithParam<ImageBuilder (*)()> {};
+template <ImageBuilder (*Image)()>
+std::vector<std::byte> built() {
+    return Image().build();
+}
+
+class FuzzTest : public testing::TestWithParam<std::vector<std::byte> (*)()> {};
 TEST_P(FuzzTest, DamagedImagesAreReadOrRefused) {
-    const std::vector<std::byte> sound = GetParam()().build();
+    const std::vector<std::byte> sound = GetParam()();
     ASSERT_NO_THROW(use(sound));
     const int count = survivors(sound, 20'260'101);
     // Some changes meet what nobody reads, most do not.
@@ -95,7 +126,29 @@ TEST_P(FuzzTest, DamagedImagesAreReadOrRefused) {
     EXPECT_LT(count, mutations);
 }
 INSTANTIATE_TEST_SUITE_P(Images, FuzzTest,
-                         testing::Values(&withOpcodes, &withChains, &withUnwindInformation));
+                         testing::Values(&built<withOpcodes>, &built<withThreads>,
+                                         &built<withChains>, &built<withUnwindInformation>));
+
+// Of a fat file only the list at its start: what is behind it is damaged above.
+TEST(FuzzSlicesTest, DamagedListsAreReadOrRefused) {
+    const std::vector<std::byte> sound = withSlices();
+    ASSERT_NO_THROW(use(sound));
+    constexpr std::size_t listSize = 8 + 2 * 20;
+    std::mt19937 random(20'260'102);
+    int refused = 0;
+    for (int round = 0; round < mutations / 10; ++round) {
+        std::vector<std::byte> bytes = sound;
+        for (auto changes = 1 + random() % 4; changes > 0; --changes)
+            bytes[random() % listSize] = static_cast<std::byte>(random());
+        try {
+            use(bytes);
+        } catch (const BadImage&) {
+            ++refused;
+        }
+    }
+    EXPECT_GT(refused, 0);
+    EXPECT_LT(refused, mutations / 10);
+}
 
 }  // namespace
 }  // namespace simulator::loader::tests

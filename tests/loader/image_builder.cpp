@@ -142,4 +142,22 @@ std::vector<std::byte> ImageBuilder::build() const {
     return bytes;
 }
 
+std::vector<std::byte> fatFile(const std::vector<SliceSketch>& slices) {
+    constexpr std::size_t page = 0x4000;
+    const auto bigEndian = [](std::size_t value) {
+        const List little = u32(static_cast<std::uint32_t>(value));
+        return List(little.rbegin(), little.rend());
+    };
+    List head = bigEndian(0xcafebabe) + bigEndian(slices.size());
+    std::vector<std::byte> file(page);
+    for (const SliceSketch& slice : slices) {
+        head = head + bigEndian(0x0100000c) + bigEndian(slice.subtype) + bigEndian(file.size()) +
+               bigEndian(slice.image.size()) + bigEndian(14);
+        file.insert(file.end(), slice.image.begin(), slice.image.end());
+        file.resize((file.size() + page - 1) / page * page);
+    }
+    std::memcpy(file.data(), head.data(), head.size());
+    return file;
+}
+
 }  // namespace simulator::loader::tests

@@ -62,4 +62,11 @@ struct ImageBuilder {
     std::uint64_t codeAddress() const;
 };
 
+// A file that holds images for several kinds of arm64, each on a page of its own.
+struct SliceSketch {
+    std::uint32_t subtype;
+    std::vector<std::byte> image;
+};
+std::vector<std::byte> fatFile(const std::vector<SliceSketch>& slices);
+
 }  // namespace simulator::loader::tests

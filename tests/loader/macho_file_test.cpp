@@ -77,7 +77,7 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(Foreign{"empty", {}, "it is empty"},
                     Foreign{"fat",
                             {0xca, 0xfe, 0xba, 0xbe},
-                            "it holds several architectures (fat file); give the arm64 part alone"},
+                            "it holds several architectures (fat file) in one another"},
                     Foreign{"elf",
                             {0x7f, 'E', 'L', 'F'},
                             "it is an ELF file: a library for Linux, not for a phone"},
@@ -106,8 +106,10 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         Wrong{"anotherProcessor", [](ImageBuilder& image) { image.machine = 0x01000007; },
               "it is for another processor than arm64"},
-        Wrong{"signedPointers", [](ImageBuilder& image) { image.subtype = 0x80000002; },
-              "it is for arm64e, whose pointers are signed; give the arm64 one"},
+        Wrong{"arm64eOfLaterSystems", [](ImageBuilder& image) { image.subtype = 0x80000002; },
+              "it is for arm64e with a version (0x80000002), which only iOS 14 takes"},
+        Wrong{"unknownArm64", [](ImageBuilder& image) { image.subtype = 7; },
+              "it is for an unknown kind of arm64, 0x7"},
         Wrong{"program", [](ImageBuilder& image) { image.type = 2; }, "it is no dynamic library"},
         Wrong{"noSystem", [](ImageBuilder& image) { image.platformCommand = 0; },
               "it does not say that it is for iOS"},
@@ -148,6 +150,15 @@ INSTANTIATE_TEST_SUITE_P(
               "section __DATA,__objc_classlist has classes of a compiler; this phone runs those "
               "that code registers"}),
     [](const auto& test) { return std::string(test.param.name); });
+
+TEST(MachOFileTest, SignedPointersAreTold) {
+    ImageBuilder image;
+    const std::vector<std::byte> plain = image.build();
+    EXPECT_FALSE(readMachO(plain).signsPointers);
+    image.subtype = 2;
+    const std::vector<std::byte> withSigned = image.build();
+    EXPECT_TRUE(readMachO(withSigned).signsPointers);
+}
 
 TEST(MachOFileTest, UnknownCommandsThatNeedNotBeKnownArePassedOver) {
     ImageBuilder image;

@@ -13,6 +13,11 @@ namespace {
 constexpr std::uint32_t initialiserPointers = 9;
 constexpr std::uint32_t initialiserOffsets = 0x16;
 
+// Stands in for the processor: a mark that tells key, number and place.
+std::uint64_t markSigned(std::uint64_t pointer, const Signing& signing, std::uint64_t place) {
+    return pointer ^ signing.modifier(place) ^ std::uint64_t{signing.key} << 60;
+}
+
 // Puts an image together in memory of its own, with a system of two symbols.
 class Placed {
   public:
@@ -24,11 +29,12 @@ class Placed {
         copySegments(file_, memory_);
     }
     void fill() {
-        applyFixups(file_, fixups_, memory_, [&](std::string_view name) -> const void* {
+        const auto find = [&](std::string_view name) -> const void* {
             if (name == "f") return &f_;
             if (name == "dyld_stub_binder") return &g_;
             return nullptr;
-        });
+        };
+        applyFixups(file_, fixups_, memory_, find, markSigned);
     }
     std::string refusal() {
         try {
@@ -120,6 +126,32 @@ TEST(PlacementTest, AnotherWeakDefinitionWinsElseTheImagesOwnStays) {
     EXPECT_EQ(placed.pointer(1), placed.at(0x4010));
 }
 
+constexpr std::uint64_t isSigned = 1ull << 63;
+constexpr std::uint64_t isBind = 1ull << 62;
+constexpr std::uint64_t toNext = 1ull << 51;
+
+// An arm64e image with one thread from its first pointer on, and _f as its only symbol.
+ImageBuilder threaded(std::array<std::uint64_t, 8> pointers) {
+    ImageBuilder image;
+    image.subtype = 2;
+    image.bind = List{0xd0, 0x01, 0x11, 0x40} + text("_f") + List{0x90, 0x71, 0x00, 0xd1};
+    image.pointers = pointers;
+    return image;
+}
+
+TEST(PlacementTest, PointersAreSignedForWhereTheyLie) {
+    // Key DA and number 0x6ae1, by place: to the third pointer; then a plain one to the same; then a
+    // symbol with key IB and number 7.
+    const std::uint64_t byPlace = isSigned | 2ull << 49 | 1ull << 48 | 0x6ae1ull << 32;
+    const std::uint64_t bound = isSigned | isBind | 1ull << 49 | 7ull << 32;
+    Placed placed(threaded({byPlace | 0x4010 | toNext, 0x4010 | toNext, bound}));
+    placed.fill();
+    const std::uint64_t place = placed.at(dataAddress) & 0x0000ffffffffffff;
+    EXPECT_EQ(placed.pointer(0), placed.at(0x4010) ^ (place | 0x6ae1ull << 48) ^ 2ull << 60);
+    EXPECT_EQ(placed.pointer(1), placed.at(0x4010));
+    EXPECT_EQ(placed.pointer(2), placed.f() ^ 7 ^ 1ull << 60);
+}
+
 // The address of the code of an image that has one section of initialisers.
 std::uint64_t codeOf(ImageBuilder& image, std::uint32_t kind, std::uint64_t size) {
     image.sections = {{"__DATA", "__init", dataAddress, size, kind}};
@@ -150,6 +182,35 @@ TEST(InitialisersTest, PointersThatDoNotMoveAreRefused) {
     image.pointers = {codeOf(image, initialiserPointers, 8)};
     Placed placed(image);
     EXPECT_THROW(initialisers(placed.file(), placed.fixups()), BadImage);
+}
+
+// What the initialisers of an arm64e image come to whose one pointer has these bits above the code.
+std::string signedInitialiser(std::uint64_t bits, std::uint32_t kind = initialiserPointers) {
+    ImageBuilder image = threaded({});
+    const std::uint64_t code = codeOf(image, kind, kind == initialiserPointers ? 8 : 4);
+    image.pointers[0] = code | bits;
+    Placed placed(image);
+    try {
+        EXPECT_EQ(initialisers(placed.file(), placed.fixups()), std::vector{code});
+        return "";
+    } catch (const BadImage& error) {
+        return error.what();
+    }
+}
+
+TEST(InitialisersTest, OnArm64eTheyAreSignedAsFunctionsOfC) {
+    constexpr const char* refused =
+        "an initialiser is not signed as a function of C: a phone stops there";
+    EXPECT_EQ(signedInitialiser(isSigned), "");
+    EXPECT_EQ(signedInitialiser(0), refused);
+    EXPECT_EQ(signedInitialiser(isSigned | 0xd9d4ull << 32), refused);
+    EXPECT_EQ(signedInitialiser(isSigned | 1ull << 48), refused);
+    EXPECT_EQ(signedInitialiser(isSigned | 2ull << 49), refused);
+}
+
+TEST(InitialisersTest, OnArm64eTheyAreNoOffsets) {
+    EXPECT_EQ(signedInitialiser(0, initialiserOffsets),
+              "its initialisers are offsets, which iOS before 13.4 calls unsigned");
 }
 
 TEST(InitialisersTest, DataIsNoInitialiser) {

@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "hooks/pull_scene.hpp"
 #include "pages/app_button.hpp"
 #include "pages/applications_page.hpp"
+#include "pages/lifted_scene.hpp"
 #include "simulator/springboard/applications/recents.hpp"
 #include "simulator/springboard/home/icon_lists.hpp"
 #include "tests/library_phone.hpp"
@@ -75,7 +75,7 @@ class Applications : public LibraryPhone {
     static SBRecentAppLayouts recents() {
         return SBRecentAppLayouts(simulator::recentAppLayouts().get());
     }
-    static NSArray layouts() { return recents().layouts("_allRecents"_ns); }
+    static NSArray layouts() { return recents().allRecents(); }
 
     void openToolbar() {
         phone_->grabber(simulator::PullPhase::began, 60, 10, 0);

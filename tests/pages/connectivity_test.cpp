@@ -358,5 +358,27 @@ TEST_F(ConnectivityPage, ATapSwitchesARadioOnBothToolbars) {
     }
 }
 
+// As real systems are: the button stands in a container of the controller's view, which alone answers.
+class RealConnectivity : public ConnectivityPage,
+                         public testing::WithParamInterface<const char*> {};
+
+TEST_P(RealConnectivity, ButtonsAreFoundInTheirContainers) {
+    phone_->system(GetParam());
+    phone_->real();
+    boot();
+    page().setUpConnectivityButtonSet();
+    page().layoutConnectivityButton();
+    ASSERT_EQ(controllers().count(), 5u);
+    EXPECT_FALSE(
+        (controllers().at<UIViewController>(0).view().respondsTo(selector<"buttonView">())));
+    EXPECT_EQ(frameAt(0), (rect(12.5, 25, 60, 60)));  // as on any other phone
+    EXPECT_EQ(frameAt(4), (rect(302.5, 25, 60, 60)));
+    EXPECT_TRUE(hasBeenLaidOut());
+    EXPECT_FALSE(phone_->crashed());
+}
+
+INSTANTIATE_TEST_SUITE_P(Systems, RealConnectivity,
+                         testing::Values("11.0", "12.4", "13.3", "13.5", "14.2", "14.8"));
+
 }  // namespace
 }  // namespace vantori::tests

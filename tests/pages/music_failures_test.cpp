@@ -66,6 +66,36 @@ TEST_F(MusicFailures, WithoutMarqueesTheTextsAreNotShown) {
     EXPECT_EQ(page().view().subviews().count(), 6u);
 }
 
+// A marquee as 11.0 to 11.2 have it: without setAnimationReferenceView:.
+struct EarlyMarqueeState {
+    Strong<UIView> content, sizing;
+    bool enabled;
+};
+UIView initEarlyMarquee(MPUMarqueeView raw, CGRect frame) {
+    auto self = super<MPUMarqueeView, "initWithFrame:", UIView>(raw, frame);
+    stateOf<EarlyMarqueeState>(self).content = create<UIView>();
+    self.addSubview(stateOf<EarlyMarqueeState>(self).content);
+    return self;
+}
+
+TEST_F(MusicFailures, TitlesOfTheFirstSystemsScrollWithoutAReferenceView) {
+    phone_->missingClass("MPUMarqueeView");
+    simulator::setExtensionLoader([] {
+        define<MPUMarqueeView, UIView, EarlyMarqueeState>()
+            .method<"initWithFrame:", &initEarlyMarquee>()
+            .property<"viewForContentSize", &EarlyMarqueeState::sizing>()
+            .property<"marqueeEnabled", &EarlyMarqueeState::enabled>();
+        startUp();
+    });
+    boot();
+    play("T", "Ar", "Al", "cover");
+    EXPECT_EQ((get<"mediaTitle", UIView>().superview()),
+              (get<"mediaTitleMarqueeView", UIView>().subviews().at<UIView>(0)));
+    phone_->post("com.ferolin.vantori-startmarquee");
+    EXPECT_TRUE((get<"mediaTitleMarqueeView">().send<"marqueeEnabled", bool>()));
+    EXPECT_FALSE(phone_->crashed());
+}
+
 TEST_F(MusicFailures, WithoutIconsThePlaceholderIsEmpty) {
     phone_->missingClass("SBIconController");
     boot();

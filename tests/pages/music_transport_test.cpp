@@ -1,6 +1,6 @@
 // The buttons: the play state that they show, the spring under the finger, the commands, opening the
 // application that plays.
-#include "hooks/pull_scene.hpp"
+#include "pages/lifted_scene.hpp"
 #include "tests/pages/music_phone.hpp"
 
 namespace vantori::tests {

@@ -169,6 +169,19 @@ TEST_F(ObjectLayer, DefiningTwiceChangesNothing) {
     EXPECT_EQ((animal_.send<"depth", long>()), 1);
 }
 
+struct Impostor : Object {
+    static constexpr FixedString name{"VNTTestImpostor"};
+    using Object::Object;
+};
+
+// Its state would lie elsewhere, and every animal's with it.
+TEST_F(ObjectLayer, AStateServesOneClassOnly) {
+    animal_.send<"setLegs:">(4L);
+    define<Impostor, Cat, AnimalState>();
+    EXPECT_EQ(objc_getClass("VNTTestImpostor"), nullptr);
+    EXPECT_EQ((animal_.send<"legs", long>()), 4);
+}
+
 TEST_F(ObjectLayer, StrongCopiesMovesAndSwapsKeepTheCount) {
     const unsigned long before = retainCount(animal_);
     {

@@ -75,6 +75,16 @@ TEST_F(Png, DecodesBytes) {
     EXPECT_NE(decodePng({}, "cover").error.find("cover"), std::string::npos);
 }
 
+TEST_F(Png, EncodesBytesThatDecodeToThePicture) {
+    Node root = screenNode(8, 6);
+    root.children.push_back(fillNode({{2, 2}, {3, 3}}, {1, 0.5, 0.25, 1}));
+    const Surface picture = render(root, {8, 6}, 2);
+    const ReadPng read = decodePng(encodePng(picture));
+    ASSERT_TRUE(read) << read.error;
+    EXPECT_EQ(largestDifference(read.surface, picture), 0);
+    EXPECT_TRUE(encodePng(Surface()).empty());
+}
+
 TEST(FilmStrip, PutsFramesBesideOneAnother) {
     Node root = screenNode(10, 10);
     root.background = red;

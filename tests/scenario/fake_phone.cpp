@@ -23,6 +23,7 @@ const char* yesOrNo(bool yes) { return yes ? "yes" : "no"; }
 void FakePhone::device(const std::string& identifier) { note("device", identifier); }
 void FakePhone::screen(double w, double h, double scale) { note("screen", w, h, scale); }
 void FakePhone::system(const std::string& version) { note("system", version); }
+void FakePhone::real() { note("real"); }
 void FakePhone::homeButton(bool present) { note("homeButton", yesOrNo(present)); }
 void FakePhone::missingClass(const std::string& name) { note("missingClass", name); }
 void FakePhone::missingBundle(const std::string& path) { note("missingBundle", path); }
@@ -62,6 +63,8 @@ void FakePhone::watch(Watched kind, std::function<void(const std::string&)> tell
 }
 void FakePhone::withoutExtension() { note("withoutExtension"); }
 void FakePhone::boot() { note("boot"); }
+bool FakePhone::toggled(const std::string& name) { return counts["toggled " + name] != 0; }
+std::optional<PlayerLook> FakePhone::player() { return looked; }
 void FakePhone::setting(const std::string& key, const std::optional<nlohmann::json>& value) {
     note("setting", key, value ? value->dump() : "none");
 }

@@ -18,6 +18,7 @@ class FakePhone : public Phone {
     std::map<std::string, int> counts;
     std::map<std::string, std::vector<Value>> calls;
     std::optional<std::string> crash;
+    std::optional<PlayerLook> looked;
     objc_object* presented = nullptr;
     std::vector<std::string> knownMethods;  // "C s:"; every one when empty
     Place reached{10, 20};
@@ -29,6 +30,7 @@ class FakePhone : public Phone {
     void device(const std::string& identifier) override;
     void screen(double width, double height, double scale) override;
     void system(const std::string& version) override;
+    void real() override;
     void homeButton(bool present) override;
     void missingClass(const std::string& name) override;
     void missingBundle(const std::string& path) override;
@@ -64,6 +66,8 @@ class FakePhone : public Phone {
     void ringer(double level) override;
     void volumeKey(bool louder) override;
     void brightness(double level) override;
+    bool toggled(const std::string& name) override;
+    std::optional<PlayerLook> player() override;
     void route(const std::string& name) override;
     void play(const Song& song) override;
     void playing(bool yes) override;

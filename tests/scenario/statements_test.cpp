@@ -60,6 +60,7 @@ INSTANTIATE_TEST_SUITE_P(
         Carried{"missing bundle /a/b.bundle", {"missingBundle /a/b.bundle"}},
         Carried{"missing bundle \"/a b.bundle\"", {"missingBundle /a b.bundle"}},
         Carried{"dock 6", {"dock 6"}}, Carried{"connectivity-fails 2", {"connectivityFails 2"}},
+        Carried{"real", {"real"}},
         Carried{"scene-after com.example.notes 3", {"sceneAfter com.example.notes 3"}},
         Carried{"language pt-BR", {"language pt-BR"}},
         Carried{"without extension", {"withoutExtension"}}, Carried{"boot", {"boot"}}));

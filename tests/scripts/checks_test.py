@@ -4,6 +4,7 @@ import pathlib
 import subprocess
 import tempfile
 import unittest
+from xml.etree import ElementTree
 
 SCRIPTS = pathlib.Path(__file__).resolve().parents[2] / "scripts"
 
@@ -104,6 +105,67 @@ class FloorsTest(TreeTest):
         )
 
 
+class FloorMapTest(TreeTest):
+    def setUp(self):
+        super().setUp()
+        self.include("platform/object.hpp")
+        self.include("settings/file.hpp", "platform/object.hpp")
+        self.include("simulator/uikit/view.hpp", "platform/object.hpp")
+
+    def run_script(self, *options):
+        command = [SCRIPTS / "floor-map", "--root", self.root, *options]
+        return subprocess.run(command, capture_output=True, text=True, check=False)
+
+    def arrows(self):
+        self.assertEqual(self.run_script().returncode, 0)
+        picture = ElementTree.parse(self.root / "docs/pictures/floors.svg")
+        arrows = picture.iterfind("./{*}path")
+        return sorted((arrow.get("class"), arrow.findtext("./{*}title")) for arrow in arrows)
+
+    def test_an_arrow_for_each_pair_of_folders(self):
+        self.include("settings/other.cpp", "platform/object.hpp", "settings/file.hpp")
+        wanted = [("bridge", "simulator/uikit includes platform"), ("down", "settings includes platform")]
+        self.assertEqual(self.arrows(), wanted)
+
+    def test_what_runs_up_is_of_a_kind_of_its_own(self):
+        self.include("platform/wrong.cpp", "settings/file.hpp")
+        self.include("settings/wrong.cpp", "simulator/uikit/view.hpp")
+        self.assertEqual(
+            [title for kind, title in self.arrows() if kind == "up"],
+            ["platform includes settings", "settings includes simulator/uikit"],
+        )
+
+    def test_check_tells_when_the_floors_changed(self):
+        self.assertEqual(self.run_script("--check").returncode, 1)
+        self.assertEqual(self.run_script().returncode, 0)
+        self.include("settings/other.cpp", "platform/object.hpp")
+        self.assertEqual(self.run_script("--check").returncode, 0)
+        self.include("hooks/start.cpp", "platform/object.hpp")
+        done = self.run_script("--check")
+        self.assertEqual(done.returncode, 1)
+        self.assertIn("docs/pictures/floors.svg is not what the includes say", done.stdout)
+
+
+class LinksTest(TreeTest):
+    def test_what_is_there(self):
+        self.write("hooks/pull.cpp", "void beginPull() {}")
+        self.write("CONTRIBUTING.md", "[the map](docs/map.md#floors) and [elsewhere](https://example.com)")
+        self.write("docs/map.md", "[`beginPull`](../hooks/pull.cpp), [the pull](../hooks/pull.cpp), [above](#floors)")
+        self.assertEqual(self.findings("check-links"), [])
+
+    def test_what_is_not(self):
+        self.write("hooks/pull.cpp", "void beginPullAgain() {}")
+        self.write("docs/map.md", "[`beginPull`](../hooks/pull.cpp)", "[`endPull`](../hooks/gone.cpp) ![](none.png)")
+        self.assertEqual(
+            self.findings("check-links"),
+            [
+                "docs/map.md:1: links to ../hooks/pull.cpp, which has no beginPull",
+                "docs/map.md:2: links to ../hooks/gone.cpp, which is not there",
+                "docs/map.md:2: links to none.png, which is not there",
+            ],
+        )
+
+
 class WordsTest(TreeTest):
     def test_plain_comments_pass(self):
         self.write("pages/a.cpp", "// A specific reason, in points; part 2 of the path is unspecified.")
@@ -134,7 +196,7 @@ class DeviceTablesTest(TreeTest):
     def setUp(self):
         super().setUp()
         self.write("hooks/hook_table.cpp", 'hook<"SBOne", "old:", &a>(),', 'hook<"SBOne", "kept", &b>(),',
-                   'laterForm<"SBOne", "old:", "old:new:", &a>(),')  # fmt: skip
+                   'otherForm<"SBOne", "old:", "SBOne", "old:new:", &a>(),')  # fmt: skip
         self.methods("SBOne - kept v@: . 11.1,12.0 13.2.2 .")
         self.document("")
 
@@ -162,7 +224,7 @@ class DeviceTablesTest(TreeTest):
         text = (self.root / "docs/device.md").read_text()
         self.assertIn("| 1 | `SBOne` `old:` | own | own | ? | none | none |\n", text)
         self.assertIn("| 2 | `SBOne` `kept` | inherited | inherited | none | ? | ? |\n", text)
-        self.assertIn("| later 1 | `SBOne` `old:new:` | none | ? | ? | own | own |\n", text)
+        self.assertIn("| other 1 | `SBOne` `old:new:` | none | ? | ? | own | own |\n", text)
         self.assertIn("| + `SBTwo` `shared` | ? | own | ? | ? | none | gone |\n", text)
         self.assertTrue(text.endswith("after\n"))
 

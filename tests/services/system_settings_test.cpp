@@ -40,6 +40,9 @@ TEST_F(Switches, AreAllOffAtFirst) {
         EXPECT_TRUE(isOn(*setting)) << word;
     }
     EXPECT_THROW(phone_->toggle("gravity", true), PhoneError);
+    for (const char* word : {"", "true", "truetoned", "orientationlock|ringermute"}) {
+        EXPECT_FALSE(settingNamed(word)) << word;
+    }
 }
 
 TEST_F(Switches, TellListenersOfRealChangesOnly) {
@@ -114,13 +117,13 @@ TEST_F(Switches, TheFlashlightDoesNotTurnOnWhileItIsNotAvailable) {
     phone_->flashlightAvailable(false);
     boot();
     SBUIFlashlightController flashlight = SBUIFlashlightController::shared();
-    flashlight.turnOn("test"_ns);
+    flashlight.send<"turnFlashlightOnForReason:">("test"_ns);
     EXPECT_EQ(flashlight.level(), 0u);
     EXPECT_FALSE(flashlight.isAvailable());
     phone_->flashlightAvailable(true);
-    flashlight.turnOn("test"_ns);
+    flashlight.send<"turnFlashlightOnForReason:">("test"_ns);
     EXPECT_NE(flashlight.level(), 0u);
-    flashlight.turnOff("test"_ns);
+    flashlight.send<"turnFlashlightOffForReason:">("test"_ns);
     EXPECT_EQ(flashlight.level(), 0u);
 }
 
@@ -161,9 +164,12 @@ TEST_F(Switches, DoNotDisturbComesWithItsModule) {
     EXPECT_FALSE(objc_getClass("DNDUIControlCenterModule"));
     NSBundle::withPath("/System/Library/ControlCenter/Bundles/DoNotDisturbModule.bundle"_ns).load();
     auto module = create<DNDUIControlCenterModule>();
-    EXPECT_FALSE(module.isActive());
-    module.toggleStateForActive(true);
-    EXPECT_TRUE(module.isActive());
+    auto isActive = [&module] {
+        return module.send<"valueForKey:", Object>("_currentState"_ns).send<"isActive", bool>();
+    };
+    EXPECT_FALSE(isActive());
+    module.send<"_toggleStateForActive:">(true);
+    EXPECT_TRUE(isActive());
     EXPECT_TRUE(isOn(Setting::doNotDisturb));
 }
 

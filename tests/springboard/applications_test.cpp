@@ -26,7 +26,8 @@ class BareApplications : public testing::Test {
         NSArray layouts = recentAppLayouts().send<"valueForKey:", NSArray>("_allRecents"_ns);
         for (unsigned long i = 0; i < layouts.count(); ++i) {
             platform::SBAppLayout layout(layouts.at(i).get());
-            all.emplace_back(layout.firstItem().bundleIdentifier().utf8());
+            all.emplace_back(
+                layout.send<"allItems", NSArray>().at<SBDisplayItem>(0).bundleIdentifier().utf8());
         }
         return all;
     }

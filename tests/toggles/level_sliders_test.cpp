@@ -22,7 +22,7 @@ class Levels : public SliderPhone {
     int packagesLoaded() const {
         return called("CAPackage", "packageWithContentsOfURL:type:options:error:");
     }
-    static std::string route(VNTVolumeSlider slider) { return text(slider.currentRoute()); }
+    static std::string route(VNTVolumeSlider slider) { return text(slider.currentName()); }
 
     static constexpr CGRect bar = platform::rect(0, 0, 120, 50);
 };

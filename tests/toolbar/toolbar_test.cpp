@@ -3,7 +3,7 @@
 
 #include "toolbar/sb_toolbar_controller.hpp"
 
-#include "hooks/pull_scene.hpp"
+#include "pages/lifted_scene.hpp"
 #include "platform/definition.hpp"
 #include "tests/library_phone.hpp"
 #include "toolbar/arrangement.hpp"

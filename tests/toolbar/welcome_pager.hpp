@@ -4,7 +4,7 @@
 #include "hooks/hook_welcome.hpp"
 #include "platform/uikit_controls.hpp"
 #include "tests/library_phone.hpp"
-#include "toolbar/update_view_controller.hpp"
+#include "toolbar/welcome_pager.hpp"
 
 namespace vantori::tests {
 

@@ -6,6 +6,7 @@
 #include "simulator/runtime/history.hpp"
 #include "simulator/springboard/applications/recents.hpp"
 #include "simulator/springboard/applications/scene_layout.hpp"
+#include "simulator/springboard/applications/switcher.hpp"
 
 namespace simulator {
 
@@ -75,6 +76,7 @@ std::string frontMostIdentifier() { return applications().front; }
 void openApplication(const std::string& identifier) {
     if (identifier == applications().front) return;
     applications().front = identifier;
+    beginTransition(applicationInFront);
     showScene(identifier);
     noteRecent(identifier);
 }
@@ -82,6 +84,7 @@ void openApplication(const std::string& identifier) {
 void goHome() {
     if (applications().front.empty()) return;
     applications().front.clear();
+    beginTransition(homeScreenInFront);
     hideScene();
 }
 

@@ -47,6 +47,11 @@ NSArray allItems(SBAppLayout self) {
     return item ? NSArray::with(item) : sendClass<NSArray, "array", NSArray>();
 }
 
+SBDisplayItem itemForRole(SBAppLayout self, long role) {
+    return role == primaryRole ? SBDisplayItem(stateOf<AppLayoutState>(self).item)
+                               : SBDisplayItem();
+}
+
 bool canMakeLayouts() { return classOf<SBAppLayout>() && classOf<SBDisplayItem>(); }
 
 Strong<SBAppLayout> layoutOf(NSString identifier) {
@@ -122,8 +127,26 @@ void noteRecent(const std::string& identifier) {
     for (unsigned long i = 0; i < old.count(); ++i) {
         if (!identifierIn(old.at(i)).equals(name)) fresh.add(old.at(i));
     }
-    recents.send<"_validateAndUpdateRecents:">(fresh);
+    if (recents.respondsTo(selector<"_validateAndUpdateRecents:">())) {
+        recents.send<"_validateAndUpdateRecents:">(fresh);
+    } else {
+        replaceLayouts(recents, fresh);
+    }
     recents.send<"_saveRecents">();
+}
+
+NSArray recentLayoutObjects() {
+    SBRecentAppLayouts recents = recentAppLayouts();
+    return recents ? NSArray(layouts(recents)) : NSArray();
+}
+
+std::vector<std::string> recentIdentifiers() {
+    std::vector<std::string> identifiers;
+    NSArray all = recentLayoutObjects();
+    for (unsigned long i = 0; i < all.count(); ++i) {
+        if (NSString identifier = identifierIn(all.at(i))) identifiers.push_back(text(identifier));
+    }
+    return identifiers;
 }
 
 void setRecents(const std::vector<std::string>& identifiers) {
@@ -148,10 +171,10 @@ void registerRecents() {
         .method<"bundleIdentifier", &identifierOf>();
     standIn<SBAppLayout, Object, AppLayoutState>()
         .method<"rolesToLayoutItemsMap", &rolesToLayoutItemsMap>()
+        .method<"itemForLayoutRole:", &itemForRole>()
         .method<"allItems", &allItems>();
-    // Up to system 12 the list is the variable _recents, from 13 on _allRecents; both are reached
-    // by key here.
-    standIn<SBRecentAppLayouts, Object, RecentsState>()
+    // Up to system 12 the list is the variable _recents, from 13 on _allRecents.
+    standIn<SBRecentAppLayouts, Object, RecentsState>(Variables{"_recents", "_allRecents"})
         .classMethod<"sharedInstance", &sharedInstance>()
         .method<"_recents", &layouts>()
         .method<"_allRecents", &layouts>()

@@ -16,6 +16,9 @@ VANTORI_CLASS(SBRecentAppLayouts, Object);
 void noteRecent(const std::string& identifier);
 // Replaces the list without saving it.
 void setRecents(const std::vector<std::string>& identifiers);
+// Bundle identifiers, newest first.
+std::vector<std::string> recentIdentifiers();
+NSArray recentLayoutObjects();
 // What the scenario says, else what was saved when the phone was last on.
 void restoreRecents();
 // The one object that keeps the list; made on first use.

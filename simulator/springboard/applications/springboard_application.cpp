@@ -1,5 +1,6 @@
 #include "simulator/springboard/applications/springboard_application.hpp"
 
+#include "simulator/services/brightness.hpp"
 #include "simulator/services/media_player.hpp"
 #include "simulator/springboard/applications/applications.hpp"
 #include "simulator/springboard/display/orientation.hpp"
@@ -37,6 +38,8 @@ int nowPlayingProcess(SpringBoard self) {
 
 bool isNowPlayingApplicationPlaying(SpringBoard) { return MediaPlayer::shared().isPlaying(); }
 
+constexpr const char* brightnessVariable = "_displayBrightnessController";
+
 bool launch(SpringBoard, NSString identifier, bool suspended) {
     return identifier && launchApplication(identifier.utf8(), suspended);
 }
@@ -44,7 +47,7 @@ bool launch(SpringBoard, NSString identifier, bool suspended) {
 }  // namespace
 
 void registerSpringBoardApplication() {
-    standIn<SpringBoard, UIApplication, SpringBoardState>()
+    standIn<SpringBoard, UIApplication, SpringBoardState>(Variables{}.andReal({brightnessVariable}))
         .method<"_accessibilityFrontMostApplication", &frontMost>()
         .method<"_frontMostAppOrientation", &orientation>()
         .method<"activeInterfaceOrientation", &orientation>()
@@ -57,6 +60,10 @@ void registerSpringBoardApplication() {
         .method<"nowPlayingProcessPID", &nowPlayingProcess>()
         .method<"isNowPlayingAppPlaying", &isNowPlayingApplicationPlaying>()
         .method<"launchApplicationWithIdentifier:suspended:", &launch>();
+}
+
+void fillVariables(SpringBoard springBoard) {
+    setVariable(springBoard, brightnessVariable, displayBrightnessController());
 }
 
 }  // namespace simulator

@@ -225,6 +225,8 @@ void preparedForExpanding(SBControlCenterController) {
     state().stage = Stage::prepared;
 }
 
+UIViewController viewController(SBControlCenterController) { return modularControlCenter(); }
+
 // The module that is expanded, alone over everything else.
 void showExpandedView(SBControlCenterController self) {
     if (isClosed()) preparedForExpanding(self);
@@ -339,6 +341,7 @@ void registerControlCenter() {
                             .method<"presentAnimated:completion:", &present>()
                             .method<"dismissAnimated:completion:", &dismiss>()
                             .method<"isVisible", &isVisible>()
+                            .realMethod<"viewController", &viewController>()
                             .method<"preparedForExpanding", &preparedForExpanding>()
                             .method<"showExpandedViewAnimated", &showExpandedView>()
                             .method<"_handleDismissTap:", &handleDismissTap>()

@@ -17,6 +17,11 @@ struct CCUIContentModuleContainerView : UIView {
     using UIView::UIView;
 };
 
+struct CCUIModularControlCenterViewController : UIViewController {
+    static constexpr FixedString name{"CCUIModularControlCenterViewController"};
+    using UIViewController::UIViewController;
+};
+
 struct ContainerState {
     Strong<CCUIModuleInstance> instance;
     CGRect compact;
@@ -171,6 +176,22 @@ void vntExpand(CCUIModuleCollectionViewController self, NSString identifier) {
     self.send<"expandModuleWithIdentifier:">(identifier);
 }
 
+bool isExpandedFor(CCUIModuleCollectionViewController, NSString identifier) {
+    return identifier && isModuleExpanded() && state().expanded.equals(identifier);
+}
+
+unsigned long expandedCount(CCUIModuleCollectionViewController) {
+    return isModuleExpanded() ? 1 : 0;
+}
+
+CCUIModuleCollectionViewController modularCollection(CCUIModularControlCenterViewController) {
+    return moduleCollection();
+}
+
+void expandInModular(CCUIModularControlCenterViewController, NSString identifier) {
+    moduleCollection().send<"expandModuleWithIdentifier:">(identifier);
+}
+
 NSString expandedIdentifier(CCUIModuleCollectionViewController) { return state().expanded; }
 
 CCUIContentModuleContainerView expandedTile() {
@@ -183,6 +204,12 @@ CCUIModuleCollectionViewController moduleCollection() {
     static auto& shared = *new Strong<CCUIModuleCollectionViewController>;
     const bool ours = Defined<CCUIModuleCollectionViewController>::value != nullptr;
     if (!shared && ours) shared = create<CCUIModuleCollectionViewController>();
+    return shared;
+}
+
+UIViewController modularControlCenter() {
+    static auto& shared = *new Strong<CCUIModularControlCenterViewController>;
+    if (!shared) shared = create<CCUIModularControlCenterViewController>();
     return shared;
 }
 
@@ -247,8 +274,14 @@ void registerModuleGrid() {
         .classMethod<"sharedInstance", &sharedInstance>()
         .method<"expandModuleWithIdentifier:", &expand>()
         .method<"vntExpandModuleWithIdentifier:", &vntExpand>()
+        .realMethod<"isModuleExpandedForIdentifier:", &isExpandedFor>()
+        .realMethod<"expandedModuleCount", &expandedCount>()
         .method<"expandedModuleIdentifier", &expandedIdentifier>()
         .method<"_handleModulePress:", &handleModulePress>();
+    realStandIn<CCUIModularControlCenterViewController, UIViewController>()
+        .classMethod<"_sharedCollectionViewController", &sharedInstance>()
+        .method<"moduleCollectionViewController", &modularCollection>()
+        .method<"expandModuleWithIdentifier:", &expandInModular>();
 }
 
 }  // namespace simulator

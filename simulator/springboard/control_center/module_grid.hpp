@@ -9,6 +9,9 @@ namespace simulator {
 
 CCUIModuleCollectionViewController moduleCollection();
 
+// Real systems reach the grid by this controller. Empty on other phones.
+UIViewController modularControlCenter();
+
 // Lays the grid out in a screen of that size: hanging from the top, or standing on the foot.
 enum class GridSide { top, foot };
 void layModules(CGSize screen, GridSide side);

@@ -1,6 +1,7 @@
 #include "simulator/springboard/gestures/reachability.hpp"
 
 #include "simulator/springboard/display/windows.hpp"
+#include "simulator/springboard/gestures/switcher_gestures.hpp"
 
 namespace simulator {
 
@@ -45,6 +46,20 @@ void toggleMode(SBReachabilityManager self) {
     slide(windows().scenes, active);
 }
 
+// 11 names who asks for it.
+void toggleModeFor(SBReachabilityManager self, Object) { toggleMode(self); }
+
+bool canActivate(SBReachabilityManager self) {
+    const ReachabilityState& state = stateOf<ReachabilityState>(self);
+    return !state.disabled && !state.active;
+}
+
+// The action of the swipe, in every state of its gesture. It asks neither of the two toggles.
+void activate(SBReachabilityManager self, UIGestureRecognizer gesture) {
+    if (gesture.state() != UIGestureRecognizer::ended) return;
+    if (self.send<"canActivateReachability", bool>()) toggleMode(self);
+}
+
 void handleReachabilityPan(SBBarSwipeAffordanceView, UIPanGestureRecognizer) {
     reachabilityManager().send<"toggleReachability">();
 }
@@ -57,6 +72,21 @@ SBReachabilityManager reachabilityManager() {
     return shared;
 }
 
+void swipeForReachability() {
+    SBFluidSwitcherGestureManager gestures = gestureManager();
+    SBReachabilityManager manager = reachabilityManager();
+    constexpr auto action = &selector<"_activateReachability:">;
+    Object target = manager;
+    if (!target.respondsTo(action())) target = gestures;
+    if (!target.respondsTo(action()) || manager.send<"reachabilityModeActive", bool>()) return;
+    static auto& pan = *new Strong<SBSystemPanGestureRecognizer>(makeSystemPan({}));
+    drive(pan, {.state = UIGestureRecognizer::began});
+    if (gestures && !gestures.send<"_shouldBeginReachabilityGesture:", bool>(pan)) return;
+    target.send<"_activateReachability:">(pan);
+    drive(pan, {.state = UIGestureRecognizer::ended});
+    target.send<"_activateReachability:">(pan);
+}
+
 void registerReachability() {
     standIn<SBReachabilityManager, Object, ReachabilityState>()
         .classMethod<"sharedInstance", &sharedInstance>()
@@ -64,7 +94,10 @@ void registerReachability() {
         .method<"setReachabilityEnabled:", &setReachabilityEnabled>()
         .method<"reachabilityModeActive", &reachabilityModeActive>()
         .method<"toggleReachability", &toggleMode>()
-        .method<"_toggleReachabilityMode", &toggleMode>();
+        .method<"_toggleReachabilityMode", &toggleMode>()
+        .realMethod<"_toggleReachabilityModeWithRequestingObserver:", &toggleModeFor>()
+        .realMethod<"canActivateReachability", &canActivate>()
+        .realMethod<"_activateReachability:", &activate>();
     standIn<SBBarSwipeAffordanceView, UIView>()
         .method<"_handleReachabilityPanGesture:", &handleReachabilityPan>();
     // Kept by name from earlier systems; nothing of this phone makes one.

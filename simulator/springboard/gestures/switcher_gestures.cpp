@@ -58,6 +58,12 @@ bool shouldBeginReachability(SBFluidSwitcherGestureManager, UIGestureRecognizer)
     return reachabilityManager().send<"reachabilityEnabled", bool>();
 }
 
+// The action of the swipe on 11, in every state of its gesture.
+void activateReachability(SBFluidSwitcherGestureManager, UIGestureRecognizer gesture) {
+    if (gesture.state() != UIGestureRecognizer::ended) return;
+    reachabilityManager().send<"toggleReachability">();
+}
+
 // Mostly upward pulls may begin anywhere along the edge, others only in its middle two thirds.
 bool shouldBegin(SBFluidSwitcherGestureExclusionTrapezoid self, CGPoint start, CGPoint velocity,
                  CGRect bounds) {
@@ -110,13 +116,14 @@ SBFluidSwitcherGestureExclusionTrapezoid exclusionTrapezoid() {
 }
 
 void registerSwitcherGestures() {
-    standIn<SBGrabberTongue, Object, TongueState>()
+    standIn<SBGrabberTongue, Object, TongueState>(
+        Variables{"_tongueContainer", "_edgePullGestureRecognizer"})
         .method<"_tongueContainer", &tongueContainer>()
         .method<"_edgePullGestureRecognizer", &edgePull>();
-    const auto manager =
-        standIn<SBFluidSwitcherGestureManager, Object, ManagerState>()
-            .method<"deckGrabberTongue", &deckGrabberTongue>()
-            .method<"_shouldBeginReachabilityGesture:", &shouldBeginReachability>();
+    const auto manager = standIn<SBFluidSwitcherGestureManager, Object, ManagerState>()
+                             .method<"deckGrabberTongue", &deckGrabberTongue>()
+                             .method<"_shouldBeginReachabilityGesture:", &shouldBeginReachability>()
+                             .realMethod<"_activateReachability:", &activateReachability>();
     answerPulls<SBFluidSwitcherGestureManager, beganPulling, updatedPulling, endedPulling,
                 canceledPulling>(manager);
     standIn<SBFluidSwitcherGestureExclusionTrapezoid, Object>()

@@ -6,9 +6,11 @@
 #include "simulator/hardware/configuration.hpp"
 #include "simulator/hardware/display.hpp"
 #include "simulator/runtime/clock.hpp"
+#include "simulator/runtime/presence.hpp"
 #include "simulator/springboard/control_center/control_center.hpp"
 #include "simulator/springboard/display/lock_screen.hpp"
 #include "simulator/springboard/display/orientation.hpp"
+#include "simulator/springboard/gestures/reachability.hpp"
 #include "simulator/springboard/gestures/switcher_gestures.hpp"
 
 namespace simulator {
@@ -16,6 +18,8 @@ namespace simulator {
 namespace {
 
 constexpr double bottomBand = 8;  // points above the bottom edge where a pull starts
+// Points above the bottom edge, beside the home bar, where a swipe down asks for Reachability.
+constexpr double footBand = 34;
 // Points below the top edge, as high as the status bar.
 constexpr double topBand = 20;
 constexpr double topBandBesideNotch = 44;
@@ -66,6 +70,9 @@ void reportPull(const PullReport& report) {
         reportSwitcherPull(report);
     }
 }
+
+// Other phones than real ones have another action for it, which nothing drives.
+bool hasReachabilitySwipe() { return realRelease() != 0 && !configuration().homeButton; }
 
 double interfaceHeight() { return interfaceSize(activeOrientation()).height; }
 
@@ -136,6 +143,8 @@ void SystemGestures::down(CGPoint place) {
     kind_ = Kind::none;
     if (place.y >= size.height - bottomBand) {
         kind_ = Kind::bottomEdge;
+    } else if (place.y >= size.height - footBand && hasReachabilitySwipe()) {
+        kind_ = Kind::foot;
     } else if (place.y <= (notch ? topBandBesideNotch : topBand) && right) {
         kind_ = Kind::statusBar;
     }
@@ -147,7 +156,7 @@ void SystemGestures::down(CGPoint place) {
 bool SystemGestures::begins(CGPoint velocity) const {
     double away = kind_ == Kind::bottomEdge ? start_.y - place_.y : place_.y - start_.y;
     if (away < hysteresis) return false;
-    return kind_ == Kind::statusBar || pullMayBegin(start_.x, velocity);
+    return kind_ != Kind::bottomEdge || pullMayBegin(start_.x, velocity);
 }
 
 bool SystemGestures::moved(CGPoint place, double time) {
@@ -188,6 +197,10 @@ bool SystemGestures::cancelled() {
 }
 
 void SystemGestures::report(GestureStage stage, double velocity) {
+    if (kind_ == Kind::foot) {
+        if (stage == UIGestureRecognizer::ended && !isLocked()) swipeForReachability();
+        return;
+    }
     if (kind_ == Kind::statusBar) {
         reportStatusBarPull(stage, toDisplay(place_, activeOrientation()), velocity);
         return;

@@ -43,7 +43,7 @@ class SystemGestures {
     bool cancelled();
 
   private:
-    enum class Kind { none, bottomEdge, statusBar };
+    enum class Kind { none, bottomEdge, foot, statusBar };
     void report(GestureStage stage, double velocity);
     bool begins(CGPoint velocity) const;
 

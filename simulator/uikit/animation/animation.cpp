@@ -135,14 +135,16 @@ void animate(const AnimationRequest& asked, BlockRef<void()> changes, Finished c
     bool moves = enabled && request.duration + request.delay > 0;
     {
         BlockScope scope({request, moves ? group : nullptr});
-        changes();
+        // By a copy, as of every block that the phone gets: only who moves a block signed on arm64e
+        // tells whether its functions are signed for where they lie.
+        KeptBlock<void()>{changes}();
     }
     group->begin();
 }
 
 void withoutAnimation(BlockRef<void()> changes) {
     BlockScope scope(OpenBlock{{}, nullptr});
-    changes();
+    KeptBlock<void()>{changes}();
 }
 
 bool animationsEnabled() { return enabled; }

@@ -82,7 +82,7 @@ void present(UIViewController presenting, UIViewController presented, BlockRef<v
         view.setFrame(valuesOf(window).bounds);
         window.addSubview(view);
     }
-    completion();
+    KeptBlock<void()>{completion}();
 }
 
 void dismiss(UIViewController controller, BlockRef<void()> completion) {
@@ -96,7 +96,7 @@ void dismiss(UIViewController controller, BlockRef<void()> completion) {
             removeFromSuperview(viewOf(presented));
         }
     }
-    completion();
+    KeptBlock<void()>{completion}();
 }
 
 void addLoading(const Table<UIViewController>& controllers) {

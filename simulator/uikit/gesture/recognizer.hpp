@@ -18,7 +18,8 @@ struct TargetAction {
     SEL action;
 };
 
-// Also the numbers of the kinds, each of which uses a few.
+// Also the numbers of the kinds, each of which uses a few. No constructor runs: a new recogniser is
+// zero bytes, so a flag says where it departs from UIKit's default, negated where the default is YES.
 struct RecognizerState {
     long state;
     UIView view;      // not owned

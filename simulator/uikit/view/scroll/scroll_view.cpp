@@ -21,6 +21,8 @@ constexpr double offsetDuration = 0.3;  // of setContentOffset:animated:
 
 enum class Motion : long { none, decelerating, offset };
 
+// No constructor runs: a new view is zero bytes, so a flag says where it departs from UIKit's default,
+// negated where the default is YES.
 struct ScrollState {
     CGSize content;
     Object delegate;  // not owned

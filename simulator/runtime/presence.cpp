@@ -1,0 +1,28 @@
+#include "simulator/runtime/presence.hpp"
+
+#include "simulator/runtime/missing.hpp"
+
+namespace simulator {
+
+namespace {
+
+int release = 0;
+
+}  // namespace
+
+void makeReal(int of) { release = of; }
+
+int realRelease() { return release; }
+
+bool has(std::string_view className, Kind kind, std::string_view name, On phones) {
+    if (release == 0) return phones == On::allPhones;
+    const auto known = finding(className, kind, name, release);
+    return known ? known->found != Found::absent : phones == On::allPhones;
+}
+
+bool hasClass(std::string_view className, On phones) {
+    if (isMissing(className)) return false;
+    return has(className, Kind::type, "", phones);
+}
+
+}  // namespace simulator

@@ -1,0 +1,98 @@
+// The switcher's appearing puts a lifted application back, on phones as real ones are.
+#include "hooks/hook_switcher.hpp"
+
+#include "pages/lifted_scene.hpp"
+#include "tests/library_phone.hpp"
+
+namespace vantori::tests {
+namespace {
+
+class RealSwitcher : public LibraryPhone {
+  protected:
+    // An application in front, lifted by the open toolbar.
+    void lift(const char* system) {
+        phone_->system(system);
+        phone_->real();
+        set("alwaysSpringBoardStyle", false);
+        set("layoutDirection", 1);
+        boot();
+        phone_->open("com.example.notes");
+        phone_->grabber(simulator::PullPhase::began, 60, 10, 0);
+        phone_->grabber(simulator::PullPhase::ended, 60, 115, 0);
+        phone_->wait(1);
+    }
+    static Object switcher() {
+        Object cls(classObject(objc_getClass("SBMainSwitcherViewController")));
+        return cls.send<"sharedInstance", Object>();
+    }
+    static void activate() {
+        Object shared = switcher();
+        shared.sendIfAnswered<"activateSwitcherNoninteractivelyWithSource:", bool>(1L);
+        shared.sendIfAnswered<"activateMainSwitcherNoninteractivelyWithSource:animated:", bool>(
+            1L, true);
+    }
+    static bool isVisible() {
+        Object shared = switcher();
+        return shared.sendIfAnswered<"isVisible", bool>() ||
+               shared.sendIfAnswered<"isAnySwitcherVisible", bool>();
+    }
+    static double sceneTop() { return sceneContainer().frame().origin.y; }
+    static double sceneRadius() { return sceneContainer().layer().cornerRadius(); }
+};
+
+class SwitcherOnSystem : public RealSwitcher, public testing::WithParamInterface<const char*> {};
+
+TEST_P(SwitcherOnSystem, PutsTheLiftedApplicationBack) {
+    lift(GetParam());
+    EXPECT_EQ(sceneTop(), -115);
+    EXPECT_EQ(sceneRadius(), 30);
+    activate();
+    EXPECT_TRUE(isVisible());
+    EXPECT_EQ(sceneTop(), 0);
+    EXPECT_EQ(sceneRadius(), 0);
+    phone_->wait(1);
+    EXPECT_FALSE(phone_->crashed());
+}
+
+// Opening another application is a transition too, of which this is no part.
+TEST_P(SwitcherOnSystem, OtherTransitionsLeaveItLifted) {
+    lift(GetParam());
+    phone_->open("com.example.maps");
+    EXPECT_EQ(sceneTop(), -115);
+    phone_->wait(1);
+    EXPECT_FALSE(isVisible());
+}
+
+TEST_P(SwitcherOnSystem, IsHookedUnderOneName) {
+    lift(GetParam());
+    const bool later =
+        phone_->hooked("SBMainSwitcherViewController",
+                       "layoutStateTransitionCoordinator:transitionDidBeginWithTransitionContext:");
+    const bool earlier =
+        phone_->hooked("SBMainSwitcherViewController",
+                       "sceneLayoutController:didBeginLayoutStateTransitionWithContext:");
+    EXPECT_NE(later, earlier);
+}
+
+INSTANTIATE_TEST_SUITE_P(Systems, SwitcherOnSystem,
+                         testing::Values("11.0", "11.4", "12.4", "13.3", "13.5", "14.2", "14.8"));
+
+// On the phone that is not real the container of its cards is enough, and nothing else is hooked.
+TEST_F(RealSwitcher, TheContainersPhoneHooksNothingElse) {
+    boot();
+    EXPECT_TRUE(phone_->hooked("SBSwitcherContainerView", "didMoveToWindow"));
+    EXPECT_EQ(objc_getClass("SBMainSwitcherViewController"), nullptr);
+}
+
+// Contexts that do not say what comes, or say it to no purpose, move nothing.
+TEST_F(RealSwitcher, AContextThatSaysNothingMovesNothing) {
+    lift("14.2");
+    System<void(Object, Object)> system(nullptr, nullptr, nullptr);
+    layoutTransitionBegan(system, switcher(), Object(), Object());
+    layoutTransitionBegan(system, switcher(), Object(), "no context"_ns);
+    sceneTransitionBegan(system, Object(), Object(), "no context"_ns);
+    EXPECT_EQ(sceneTop(), -115);
+}
+
+}  // namespace
+}  // namespace vantori::tests

@@ -1,0 +1,141 @@
+// Hosting on phones as real ones are, none of whose processes knows of scenes: the application is shown
+// live in the host's view.
+#include "pages/live_application.hpp"
+
+#include "pages/application_host.hpp"
+#include "platform/springboard_icons.hpp"
+#include "tests/library_phone.hpp"
+
+namespace vantori::tests {
+namespace {
+
+constexpr const char* notes = "com.example.notes";
+constexpr const char* maps = "com.example.maps";
+
+id refuse(id raw, SEL, id) {
+    Object(raw).send<"release">();
+    return nullptr;
+}
+id refuseController(id raw, SEL, id, id) {
+    Object(raw).send<"release">();
+    return nullptr;
+}
+
+class RealHost : public LibraryPhone {
+  protected:
+    void bootReal(const char* system) {
+        phone_->system(system);
+        phone_->real();
+        boot();
+        host_ = create<VNTApplicationHostViewController>();
+    }
+    static SBApplication application(const char* identifier) {
+        return SBApplicationController::shared().application(NSString::from(identifier));
+    }
+    template <class Replacement>
+    static void replace(const char* cls, SEL message, Replacement replacement) {
+        IMP system = nullptr;
+        MSHookMessageEx(objc_getClass(cls), message, reinterpret_cast<IMP>(replacement), &system);
+    }
+    // The controller whose view the host shows; the scene is in it once it hosts an application.
+    Object live() {
+        NSArray children = host_.send<"childViewControllers", NSArray>();
+        return children.count() > 0 ? children.at(0) : Object();
+    }
+    bool shows() { return live().send<"isHostingAnApp", bool>(); }
+    int entities() {
+        return phone_->calledCount("SBDeviceApplicationSceneEntity",
+                                   "initWithApplicationForMainDisplay:");
+    }
+    Strong<VNTApplicationHostViewController> host_;
+};
+
+class HostOnSystem : public RealHost, public testing::WithParamInterface<const char*> {};
+
+TEST_P(HostOnSystem, ShowsTheApplicationOnceItsSceneIsMade) {
+    bootReal(GetParam());
+    host_.launchApplication(application(notes));
+    EXPECT_EQ(phone_->launchedSuspendedCount(notes), 1);
+    EXPECT_FALSE(shows());  // made later, on the main queue
+    phone_->wait(0.5);
+    EXPECT_TRUE(shows());
+    ASSERT_EQ(host_.view().subviews().count(), 1u);
+    EXPECT_EQ(host_.view().subviews().at<UIView>(0).frame(), host_.view().bounds());
+    EXPECT_EQ(phone_->loggedCount("[Vantori]"), 0);
+    EXPECT_FALSE(phone_->crashed());
+}
+
+INSTANTIATE_TEST_SUITE_P(Systems, HostOnSystem,
+                         testing::Values("11.0", "11.4", "12.4", "13.3", "13.5", "14.2", "14.8"));
+
+TEST_F(RealHost, AnotherTakesThePlace) {
+    bootReal("14.2");
+    host_.launchApplication(application(notes));
+    Strong<Object> first = retained(live());
+    host_.launchApplication(application(maps));
+    phone_->wait(0.5);
+    EXPECT_FALSE((first.send<"isHostingAnApp", bool>()));  // invalidated before its scene came
+    EXPECT_FALSE(live() == first);
+    EXPECT_TRUE(shows());
+    EXPECT_EQ(host_.view().subviews().count(), 1u);
+    EXPECT_EQ((host_.send<"childViewControllers", NSArray>().count()), 1u);
+}
+
+TEST_F(RealHost, LaunchingIntoTheViewLetsItGo) {
+    bootReal("13.5");
+    host_.launchApplication(application(notes));
+    phone_->wait(0.5);
+    Strong<Object> controller = retained(live());
+    host_.launchApplicationWithApplication(application(maps));
+    EXPECT_EQ(host_.view().subviews().count(), 0u);
+    EXPECT_FALSE((controller.send<"isHostingAnApp", bool>()));
+    EXPECT_EQ(phone_->calledCount("SBAppViewController", "invalidate"), 1);
+}
+
+TEST_F(RealHost, TheEndOfTheHostIsTheEndOfTheScene) {
+    bootReal("14.2");
+    {
+        AutoreleasePool pool;
+        host_.launchApplication(application(notes));
+        phone_->clear();  // the journal holds the latest arguments, the host among them
+        host_ = {};
+    }
+    phone_->wait(0.5);
+    EXPECT_EQ(phone_->calledCount("SBAppViewController", "invalidate"), 1);
+    EXPECT_FALSE(phone_->crashed());
+}
+
+TEST_F(RealHost, NothingToLaunchIsNothing) {
+    bootReal("14.2");
+    host_.launchApplication({});
+    host_.launchApplication(application("com.example.gone"));
+    EXPECT_EQ(entities(), 0);
+    EXPECT_FALSE(phone_->crashed());
+}
+
+TEST_F(RealHost, ARefusedEntityTurnsItOff) {
+    bootReal("14.2");
+    replace("SBDeviceApplicationSceneEntity", selector<"initWithApplicationForMainDisplay:">(),
+            &refuse);
+    host_.launchApplication(application(notes));
+    host_.launchApplication(application(maps));
+    phone_->wait(0.5);
+    EXPECT_EQ(host_.view().subviews().count(), 0u);
+    EXPECT_EQ(phone_->loggedCount("[Vantori] hosting an application is off"), 1);
+    EXPECT_EQ(phone_->launchedSuspendedCount(maps), 1);
+    EXPECT_FALSE(phone_->crashed());
+}
+
+TEST_F(RealHost, ARefusedControllerTurnsItOff) {
+    bootReal("12.4");
+    replace("SBAppViewController", selector<"initWithIdentifier:andApplicationSceneEntity:">(),
+            &refuseController);
+    host_.launchApplication(application(notes));
+    host_.launchApplication(application(notes));
+    EXPECT_EQ(entities(), 1);  // not asked again
+    EXPECT_EQ(phone_->loggedCount("[Vantori] hosting an application is off"), 1);
+    EXPECT_FALSE(phone_->crashed());
+}
+
+}  // namespace
+}  // namespace vantori::tests
