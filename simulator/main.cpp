@@ -165,6 +165,9 @@ int main(int argc, char** argv) {
     runCommand->add_flag("--stop-at-first", options.stopAtFirst,
                          "End at the first file that failed");
     runCommand->add_flag("--real", options.real, realHelp);
+    bool everySystem = false;
+    runCommand->add_flag("--matrix", everySystem,
+                         "Run each file that does not say its system on real phones of all systems");
     runCommand
         ->add_option("--report", options.report,
                      "Write a page on what failed (index.html) and junit.xml there")
@@ -214,6 +217,7 @@ int main(int argc, char** argv) {
         if (!library.empty()) simulator::nameExtension(library);
         if (runCommand->parsed()) {
             options.settings = parsed(runSettings);
+            if (everySystem) options.matrix = simulator::knownSystems();
             if (!slice.empty()) simulator::nameSlice(slice);
             return simulator::scenario::runFiles(files, options, simulator::makePhone, std::cout);
         }

@@ -14,19 +14,19 @@ namespace simulator {
 
 namespace {
 
-std::string textOf(NSString string) { return string ? string.utf8() : ""; }
+std::string utf8(NSString string) { return string ? string.utf8() : ""; }
 
 // What the view answers to a message that it may not have.
 template <FixedString message>
 std::string answer(UIView view) {
     if (!view.respondsTo(selector<message>())) return "";
-    return textOf(view.send<message, NSString>());
+    return utf8(view.send<message, NSString>());
 }
 
 std::string shownText(UIView view) {
     if (view.isKindOfClass(classOf<UILabel>())) return textOf(as<UILabel>(view)).text;
     if (view.isKindOfClass(classOf<UIButton>()))
-        return textOf(view.send<"currentTitle", NSString>());
+        return utf8(view.send<"currentTitle", NSString>());
     return "";
 }
 

@@ -6,8 +6,8 @@
 
 namespace simulator {
 
-// Why no such method can ever run or be hooked; nothing when one can. A class that the scenario took
-// away is one that there can be.
+// Why no such method can ever run or be hooked: this system has no such class, or no system has such a
+// method in it. Nothing when one can. A class that the scenario took away is one that there can be.
 std::optional<std::string> mistakeInMethodName(const std::string& className,
                                                const std::string& selector);
 

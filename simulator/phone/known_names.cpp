@@ -3,11 +3,13 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
+#include <cstdio>
 #include <iomanip>
+#include <utility>
 
 #include "simulator/hardware/configuration.hpp"
 #include "simulator/hardware/device_table.hpp"
+#include "simulator/runtime/system_table.hpp"
 
 namespace simulator {
 
@@ -41,16 +43,21 @@ constexpr std::array<Setting, 18> settings{{
     {"dailyBar", "none", "the same"},
 }};
 
-// What a version may be: whole numbers from a major and a minor one on.
-constexpr int oldestMajor = 11, newestMajor = 14, newestMinor = 8;
+// 0 for what is not there.
+std::pair<int, int> numbers(const std::string& version) {
+    int major = 0, minor = 0;
+    std::sscanf(version.c_str(), "%d.%d", &major, &minor);
+    return {major, minor};
+}
 
-std::optional<int> wholeNumber(std::string_view& text) {
-    int number = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    if (error != std::errc()) return std::nullopt;
-    text.remove_prefix(static_cast<std::size_t>(end - text.data()));
-    if (text.starts_with('.')) text.remove_prefix(1);
-    return number;
+// The versions of one major one in a row, parted by blanks.
+std::string inRows(const std::vector<std::string>& systems) {
+    std::string text;
+    for (const std::string& system : systems) {
+        const bool first = system.ends_with(".0");
+        text += (first && !text.empty() ? "\n  " : text.empty() ? "  " : " ") + system;
+    }
+    return text;
 }
 
 }  // namespace
@@ -58,6 +65,12 @@ std::optional<int> wholeNumber(std::string_view& text) {
 std::vector<std::string> knownDevices() {
     std::vector<std::string> names;
     for (const DeviceModel& model : deviceModels()) names.emplace_back(model.identifier);
+    return names;
+}
+
+std::vector<std::string> knownSystems() {
+    std::vector<std::string> names;
+    eachRelease([&](int release) { names.push_back(versionOf(release)); });
     return names;
 }
 
@@ -83,13 +96,12 @@ std::optional<std::string> mistakeInDevice(std::string_view identifier) {
 }
 
 std::optional<std::string> mistakeInSystem(std::string_view version) {
-    std::string_view rest = version;
-    const auto major = wholeNumber(rest);
-    const auto minor = wholeNumber(rest).value_or(0);
-    if (major && *major >= oldestMajor && *major <= newestMajor &&
-        (*major < newestMajor || minor <= newestMinor))
-        return std::nullopt;
-    return "there is no system " + std::string(version) + ": they are 11.0 to 14.8";
+    const std::vector<std::string> names = knownSystems();
+    const auto asked = numbers(std::string(version));
+    // Between the oldest and the newest, also where there was no such release.
+    if (asked >= numbers(names.front()) && asked <= numbers(names.back())) return std::nullopt;
+    return "there is no system " + std::string(version) + ": they are " + names.front() + " to " +
+           names.back();
 }
 
 std::optional<std::string> mistakeInSetting(std::string_view key) {
@@ -107,7 +119,7 @@ void printDevices(std::ostream& output) {
                << std::setw(3) << model.width << " x " << std::setw(3) << model.height << " at "
                << model.scale << (model.homeButton ? ", home button" : "") << '\n';
     }
-    output << "Systems: 11.0 to 14.8\n";
+    output << "Systems:\n" << inRows(knownSystems()) << '\n';
 }
 
 void printSettings(std::ostream& output) {

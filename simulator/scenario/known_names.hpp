@@ -20,6 +20,7 @@ void printDevices(std::ostream& output);
 void printSettings(std::ostream& output);
 
 std::vector<std::string> knownDevices();
+std::vector<std::string> knownSystems();
 std::vector<std::string> knownSettings();
 std::vector<std::string> knownBundles();
 // Of the process as it is: on a phone that is on, the system's and the extension's.

@@ -1,6 +1,7 @@
 // What became of one file of a run, for the list at the end and for the report.
 #pragma once
 
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -20,6 +21,7 @@ struct RecordedFailure {
 
 struct Outcome {
     std::string file = {};
+    std::string system = {};  // of a matrix
     int status = 0;
     bool died = false;
     bool run = false;  // not when an earlier one stopped the run
@@ -30,7 +32,12 @@ struct Outcome {
     std::vector<RecordedFailure> failures = {};
 };
 
+// "a.scenario", "a.scenario on 12.4"
+std::string title(const Outcome& outcome);
 // "12 held, 1 failed", "cannot be run", …
 std::string summary(const Outcome& outcome);
+
+// What failed, of a matrix on which systems, and how many files and expectations held and failed.
+void tellTotal(const std::vector<Outcome>& outcomes, std::ostream& output);
 
 }  // namespace simulator::scenario

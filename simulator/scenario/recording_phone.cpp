@@ -111,6 +111,10 @@ void RecordingPhone::system(const std::string& version) {
     phone_.system(version);
     preparation("system " + version);
 }
+void RecordingPhone::real() {
+    phone_.real();
+    preparation("real");
+}
 void RecordingPhone::homeButton(bool present) {
     phone_.homeButton(present);
     preparation(statement("homebutton", yesOrNo(present)));

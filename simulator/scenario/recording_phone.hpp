@@ -29,6 +29,7 @@ class RecordingPhone final : public Phone {
     void device(const std::string& identifier) override;
     void screen(double width, double height, double scale) override;
     void system(const std::string& version) override;
+    void real() override;
     void homeButton(bool present) override;
     void missingClass(const std::string& name) override;
     void missingBundle(const std::string& path) override;
@@ -114,6 +115,8 @@ class RecordingPhone final : public Phone {
     int launchedSuspendedCount(const std::string& bundle) override {
         return phone_.launchedSuspendedCount(bundle);
     }
+    bool toggled(const std::string& name) override { return phone_.toggled(name); }
+    std::optional<PlayerLook> player() override { return phone_.player(); }
     std::optional<std::string> crashed() override { return phone_.crashed(); }
     void clear() override { phone_.clear(); }
     std::string tree(objc_object* root) override { return phone_.tree(root); }

@@ -102,6 +102,7 @@ void writeDetails(std::ostream& page, const char* title, const std::string& text
 void writeFailure(std::ostream& page, const Outcome& outcome, const RecordedFailure& failure) {
     page << "<article>\n<h2>" << escaped(outcome.file);
     if (failure.line > 0) page << ":" << failure.line;
+    if (!outcome.system.empty()) page << " on " << outcome.system;
     page << "</h2>\n<div class=\"parts\">\n<figure>";
     if (!failure.picture.empty())
         page << "<a href=\"" << failure.picture << "\"><img src=\"" << failure.picture
@@ -134,7 +135,7 @@ void writeFailure(std::ostream& page, const Outcome& outcome, const RecordedFail
 void writeList(std::ostream& page, const std::vector<Outcome>& outcomes) {
     page << "<h2>All files</h2>\n<table><tr><th>file</th><th>outcome</th><th>seconds</th></tr>\n";
     for (const Outcome& outcome : outcomes)
-        page << "<tr><td>" << escaped(outcome.file) << "</td><td class=\""
+        page << "<tr><td>" << escaped(title(outcome)) << "</td><td class=\""
              << (good(outcome) ? "good"
                  : outcome.run ? "bad"
                                : "quiet")
@@ -216,7 +217,8 @@ std::string reportForMachines(const std::vector<Outcome>& outcomes) {
     for (const Outcome& outcome : outcomes) {
         const std::filesystem::path file = outcome.file;
         xml << "<testcase classname=\"" << escaped(file.parent_path().string()) << "\" name=\""
-            << escaped(file.stem().string()) << "\" time=\"" << seconds(outcome.seconds) << "\">";
+            << escaped(file.stem().string())
+            << (outcome.system.empty() ? "" : " on " + outcome.system) << "\" time=\"" << seconds(outcome.seconds) << "\">";
         if (!outcome.run) xml << "<skipped/>";
         const char* element = outcome.died || outcome.status == 2 ? "error" : "failure";
         for (const RecordedFailure& failure : failuresOf(outcome)) {

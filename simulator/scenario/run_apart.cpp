@@ -1,6 +1,8 @@
 // Files in processes of their own: started, listened to, and told of when they have died.
+#include <fcntl.h>
 #include <poll.h>
 #include <sys/prctl.h>
+#include <sys/signalfd.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -14,44 +16,94 @@
 #include <iostream>
 #include <set>
 #include <sstream>
+#include <utility>
 
 #include "simulator/runtime/black_box.hpp"
 #include "simulator/scenario/outcome.hpp"
+#include "simulator/scenario/parser.hpp"
 #include "simulator/scenario/report.hpp"
 #include "simulator/scenario/runner.hpp"
 #include "simulator/scenario/session.hpp"
 
 namespace simulator::scenario {
 
-std::string summary(const Outcome& outcome) {
-    if (!outcome.run) return "not run";
-    if (outcome.status == 2) return "cannot be run";
-    return std::to_string(outcome.held) + " held, " + std::to_string(outcome.failed) + " failed" +
-           (outcome.died ? ", the phone died" : "");
-}
-
 namespace {
 
 using Clock = std::chrono::steady_clock;
 
-// The folder of each file under --root: named after it, and told apart where two have one name.
-std::vector<std::filesystem::path> rootsOf(const std::vector<std::string>& files,
-                                           const std::filesystem::path& root) {
-    std::vector<std::filesystem::path> roots;
+// What of a run one phone does: a file, in a matrix on one of the systems.
+struct Job {
+    std::string file;
+    std::string system;            // of a matrix
+    std::filesystem::path folder;  // its name below the folders that jobs share
+};
+
+bool saysItsSystem(const std::string& file) {
+    try {
+        for (const Statement& statement : parse(readFile(file)))
+            if (statement.form->keyword() == "system") return true;
+        return false;
+    } catch (const std::exception&) {
+        return true;  // what is wrong with it is told once
+    }
+}
+
+// Folders are named after the files, and told apart where two have one name.
+std::vector<Job> jobsOf(const std::vector<std::string>& files,
+                        const std::vector<std::string>& matrix) {
+    std::vector<Job> jobs;
     std::set<std::string> taken;
     for (const std::string& file : files) {
         const std::string stem = std::filesystem::path(file).stem().string();
         std::string name = stem;
         for (int number = 2; !taken.insert(name).second; ++number)
             name = stem + "-" + std::to_string(number);
-        roots.push_back(root.empty() || files.size() == 1 ? root : root / name);
+        if (matrix.empty() || saysItsSystem(file))
+            jobs.push_back({file, "", name});
+        else
+            for (const std::string& system : matrix)
+                jobs.push_back({file, system, std::filesystem::path(system) / name});
     }
-    return roots;
+    return jobs;
 }
+
+// The signals that end a program come as something to read, so that phones are ended and cleared up
+// after before this process goes the way that it would have gone.
+class EndingSignals {
+  public:
+    EndingSignals() {
+        sigemptyset(&signals_);
+        for (const int each : {SIGINT, SIGTERM, SIGHUP}) sigaddset(&signals_, each);
+        sigprocmask(SIG_BLOCK, &signals_, &before_);
+        descriptor_ = signalfd(-1, &signals_, SFD_CLOEXEC | SFD_NONBLOCK);
+    }
+    ~EndingSignals() {
+        if (descriptor_ >= 0) close(descriptor_);
+        unblock();
+        if (received_ != 0) std::raise(received_);
+    }
+    EndingSignals(const EndingSignals&) = delete;
+    EndingSignals& operator=(const EndingSignals&) = delete;
+
+    int descriptor() const { return descriptor_; }
+    // The first one that has come, or 0.
+    int take() {
+        signalfd_siginfo info{};
+        if (read(descriptor_, &info, sizeof info) == sizeof info && received_ == 0)
+            received_ = static_cast<int>(info.ssi_signo);
+        return received_;
+    }
+    void unblock() const { sigprocmask(SIG_SETMASK, &before_, nullptr); }
+
+  private:
+    sigset_t signals_{}, before_{};
+    int descriptor_ = -1;
+    int received_ = 0;
+};
 
 struct Child {
     pid_t process = 0;
-    int said = -1;  // what it says comes from there; -1 when it speaks for itself
+    int said = -1;  // what it says comes from there, unless it speaks for itself; ends with it
     BlackBox* box = nullptr;
     Clock::time_point began;
 };
@@ -63,25 +115,22 @@ class Run {
         : options_(options),
           makePhone_(makePhone),
           output_(output),
-          roots_(rootsOf(files, options.root)),
-          children_(files.size()),
-          alone_(files.size() == 1) {
-        for (const std::string& file : files) outcomes_.push_back({file});
+          jobs_(jobsOf(files, options.matrix)),
+          children_(jobs_.size()),
+          alone_(jobs_.size() == 1) {
+        for (const Job& job : jobs_) outcomes_.push_back({.file = job.file, .system = job.system});
     }
 
     int run() {
-        std::signal(SIGINT, SIG_IGN);  // the phones end by it, and are cleared up
         std::size_t next = 0;
-        while (next < outcomes_.size() || running_ > 0) {
-            while (next < outcomes_.size() && running_ < std::max(options_.jobs, 1U) && !stopping_)
+        while (next < jobs_.size() || running_ > 0) {
+            while (next < jobs_.size() && running_ < std::max(options_.jobs, 1U) && !stopping_)
                 start(next++);
-            if (running_ == 0) break;
-            listen();
+            if (running_ > 0) listen();
             tellFinished();
+            if (running_ == 0 && stopping_) break;
         }
-        std::signal(SIGINT, SIG_DFL);
-        if (interrupted_) std::raise(SIGINT);
-        if (!alone_) tellTotal();
+        if (!alone_) tellTotal(outcomes_, output_);
         if (!options_.report.empty()) writeReport(options_.report, outcomes_);
         int worst = 0;
         for (const Outcome& outcome : outcomes_) worst = std::max(worst, outcome.status);
@@ -94,7 +143,7 @@ class Run {
     void start(std::size_t index) {
         Child& child = children_[index];
         std::array<int, 2> ends{-1, -1};
-        if (listens() && pipe(ends.data()) != 0) return cannotStart(index);
+        if (pipe2(ends.data(), O_CLOEXEC) != 0) return cannotStart(index);
         if (!options_.report.empty()) takeNotes(options_.report, index);  // of an earlier run
         child.box = BlackBox::make();
         child.began = Clock::now();
@@ -103,7 +152,7 @@ class Run {
         child.process = child.box == nullptr ? -1 : fork();
         if (child.process < 0) return cannotStart(index);
         if (child.process == 0) beThePhone(index, ends[1]);
-        if (ends[1] >= 0) close(ends[1]);
+        close(ends[1]);
         child.said = ends[0];
         ++running_;
     }
@@ -114,36 +163,44 @@ class Run {
         outcome.status = 2;
         outcome.said =
             outcome.file + ": no process could be started: " + std::strerror(errno) + "\n";
-        if (alone_) output_ << outcome.said << std::flush;
     }
 
     [[noreturn]] void beThePhone(std::size_t index, int voice) {
-        std::signal(SIGINT, SIG_DFL);
+        signals_.unblock();
         prctl(PR_SET_PDEATHSIG, SIGKILL);
-        if (voice >= 0) {
+        // Kept open to the end, which is how the end is noticed.
+        if (listens()) {
             dup2(voice, STDOUT_FILENO);
             dup2(voice, STDERR_FILENO);
-            close(voice);
         }
         BlackBox::use(children_[index].box);
-        RunOptions options = options_;
-        options.root = roots_[index];
         FailureHearer record;
-        if (!options.report.empty())
-            record = [notes = FailureNotes(options.report, index)](Phone& phone,
+        if (!options_.report.empty())
+            record = [notes = FailureNotes(options_.report, index)](Phone& phone,
                                                                    const Failure& failure) mutable {
                 notes.add(phone, failure);
             };
         const int status =
-            runFile(outcomes_[index].file, options, makePhone_, std::cout, std::cerr, record);
+            runFile(jobs_[index].file, optionsOf(jobs_[index]), makePhone_, std::cout, std::cerr, record);
         children_[index].box->end();
         std::exit(status);
     }
 
+    RunOptions optionsOf(const Job& job) const {
+        RunOptions options = options_;
+        if (!options.root.empty() && !alone_) options.root /= job.folder;
+        if (job.system.empty()) return options;
+        options.system = job.system;
+        options.real = true;
+        if (options.pictures.empty())
+            options.pictures = std::filesystem::path(job.file).parent_path();
+        options.pictures /= job.system;
+        return options;
+    }
+
     // Waits until some phone says something or is gone.
     void listen() {
-        if (!listens()) return finish(0);
-        std::vector<pollfd> watched;
+        std::vector<pollfd> watched{{signals_.descriptor(), POLLIN, 0}};
         std::vector<std::size_t> whose;
         for (std::size_t i = 0; i < children_.size(); ++i) {
             if (children_[i].said < 0) continue;
@@ -151,8 +208,15 @@ class Run {
             whose.push_back(i);
         }
         if (poll(watched.data(), watched.size(), -1) < 0) return;
-        for (std::size_t i = 0; i < watched.size(); ++i)
-            if (watched[i].revents != 0) hear(whose[i]);
+        if (watched[0].revents != 0) endAll(signals_.take());
+        for (std::size_t i = 0; i < whose.size(); ++i)
+            if (watched[i + 1].revents != 0) hear(whose[i]);
+    }
+
+    void endAll(int signal) {
+        stopping_ = true;
+        for (const Child& child : children_)
+            if (child.said >= 0) kill(child.process, signal);
     }
 
     void hear(std::size_t index) {
@@ -170,7 +234,7 @@ class Run {
         int status = 0;
         while (waitpid(child.process, &status, 0) < 0 && errno == EINTR) {
         }
-        if (child.said >= 0) close(std::exchange(child.said, -1));
+        close(std::exchange(child.said, -1));
         --running_;
         outcome.run = true;
         outcome.seconds = std::chrono::duration<double>(Clock::now() - child.began).count();
@@ -185,10 +249,15 @@ class Run {
         BlackBox::discard(std::exchange(child.box, nullptr));
     }
 
+    static void tell(const char* heading, const std::vector<std::string>& lines,
+                     std::ostream& text) {
+        if (!lines.empty()) text << "  " << heading << ":\n";
+        for (const std::string& line : lines) text << "    " << line << '\n';
+    }
+
     // The phone ended without coming to the end of its file.
     void bury(Outcome& outcome, const BlackBox& box, int status) {
         const bool killed = WIFSIGNALED(status);
-        if (killed && WTERMSIG(status) == SIGINT) interrupted_ = stopping_ = true;
         outcome.died = true;
         outcome.status = 1;
         ++outcome.failed;
@@ -200,21 +269,22 @@ class Run {
                                 .statement = box.statement(),
                                 .expected = {},
                                 .got = cause,
-                                .message = box.statement() + ": " + cause};
+                                .message = cause,
+                                .journal = box.journal()};
         std::ostringstream text;
-        text << outcome.file << ":" << failure.line << ": " << failure.message << '\n';
-        text << "  messages in flight:\n";
-        for (const std::string& message : box.inFlight()) {
-            text << "    " << message << '\n';
-            failure.tree += message + "\n";
+        text << outcome.file;
+        if (box.line() > 0) {
+            failure.message = box.statement() + ": " + cause;
+            text << ":" << box.line();
         }
-        text << "  the last lines of the journal:\n";
-        failure.journal = box.journal();
-        for (const std::string& line : failure.journal) text << "    " << line << '\n';
+        text << ": " << failure.message << '\n';
+        const std::vector<std::string> inFlight = box.inFlight();
+        for (const std::string& message : inFlight) failure.tree += message + "\n";
+        tell("the messages in flight, the outermost first", inFlight, text);
+        tell("the last lines of the journal", failure.journal, text);
         text << outcome.held << " held, " << outcome.failed << " failed\n";
         outcome.said += text.str();
         outcome.failures.push_back(std::move(failure));
-        if (alone_ && !listens()) output_ << text.str() << std::flush;
         std::error_code error;
         if (!box.root().empty()) std::filesystem::remove_all(box.root(), error);
     }
@@ -224,11 +294,11 @@ class Run {
         for (; told_ < outcomes_.size() && outcomes_[told_].run; ++told_) {
             const Outcome& outcome = outcomes_[told_];
             if (alone_) {
-                if (listens()) output_ << outcome.said << std::flush;
+                output_ << outcome.said << std::flush;
                 continue;
             }
             const std::string counts = summary(outcome) + "\n";
-            output_ << "[" << told_ + 1 << "/" << outcomes_.size() << "] " << outcome.file;
+            output_ << "[" << told_ + 1 << "/" << outcomes_.size() << "] " << title(outcome);
             // What says nothing but that all held is one line.
             if (outcome.said == counts)
                 output_ << ": " << counts << std::flush;
@@ -237,31 +307,15 @@ class Run {
         }
     }
 
-    void tellTotal() {
-        int held = 0, failed = 0, good = 0, bad = 0, left = 0;
-        for (const Outcome& outcome : outcomes_) {
-            held += outcome.held;
-            failed += outcome.failed;
-            ++(!outcome.run ? left : outcome.status == 0 ? good : bad);
-        }
-        if (bad > 0) output_ << "failed:\n";
-        for (const Outcome& outcome : outcomes_)
-            if (outcome.run && outcome.status != 0)
-                output_ << "  " << outcome.file << " (" << summary(outcome) << ")\n";
-        output_ << outcomes_.size() << " files: " << good << " held, " << bad << " failed";
-        if (left > 0) output_ << ", " << left << " not run";
-        output_ << "; " << held << " expectations held, " << failed << " failed" << std::endl;
-    }
-
     const RunOptions& options_;
     const PhoneMaker& makePhone_;
     std::ostream& output_;
-    std::vector<std::filesystem::path> roots_;
+    EndingSignals signals_;
+    std::vector<Job> jobs_;
     std::vector<Child> children_;
     std::vector<Outcome> outcomes_;
     bool alone_;
     bool stopping_ = false;
-    bool interrupted_ = false;
     unsigned running_ = 0;
     std::size_t told_ = 0;
 };

@@ -31,6 +31,9 @@ struct RunOptions {
     std::string system;
     std::vector<std::pair<std::string, nlohmann::json>> settings;
 
+    // Each file that does not say its system is run on a real phone of each of these.
+    std::vector<std::string> matrix;
+
     unsigned jobs = 1;  // files at once
     bool stopAtFirst = false;
     std::filesystem::path report;  // a folder for a page on what failed; none when empty

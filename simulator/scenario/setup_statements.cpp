@@ -12,7 +12,7 @@ namespace {
 constexpr auto before = Phase::setup;
 constexpr auto always = Phase::always;
 
-constexpr std::array<Form, 21> forms{{
+constexpr std::array<Form, 22> forms{{
     {"device IDENT", before, "machine identifier, as uname reports it (iPhone10,3)",
      [](Line& line) { line.phone().device(line.word("IDENT")); }},
     {"screen W H SCALE", before, "overrides the device's screen, in points",
