@@ -166,8 +166,9 @@ int main(int argc, char** argv) {
                          "End at the first file that failed");
     runCommand->add_flag("--real", options.real, realHelp);
     bool everySystem = false;
-    runCommand->add_flag("--matrix", everySystem,
-                         "Run each file that does not say its system on real phones of all systems");
+    runCommand->add_flag(
+        "--matrix", everySystem,
+        "Run each file that does not say its system on real phones of all systems");
     runCommand
         ->add_option("--report", options.report,
                      "Write a page on what failed (index.html) and junit.xml there")

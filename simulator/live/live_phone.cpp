@@ -8,12 +8,16 @@
 #include "simulator/foundation/device_root.hpp"
 #include "simulator/scenario/json_text.hpp"
 #include "simulator/scenario/known_names.hpp"
+#include "simulator/scenario/parser.hpp"
 
 namespace simulator::live {
 
 namespace {
 
+constexpr const char* settingsFile = "/var/mobile/Library/Preferences/com.ferolin.vantoripb.plist";
+
 void setUp(Phone& phone, const LiveOptions& options) {
+    if (options.real) phone.real();
     if (!options.device.empty()) phone.device(options.device);
     if (!options.system.empty()) phone.system(options.system);
     for (const std::string& text : options.settings) {
@@ -33,17 +37,38 @@ std::pair<std::string, nlohmann::json> parseSetting(const std::string& text) {
 }
 
 LivePhone::LivePhone(const LiveOptions& options, bool prompt, std::ostream& output)
-    : phone_(makePhone({options.root, options.real})),
+    : phone_(makePhone({options.root})),
       listener_(DeviceRoot::shared().path()),
       console_(*phone_, {options.pictures, prompt}, output) {
     if (!options.recording.empty()) console_.phone().start(options.recording);
+    // What the phone keeps from earlier times belongs to a recording.
+    if (!options.root.empty()) takeFiles();
     setUp(phone(), options);
     if (prompt)
         output << "The phone's files are in " << DeviceRoot::shared().path().string() << '\n';
 }
 
+void LivePhone::takeFiles() {
+    const std::filesystem::path& root = DeviceRoot::shared().path();
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(root)) {
+        if (!entry.is_regular_file()) continue;
+        const std::string path = "/" + entry.path().lexically_relative(root).string();
+        console_.phone().found(path, scenario::readFile(entry.path()));
+    }
+}
+
+// Other processes write the settings before they tell of it.
+void LivePhone::takeSettings() {
+    const std::filesystem::path file = DeviceRoot::shared().locate(settingsFile);
+    std::string bytes = std::filesystem::exists(file) ? scenario::readFile(file) : "";
+    if (bytes.empty() || bytes == settings_) return;
+    console_.phone().found(settingsFile, bytes);
+    settings_ = std::move(bytes);
+}
+
 void LivePhone::hearNotifications() {
     for (const std::string& name : listener_.take()) {
+        takeSettings();
         try {
             phone().postDarwin(name);
             phone().wait(0);

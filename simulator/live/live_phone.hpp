@@ -45,9 +45,13 @@ class LivePhone {
     void hearNotifications();
 
   private:
+    void takeFiles();
+    void takeSettings();
+
     std::unique_ptr<Phone> phone_;
     DarwinListener listener_;
     scenario::Console console_;
+    std::string settings_;  // the bytes of the settings file as they were last taken
 };
 
 // Carries out every whole line that is there. False when one says `quit`, or at the end.

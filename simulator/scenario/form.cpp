@@ -295,7 +295,8 @@ class Reader {
             case Shape::view:
                 // A number is none, nor is a text.
                 if (cursor_.numberComesNext() || cursor_.peek() == '"') fail(before, wanted);
-                return expressions_.expression();
+                // Not a difference: `drag view -5 0 over 1` has three parts.
+                return expressions_.term();
             case Shape::event:
                 return readEvent();
             case Shape::name:

@@ -21,7 +21,8 @@ std::variant<nlohmann::json, JsonMistake> readJsonText(std::string_view text) {
     } catch (const std::length_error&) {
         return JsonMistake{0, *refused};
     } catch (const json::parse_error& error) {
-        return JsonMistake{error.byte == 0 ? 0 : error.byte - 1, "the JSON is malformed"};
+        return JsonMistake{error.byte == 0 ? 0 : error.byte - 1,
+                           "this is no JSON, as true, 3 and \"a text\" are"};
     } catch (const json::exception&) {
         return JsonMistake{0, "the JSON holds a number out of range"};
     }

@@ -9,6 +9,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "simulator/scenario/known_names.hpp"
 #include "simulator/scenario/statements.hpp"
 
 namespace simulator::scenario {
@@ -89,7 +90,8 @@ Statement readByAnyForm(const Cursor& cursor, const std::set<std::string>& names
             blame.add(misfit);
         }
     }
-    if (blame.empty()) cursor.fail("there is no statement '" + keyword + "'");
+    if (blame.empty())
+        cursor.fail("there is no statement '" + keyword + "'" + meant(keyword, keywords()));
     blame.raise();
 }
 

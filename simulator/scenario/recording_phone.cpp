@@ -80,6 +80,10 @@ void RecordingPhone::named(const std::string& statement) {
     write(statement);
 }
 
+void RecordingPhone::found(const std::string& path, const std::string& bytes) {
+    preparation(statement("file", path, bytes));
+}
+
 void RecordingPhone::preparation(const std::string& statement) {
     preparations_.push_back(statement);
     write(statement);

@@ -25,6 +25,8 @@ class RecordingPhone final : public Phone {
     // sent, and the names that they use.
     void sent(const std::string& statement) { write(statement); }
     void named(const std::string& statement);
+    // A file that another process has written on the phone, or that was there before.
+    void found(const std::string& path, const std::string& bytes);
 
     void device(const std::string& identifier) override;
     void screen(double width, double height, double scale) override;

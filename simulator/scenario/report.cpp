@@ -218,7 +218,8 @@ std::string reportForMachines(const std::vector<Outcome>& outcomes) {
         const std::filesystem::path file = outcome.file;
         xml << "<testcase classname=\"" << escaped(file.parent_path().string()) << "\" name=\""
             << escaped(file.stem().string())
-            << (outcome.system.empty() ? "" : " on " + outcome.system) << "\" time=\"" << seconds(outcome.seconds) << "\">";
+            << (outcome.system.empty() ? "" : " on " + outcome.system) << "\" time=\""
+            << seconds(outcome.seconds) << "\">";
         if (!outcome.run) xml << "<skipped/>";
         const char* element = outcome.died || outcome.status == 2 ? "error" : "failure";
         for (const RecordedFailure& failure : failuresOf(outcome)) {

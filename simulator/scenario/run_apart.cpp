@@ -176,12 +176,12 @@ class Run {
         BlackBox::use(children_[index].box);
         FailureHearer record;
         if (!options_.report.empty())
-            record = [notes = FailureNotes(options_.report, index)](Phone& phone,
-                                                                   const Failure& failure) mutable {
+            record = [notes = FailureNotes(options_.report, index)](
+                         Phone& phone, const Failure& failure) mutable {
                 notes.add(phone, failure);
             };
-        const int status =
-            runFile(jobs_[index].file, optionsOf(jobs_[index]), makePhone_, std::cout, std::cerr, record);
+        const int status = runFile(jobs_[index].file, optionsOf(jobs_[index]), makePhone_,
+                                   std::cout, std::cerr, record);
         children_[index].box->end();
         std::exit(status);
     }

@@ -76,7 +76,7 @@ TEST_F(OnAPhone, AViewIsTappedInItsMiddle) {
                   "expect [button isHighlighted]\n"
                   "touch up\n"
                   "tap label\n"  // takes no touches: the view that it lies on has them
-                  "drag view 5 5 over 0.1\n"
+                  "drag view -5 5 over 0.1\n"
                   "print 1"),
               "1\n");
 }

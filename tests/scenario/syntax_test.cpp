@@ -29,8 +29,8 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(
         Malformed{"jump", "f:1:1: there is no statement 'jump'"},
         Malformed{"\n\n  jump 5", "f:3:3: there is no statement 'jump'"},
-        Malformed{"Boot", "f:1:1: there is no statement 'Boot'"},
-        Malformed{"bootx", "f:1:1: there is no statement 'bootx'"},
+        Malformed{"Boot", "f:1:1: there is no statement 'Boot' (is boot meant?)"},
+        Malformed{"bootx", "f:1:1: there is no statement 'bootx' (is boot meant?)"},
         Malformed{"5", "f:1:1: expected a statement, got '5'"},
         Malformed{"[a b]", "f:1:1: expected a statement, got '[a'"},
         Malformed{"device", "f:1:7: expected a machine identifier, but the line ends"},
@@ -111,9 +111,9 @@ INSTANTIATE_TEST_SUITE_P(
 INSTANTIATE_TEST_SUITE_P(
     Json, ScenarioSyntax,
     ::testing::Values(Malformed{"setting key", "f:1:12: expected a JSON value, but the line ends"},
-                      Malformed{"setting key {\"a\": }", "f:1:19: the JSON is malformed"},
-                      Malformed{"setting key yes", "f:1:13: the JSON is malformed"},
-                      Malformed{"setting key 1 2", "f:1:15: the JSON is malformed"},
+                      Malformed{"setting key {\"a\": }", "f:1:19: this is no JSON, as true, 3 and \"a text\" are"},
+                      Malformed{"setting key yes", "f:1:13: this is no JSON, as true, 3 and \"a text\" are"},
+                      Malformed{"setting key 1 2", "f:1:15: this is no JSON, as true, 3 and \"a text\" are"},
                       Malformed{"setting key null", "f:1:13: a property list cannot hold null"},
                       Malformed{"plist /a [1, null]", "f:1:10: a property list cannot hold null"},
                       Malformed{"setting key 1e999",
