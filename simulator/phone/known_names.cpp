@@ -25,7 +25,7 @@ constexpr std::array<Setting, 18> settings{{
     {"enabled", "true", "the toolbar as a whole; read when SpringBoard starts"},
     {"replaceCC", "false", "pulls for Control Center bring the toolbar; read at the start"},
     {"reachability", "false", "the toolbar comes with Reachability; read at the start"},
-    {"layoutDirection", "3", "3 stacks the pages, 1 lays them side by side in a low strip"},
+    {"layoutDirection", "3", "3 stacks the pages, another lays them side by side"},
     {"noCornerRadius", "false", "an application that is lifted keeps square corners"},
     {"tapToOpen", "true", "read, and without effect"},
     {"alwaysSpringBoardStyle", "true", "in front of applications, too, the home screen's toolbar"},
