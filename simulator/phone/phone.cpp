@@ -98,13 +98,14 @@ class SimulatedPhone final : public Phone {
 
     void device(const std::string& identifier) override {
         requireOff();
+        const DeviceModel* model = findDevice(identifier);
+        if (!model) throw PhoneError("no such device: " + identifier);
         configuration().machine = identifier;
-        DeviceModel model = findDevice(identifier);
         if (!ownScreen_) {
-            configuration().screen = {model.width, model.height};
-            configuration().scale = model.scale;
+            configuration().screen = {model->width, model->height};
+            configuration().scale = model->scale;
         }
-        if (!ownHomeButton_) configuration().homeButton = model.homeButton;
+        if (!ownHomeButton_) configuration().homeButton = model->homeButton;
     }
     void screen(double width, double height, double scale) override {
         requireOff();
