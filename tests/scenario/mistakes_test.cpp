@@ -76,6 +76,12 @@ INSTANTIATE_TEST_SUITE_P(
         Mistake{"order", "without extension\nboot\nexpect order called SBUIController foo\n", 1,
                 ":3: expected order called SBUIController foo, but SBUIController has no method "
                 "foo"},
+        Mistake{"classOfAnotherSystem",
+                "real\nsystem 12.4\nwithout extension\nboot\n"
+                "expect called MediaControlsVolumeController foo 0\n",
+                1,
+                ":5: expected called MediaControlsVolumeController foo 0, but there is no class "
+                "MediaControlsVolumeController"},
         Mistake{"offTheScreen", "without extension\nboot\ntap 1000 10\n", 1,
                 ":3: tap 1000 10: that is off the screen, which is {375, 812}"},
         Mistake{"noTruth", "without extension\nboot\nexpect 0\n", 1,
@@ -90,6 +96,21 @@ INSTANTIATE_TEST_SUITE_P(
         Mistake{"realSystem", "real\nsystem 13.9\nboot\nwait 1\n", 1,
                 ":3: boot: no real system 13.9 is known: 11.0 to 14.8 are\n0 held, 1 failed"}),
     [](const auto& each) { return std::string(each.param.name); });
+
+// A later system calls it otherwise, an earlier one has it; what is not to be called on either is said so.
+TEST(NoMistake, IsAMethodThatSomeSystemHasOrAClassThatWasTakenAway) {
+    const TemporaryRoot folder({});
+    const std::string file = (folder.path() / "a.scenario").string();
+    std::ofstream(file) << "real\nsystem 14.2\nmissing class SBDockView\nwithout extension\nboot\n"
+                           "expect called SBFluidSwitcherGestureManager "
+                           "grabberTongueBeganPulling:withDistance:andVelocity: 0\n"
+                           "expect unhooked SBFluidSwitcherGestureManager "
+                           "grabberTongueBeganPulling:withDistance:andVelocity:andGesture:\n"
+                           "expect unhooked SBDockView anything\n";
+    std::ostringstream output, errors;
+    EXPECT_EQ(runFile(file, {}, makePhone, output, errors), 0) << output.str();
+    EXPECT_EQ(output.str(), "3 held, 0 failed\n");
+}
 
 TEST(MissingFile, IsNamedWithoutAPlace) {
     std::ostringstream output, errors;
