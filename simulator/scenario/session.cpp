@@ -184,7 +184,7 @@ RecordingPhone& Line::recording() { return session_.phone_; }
 void Line::print(const std::string& text) { session_.say(text); }
 
 void Line::remark(const std::string& text) {
-    session_.say(session_.file_ + ":" + std::to_string(statement_.line) + ": note: " + text);
+    session_.say("note: " + session_.file_ + ":" + std::to_string(statement_.line) + ": " + text);
 }
 
 void Line::name(const std::string& variable, const Value& value) {

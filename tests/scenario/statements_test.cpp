@@ -353,7 +353,7 @@ TEST_F(ScenarioTest, ANameWithAFieldMayStandForANumber) {
 TEST_F(ScenarioTest, AKeyThatNoSettingHasIsWrittenAndSaid) {
     EXPECT_EQ(
         run("setting layoutDirecton 1\nsetting tapToOpen true"),
-        "t.scenario:1: note: no setting is called 'layoutDirecton' (is layoutDirection meant?); "
+        "note: t.scenario:1: no setting is called 'layoutDirecton' (is layoutDirection meant?); "
         "it is written all the same\n");
     EXPECT_EQ(phone.operations,
               (std::vector<std::string>{"setting layoutDirecton 1", "setting tapToOpen true"}));
