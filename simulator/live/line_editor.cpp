@@ -23,7 +23,7 @@ LineEditor::LineEditor(Completer completer, std::filesystem::path history)
     current_ = this;
     rl_readline_name = "vantori-simulator";
     rl_attempted_completion_function = &complete;
-    rl_completer_word_break_characters = " \t[](){}\",+*/=<>!";
+    rl_completer_word_break_characters = " \t[](){}\"+*/=<>!";
     rl_catch_signals = 0;  // an interrupt ends the program, as without the editor
     using_history();
     stifle_history(longestHistory);

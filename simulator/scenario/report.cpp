@@ -115,8 +115,11 @@ void writeFailure(std::ostream& page, const Outcome& outcome, const RecordedFail
         page << "<dt>expected</dt><dd>" << escaped(failure.expected) << "</dd>";
     else if (!failure.statement.empty())
         page << "<dt>statement</dt><dd>" << escaped(failure.statement) << "</dd>";
-    page << "<dt>" << (failure.expected.empty() ? "but" : "got") << "</dt><dd class=\"bad\">"
-         << escaped(failure.got) << "</dd></dl>\n";
+    const char* outcomeWord = failure.statement.empty()  ? "why"
+                              : failure.expected.empty() ? "but"
+                                                         : "got";
+    page << "<dt>" << outcomeWord << "</dt><dd class=\"bad\">" << escaped(failure.got)
+         << "</dd></dl>\n";
     writeSource(page, outcome.file, failure.line);
     if (!failure.film.empty())
         page << "<figure><a href=\"" << failure.film << "\"><img class=\"film\" src=\""

@@ -53,7 +53,7 @@ class CommandLine(unittest.TestCase):
 
     def test_names_are_listed(self):
         devices = self.called("devices", status=0)
-        for row in ("  iPhone10,3   375 x 812 at 3\n", "  iPhone6,1    320 x 568 at 2, home button\n", " 14.7 14.8\n"):
+        for row in ("  iPhone10,3  375 x 812 at 3\n", "  iPhone6,1   320 x 568 at 2, home button\n", " 14.7 14.8\n"):
             self.assertIn(row, devices)
         self.assertIn("layoutDirection         3 ", self.called("settings", "--help", status=0))
 

@@ -69,15 +69,15 @@ class Console(unittest.TestCase):
 
     def test_lines_are_edited_and_completed(self):
         terminal = self.console()
-        terminal.type("print 1 + 3\x02\x7f2\n")  # back over the 3, the blank before it becomes a 2
-        terminal.hears("print 1 +23")
+        terminal.type("print 1 + 3\x02\x7f2\n")  # back over the 3; a 2 takes the blank's place
         terminal.hears("24")
         terminal.hears("> ")
         terminal.type("dev\t")
         terminal.hears("device ")
         terminal.type("iPhone8,4\t\n")
+        terminal.hears("iPhone8,4 ")  # one of a kind, so a blank ends it
         terminal.hears("> ")
-        terminal.type("with\t\text\t\n")
+        terminal.type("with\text\t\n")
         terminal.hears("without extension")
         terminal.hears("> ")
         terminal.type("boot\n")
