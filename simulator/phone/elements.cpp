@@ -25,8 +25,7 @@ std::string answer(UIView view) {
 
 std::string shownText(UIView view) {
     if (view.isKindOfClass(classOf<UILabel>())) return textOf(as<UILabel>(view)).text;
-    if (view.isKindOfClass(classOf<UIButton>()))
-        return utf8(view.send<"currentTitle", NSString>());
+    if (view.isKindOfClass(classOf<UIButton>())) return utf8(view.send<"currentTitle", NSString>());
     return "";
 }
 

@@ -110,14 +110,15 @@ INSTANTIATE_TEST_SUITE_P(
 
 INSTANTIATE_TEST_SUITE_P(
     Json, ScenarioSyntax,
-    ::testing::Values(Malformed{"setting key", "f:1:12: expected a JSON value, but the line ends"},
-                      Malformed{"setting key {\"a\": }", "f:1:19: this is no JSON, as true, 3 and \"a text\" are"},
-                      Malformed{"setting key yes", "f:1:13: this is no JSON, as true, 3 and \"a text\" are"},
-                      Malformed{"setting key 1 2", "f:1:15: this is no JSON, as true, 3 and \"a text\" are"},
-                      Malformed{"setting key null", "f:1:13: a property list cannot hold null"},
-                      Malformed{"plist /a [1, null]", "f:1:10: a property list cannot hold null"},
-                      Malformed{"setting key 1e999",
-                                "f:1:13: the JSON holds a number out of range"}));
+    ::testing::Values(
+        Malformed{"setting key", "f:1:12: expected a JSON value, but the line ends"},
+        Malformed{"setting key {\"a\": }",
+                  "f:1:19: this is no JSON, as true, 3 and \"a text\" are"},
+        Malformed{"setting key yes", "f:1:13: this is no JSON, as true, 3 and \"a text\" are"},
+        Malformed{"setting key 1 2", "f:1:15: this is no JSON, as true, 3 and \"a text\" are"},
+        Malformed{"setting key null", "f:1:13: a property list cannot hold null"},
+        Malformed{"plist /a [1, null]", "f:1:10: a property list cannot hold null"},
+        Malformed{"setting key 1e999", "f:1:13: the JSON holds a number out of range"}));
 
 INSTANTIATE_TEST_SUITE_P(
     Expressions, ScenarioSyntax,
