@@ -68,14 +68,15 @@ INSTANTIATE_TEST_SUITE_P(
                 ":3: expected unhooked Typo foo, but there is no class Typo"},
         Mistake{"selector",
                 "without extension\nboot\n"
-                "expect called SBUIController handleHomeButtonSinglePresUp 0\n",
+                "expect called SBLockScreenManager lockUIFromSource:withOption: 0\n",
                 1,
-                ":3: expected called SBUIController handleHomeButtonSinglePresUp 0, but "
-                "SBUIController has no method handleHomeButtonSinglePresUp (is "
-                "handleHomeButtonSinglePressUp meant?)"},
-        Mistake{"order", "without extension\nboot\nexpect order called SBUIController foo\n", 1,
-                ":3: expected order called SBUIController foo, but SBUIController has no method "
-                "foo"},
+                ":3: expected called SBLockScreenManager lockUIFromSource:withOption: 0, but "
+                "SBLockScreenManager has no method lockUIFromSource:withOption: (is "
+                "lockUIFromSource:withOptions: meant?)"},
+        Mistake{
+            "order", "without extension\nboot\nexpect order called SBLockScreenManager foo\n", 1,
+            ":3: expected order called SBLockScreenManager foo, but SBLockScreenManager has no method "
+            "foo"},
         Mistake{"classOfAnotherSystem",
                 "real\nsystem 12.4\nwithout extension\nboot\n"
                 "expect called MediaControlsVolumeController foo 0\n",

@@ -54,16 +54,16 @@ TEST_F(OnAPhone, ASlipInAMethodsNameIsAMistake) {
     EXPECT_EQ(
         run("expect called SBMediaControler setMediaVolume: 0\n"
             "expect unhooked Typo foo\n"
-            "expect called SBUIController handleHomeButtonSinglePresUp 0\n"
-            "expect called SBUIController handleHomeButtonSinglePressUp 0\n"
+            "expect called SBLockScreenManager lockUIFromSource:withOption: 0\n"
+            "expect called SBLockScreenManager lockUIFromSource:withOptions: 0\n"
             "expect called UILabel setAlpha: 0\n"
             "expect called SBDockView foo 0\n",
             "missing class SBDockView\n"),
         "t:4: expected called SBMediaControler setMediaVolume: 0, but there is no class "
         "SBMediaControler (is SBMediaController meant?)\n"
         "t:5: expected unhooked Typo foo, but there is no class Typo\n"
-        "t:6: expected called SBUIController handleHomeButtonSinglePresUp 0, but SBUIController "
-        "has no method handleHomeButtonSinglePresUp (is handleHomeButtonSinglePressUp meant?)\n");
+        "t:6: expected called SBLockScreenManager lockUIFromSource:withOption: 0, but SBLockScreenManager "
+        "has no method lockUIFromSource:withOption: (is lockUIFromSource:withOptions: meant?)\n");
 }
 
 TEST_F(OnAPhone, AViewIsTappedInItsMiddle) {
@@ -194,9 +194,9 @@ TEST_F(OnAPhone, CompletesWhatMayComeNext) {
     EXPECT_EQ(completions("device ", "iPhone10,", {}).size(), 6u);
     EXPECT_EQ(completions("setting ", "tap", {}), (Words{"tapToOpen"}));
     EXPECT_EQ(completions("open ", "com.example.n", {}), (Words{"com.example.notes"}));
-    EXPECT_EQ(completions("expect called ", "SBUIC", {}), (Words{"SBUIController"}));
-    EXPECT_EQ(completions("expect called SBUIController ", "handleHome", {}),
-              (Words{"handleHomeButtonSinglePressUp"}));
+    EXPECT_EQ(completions("expect called ", "SBLockScreenM", {}), (Words{"SBLockScreenManager"}));
+    EXPECT_EQ(completions("expect called SBLockScreenManager ", "lockUIFrom", {}),
+              (Words{"lockUIFromSource:withOptions:"}));
     EXPECT_EQ(completions("print [", "too", {"toolbar"}), (Words{"toolbar"}));
     EXPECT_EQ(completions("print [SpringBoard ", "activeInt", {}),
               (Words{"activeInterfaceOrientation"}));
