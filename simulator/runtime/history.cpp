@@ -1,6 +1,5 @@
 #include "simulator/runtime/history.hpp"
 
-#include <algorithm>
 #include <array>
 #include <cstdio>
 
@@ -70,11 +69,7 @@ History::Number History::numberOf(Happening kind, const std::string& name) {
 }
 
 void History::add(Number event, std::vector<BriefArgument> arguments) {
-    order_.push_back(event);
-    if (order_.size() > mostEvents) {
-        order_.pop_front();
-        forgot_ = true;
-    }
+    order_[added_++ % mostEvents] = event;
     latest_.push_back({event, Clock::shared().now(), std::move(arguments)});
     if (latest_.size() > mostLatest) latest_.pop_front();
     const Kind& kind = kinds_[event];
@@ -97,20 +92,20 @@ std::set<History::Number> History::numbersWhere(
 
 std::size_t History::inOrder(const std::vector<std::set<Number>>& wanted) const {
     std::size_t met = 0;
-    for (auto event = order_.begin(); event != order_.end() && met < wanted.size(); ++event) {
-        if (wanted[met].contains(*event)) ++met;
+    for (std::size_t place = first(); place < added_ && met < wanted.size(); ++place) {
+        if (wanted[met].contains(at(place))) ++met;
     }
     return met;
 }
 
 long History::count(const std::set<Number>& events) const {
-    return std::ranges::count_if(order_, [&](Number event) { return events.contains(event); });
+    long found = 0;
+    for (std::size_t place = first(); place < added_; ++place)
+        if (events.contains(at(place))) ++found;
+    return found;
 }
 
-void History::clear() {
-    order_.clear();
-    forgot_ = false;
-}
+void History::clear() { added_ = 0; }
 
 std::string History::line(const Latest& entry) const {
     const Kind& kind = kinds_[entry.event];

@@ -7,6 +7,7 @@
 #include <deque>
 #include <functional>
 #include <map>
+#include <memory>
 #include <set>
 #include <string>
 #include <string_view>
@@ -55,7 +56,7 @@ class History {
     std::size_t inOrder(const std::vector<std::set<Number>>& wanted) const;
     long count(const std::set<Number>& events) const;
     // Whether there was more since the last clear than is kept.
-    bool forgot() const { return forgot_; }
+    bool forgot() const { return added_ > mostEvents; }
     void clear();
 
     // The latest so many, oldest first: "0.517 called -[UIView setAlpha:] 0.5".
@@ -77,9 +78,13 @@ class History {
 
     std::map<std::pair<Happening, std::string>, Number> numbers_;
     std::vector<Kind> kinds_;
-    std::deque<Number> order_;
+    // The events since the last clear, in a ring whose room is taken once: a long run needs no more
+    // memory than it has from the start, and pages that are never reached cost nothing.
+    std::size_t first() const { return added_ > mostEvents ? added_ - mostEvents : 0; }
+    Number at(std::size_t place) const { return order_[place % mostEvents]; }
+    std::unique_ptr<Number[]> order_ = std::make_unique_for_overwrite<Number[]>(mostEvents);
+    std::size_t added_ = 0;
     std::deque<Latest> latest_;
-    bool forgot_ = false;
     bool telling_ = false;
     Watcher watcher_;
 };
