@@ -53,6 +53,7 @@ void LivePhone::takeFiles() {
     for (const auto& entry : std::filesystem::recursive_directory_iterator(root)) {
         if (!entry.is_regular_file()) continue;
         const std::string path = "/" + entry.path().lexically_relative(root).string();
+        if (path.starts_with("/Library/")) continue;  // the package's, which every start brings
         console_.phone().found(path, scenario::readFile(entry.path()));
     }
 }

@@ -1,5 +1,6 @@
 #include "simulator/phone/launch.hpp"
 
+#include <array>
 #include <filesystem>
 
 #include "simulator/foundation/bundles.hpp"
@@ -36,6 +37,7 @@
 #include "simulator/springboard/applications/processes.hpp"
 #include "simulator/springboard/applications/recents.hpp"
 #include "simulator/springboard/applications/scene_layout.hpp"
+#include "simulator/springboard/applications/settings_application.hpp"
 #include "simulator/springboard/applications/springboard_application.hpp"
 #include "simulator/springboard/applications/switcher.hpp"
 #include "simulator/springboard/control_center/control_center.hpp"
@@ -69,19 +71,34 @@ void setUpScreen() {
     screen().systemVersion = phone.systemVersion;
 }
 
-// The pictures that the extension's package puts on a phone.
+// What the extension's package puts on a phone beside the library: pictures, and the settings pane. Each
+// lies where the program was installed, or in the sources.
+struct SupportFile {
+    const char* installed;  // below share/vantori
+    const char* source;
+    const char* phone;
+};
+constexpr std::array<SupportFile, 2> supportFiles{{
+    {"assets", "assets", "/Library/Application Support/Vantori"},
+    {"settings.plist", "device/package/settings.plist",
+     "/Library/PreferenceLoader/Preferences/Vantori.plist"},
+}};
+
 void installSupportFiles() {
     namespace fs = std::filesystem;
-    fs::path target = DeviceRoot::shared().locate("/Library/Application Support/Vantori");
     std::error_code error;
-    fs::path program = fs::read_symlink("/proc/self/exe", error);
-    for (const fs::path& source : {program.parent_path().parent_path() / "share/vantori/assets",
-                                   fs::path(VANTORI_SOURCE_DIR) / "assets"}) {
-        if (!fs::is_directory(source, error)) continue;
-        fs::create_directories(target, error);
-        fs::copy(source, target, fs::copy_options::recursive | fs::copy_options::skip_existing,
-                 error);
-        return;
+    const fs::path program = fs::read_symlink("/proc/self/exe", error);
+    const fs::path share = program.parent_path().parent_path() / "share/vantori";
+    for (const SupportFile& file : supportFiles) {
+        const fs::path target = DeviceRoot::shared().locate(file.phone);
+        for (const fs::path& source :
+             {share / file.installed, fs::path(VANTORI_SOURCE_DIR) / file.source}) {
+            if (!fs::exists(source, error)) continue;
+            fs::create_directories(target.parent_path(), error);
+            fs::copy(source, target, fs::copy_options::recursive | fs::copy_options::skip_existing,
+                     error);
+            break;
+        }
     }
 }
 
@@ -130,6 +147,7 @@ void registerSpringBoard() {
     registerWindows();
     registerApplications();
     registerSceneLayout();
+    registerSettingsApplication();
     registerIcons();
     registerIconLists();
     registerHomeScreen();

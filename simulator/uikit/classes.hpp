@@ -17,6 +17,7 @@ VANTORI_NAMED_CLASS(UIBackdropView, UIView, "_UIBackdropView");
 VANTORI_CLASS(UILongPressGestureRecognizer, UIGestureRecognizer);
 VANTORI_CLASS(UIScreenEdgePanGestureRecognizer, UIPanGestureRecognizer);
 VANTORI_CLASS(UIAlertView, UIView);
+VANTORI_CLASS(UISwitch, UIControl);
 VANTORI_CLASS(UIAlertController, UIViewController);
 VANTORI_CLASS(UIAlertAction, Object);
 VANTORI_CLASS(NSValue, Object);

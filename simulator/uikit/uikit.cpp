@@ -34,6 +34,7 @@ void registerUIKit() {
     registerScrollView();
     registerControl();
     registerPageControl();
+    registerSwitch();
     registerFont();
     registerLabel();
     addTextMeasuring();

@@ -6,6 +6,7 @@
 
 #include "simulator/hardware/display.hpp"
 #include "simulator/springboard/applications/applications.hpp"
+#include "simulator/springboard/applications/settings_application.hpp"
 #include "simulator/springboard/display/artwork.hpp"
 #include "simulator/springboard/display/orientation.hpp"
 #include "simulator/springboard/display/windows.hpp"
@@ -74,13 +75,19 @@ void placeInFull(UIView scene) {
     scene.setAlpha(1);
 }
 
+// Applications are pictures; the one of the settings has what packages add to it.
+void dress(SBApplicationSceneView scene, const std::string& identifier) {
+    dressAsApplication(scene, identifier);
+    if (identifier == settingsApplication) showSettings(scene);
+}
+
 Strong<SBApplicationSceneView> makeScene(const std::string& identifier) {
     auto scene = create<SBApplicationSceneView, "initWithFrame:">(layoutState().container.bounds());
     if (!scene) return scene;
     stateOf<SceneState>(scene).identifier = Copied<NSString>(NSString::from(identifier.c_str()));
     scene.send<"setAutoresizingMask:">(flexibleSize);
     scene.setClipsToBounds(true);
-    dressAsApplication(scene, identifier);
+    dress(scene, identifier);
     return scene;
 }
 
@@ -148,7 +155,7 @@ void refreshScene() {
     SBApplicationSceneView scene = layoutState().scene;
     if (isAnimating(layerOf(scene))) return;  // it is dressed for where it goes
     placeInFull(scene);
-    dressAsApplication(scene, stateOf<SceneState>(scene).identifier.utf8());
+    dress(scene, stateOf<SceneState>(scene).identifier.utf8());
 }
 
 void registerSceneLayout() {

@@ -23,5 +23,6 @@ void sendControlEvents(UIControl control, unsigned long events, Object event);
 void registerControl();
 void registerButton();
 void registerPageControl();
+void registerSwitch();
 
 }  // namespace simulator
