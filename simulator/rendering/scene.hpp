@@ -14,6 +14,8 @@ namespace simulator::rendering {
 struct Point {
     double x = 0;
     double y = 0;
+
+    bool operator==(const Point&) const = default;
 };
 
 struct Size {

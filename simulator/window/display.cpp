@@ -1,7 +1,8 @@
 #include "simulator/window/display.hpp"
 
+#include <algorithm>
 #include <cmath>
-#include <cstring>
+#include <numbers>
 #include <stdexcept>
 #include <string_view>
 
@@ -24,6 +25,28 @@ rendering::Size usableDisplay() {
 
 int whole(double length) { return static_cast<int>(std::lround(length)); }
 
+constexpr double fingerSize = 44;    // points
+constexpr Uint8 seenThrough = 0x90;  // of 0xff
+
+rendering::Surface fingerPicture(int width) {
+    rendering::Surface disc(width, width);
+    const rendering::Context context = rendering::contextOf(disc);
+    const double middle = width / 2.0;
+    cairo_arc(context.get(), middle, middle, middle * 0.92, 0, 2 * std::numbers::pi);
+    rendering::setSource(context.get(), {0.47, 0.63, 1, 1});
+    cairo_fill_preserve(context.get());
+    rendering::setSource(context.get(), {1, 1, 1, 1});
+    cairo_set_line_width(context.get(), width * 0.05);
+    cairo_stroke(context.get());
+    return disc;
+}
+
+void fill(SDL_Texture* texture, const rendering::Surface& picture) {
+    cairo_surface_flush(picture.get());
+    SDL_UpdateTexture(texture, nullptr, cairo_image_surface_get_data(picture.get()),
+                      cairo_image_surface_get_stride(picture.get()));
+}
+
 bool differ(rendering::Size a, rendering::Size b) {
     return a.width != b.width || a.height != b.height;
 }
@@ -41,6 +64,7 @@ Display::Display(const std::string& title) : title_(title) {
 }
 
 Display::~Display() {
+    finger_.reset();
     texture_.reset();
     renderer_.reset();
     window_.reset();
@@ -85,19 +109,24 @@ double Display::pixelsPerPoint(rendering::Size screen) const {
 
 void Display::title(const std::string& text) { SDL_SetWindowTitle(window_.get(), text.c_str()); }
 
-void Display::show(const rendering::Surface& picture, rendering::Size screen) {
+Display::Texture Display::textureOf(const rendering::Surface& picture, SDL_TextureAccess access,
+                                    SDL_BlendMode mode) {
+    Texture texture(SDL_CreateTexture(renderer_.get(), SDL_PIXELFORMAT_ARGB8888, access,
+                                      picture.width(), picture.height()));
+    if (!texture) fail("no picture of that size can be shown");
+    SDL_SetTextureBlendMode(texture.get(), mode);
+    return texture;
+}
+
+void Display::show(const rendering::Surface& picture, rendering::Size screen,
+                   std::optional<rendering::Point> finger) {
     const int width = picture.width(), height = picture.height();
     if (width != textureWidth_ || height != textureHeight_ || !texture_) {
-        texture_.reset(SDL_CreateTexture(renderer_.get(), SDL_PIXELFORMAT_ARGB8888,
-                                         SDL_TEXTUREACCESS_STREAMING, width, height));
-        if (!texture_) fail("no picture of that size can be shown");
-        SDL_SetTextureBlendMode(texture_.get(), SDL_BLENDMODE_NONE);
+        texture_ = textureOf(picture, SDL_TEXTUREACCESS_STREAMING, SDL_BLENDMODE_NONE);
         textureWidth_ = width;
         textureHeight_ = height;
     }
-    cairo_surface_flush(picture.get());
-    SDL_UpdateTexture(texture_.get(), nullptr, cairo_image_surface_get_data(picture.get()),
-                      cairo_image_surface_get_stride(picture.get()));
+    fill(texture_.get(), picture);
     const double scale = density();
     const Fit place = fitOf(screen);
     const SDL_Rect target{whole(place.origin.x * scale), whole(place.origin.y * scale),
@@ -106,7 +135,25 @@ void Display::show(const rendering::Surface& picture, rendering::Size screen) {
     SDL_SetRenderDrawColor(renderer_.get(), 18, 18, 20, 255);
     SDL_RenderClear(renderer_.get());
     SDL_RenderCopy(renderer_.get(), texture_.get(), nullptr, &target);
+    if (finger) drawFinger(*finger, place);
     SDL_RenderPresent(renderer_.get());
+}
+
+// Drawn anew for each size of the window, so that it is crisp.
+void Display::drawFinger(rendering::Point place, const Fit& fit) {
+    const double pixels = fit.scale * density();
+    const int width = std::max(1, whole(fingerSize * pixels));
+    if (width != fingerWidth_ || !finger_) {
+        const rendering::Surface disc = fingerPicture(width);
+        finger_ = textureOf(disc, SDL_TEXTUREACCESS_STATIC, SDL_BLENDMODE_BLEND);
+        SDL_SetTextureAlphaMod(finger_.get(), seenThrough);
+        fill(finger_.get(), disc);
+        fingerWidth_ = width;
+    }
+    const SDL_Rect target{whole((fit.origin.x + place.x * fit.scale) * density()) - width / 2,
+                          whole((fit.origin.y + place.y * fit.scale) * density()) - width / 2,
+                          width, width};
+    SDL_RenderCopy(renderer_.get(), finger_.get(), nullptr, &target);
 }
 
 }  // namespace simulator::window

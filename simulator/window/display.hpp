@@ -5,6 +5,7 @@
 #include <SDL.h>
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "simulator/rendering/surface.hpp"
@@ -25,7 +26,9 @@ class Display {
     Fit fitOf(rendering::Size screen) const;
     // Pixels of the display for a point of the screen.
     double pixelsPerPoint(rendering::Size screen) const;
-    void show(const rendering::Surface& picture, rendering::Size screen);
+    // With a finger at that point of the screen.
+    void show(const rendering::Surface& picture, rendering::Size screen,
+              std::optional<rendering::Point> finger);
     void title(const std::string& text);
 
   private:
@@ -35,6 +38,11 @@ class Display {
         void operator()(SDL_Texture* texture) const { SDL_DestroyTexture(texture); }
     };
 
+    using Texture = std::unique_ptr<SDL_Texture, Closer>;
+
+    Texture textureOf(const rendering::Surface& picture, SDL_TextureAccess access,
+                      SDL_BlendMode mode);
+    void drawFinger(rendering::Point place, const Fit& fit);
     void openWindow(rendering::Size size);
     rendering::Size size() const;
     double density() const;
@@ -43,7 +51,9 @@ class Display {
     rendering::Size screen_;
     std::unique_ptr<SDL_Window, Closer> window_;
     std::unique_ptr<SDL_Renderer, Closer> renderer_;
-    std::unique_ptr<SDL_Texture, Closer> texture_;
+    Texture texture_;
+    Texture finger_;
+    int fingerWidth_ = 0;  // pixels
     int textureWidth_ = 0;
     int textureHeight_ = 0;
 };

@@ -5,15 +5,16 @@
 
 #include <algorithm>
 #include <array>
-#include <chrono>
 #include <cmath>
 #include <optional>
 #include <sstream>
 
+#include "simulator/foundation/device_root.hpp"
+#include "simulator/hardware/configuration.hpp"
+#include "simulator/live/pace.hpp"
 #include "simulator/phone/screen_picture.hpp"
 #include "simulator/rendering/canvas.hpp"
 #include "simulator/rendering/fingerprint.hpp"
-#include "simulator/runtime/clock.hpp"
 #include "simulator/springboard/display/lock_screen.hpp"
 #include "simulator/springboard/display/orientation.hpp"
 #include "simulator/uikit/screen/screen.hpp"
@@ -23,10 +24,6 @@ namespace simulator::window {
 
 namespace {
 
-using Seconds = std::chrono::duration<double>;
-
-constexpr double slowly = 0.1;       // of real time, in slow motion
-constexpr double longestGap = 0.1;   // seconds of real time that are made up for at most
 constexpr double finestDrawing = 2;  // pixels a point; more costs frames and shows nothing
 
 class PhoneWindow;
@@ -65,8 +62,16 @@ class PhoneWindow {
         phone().appearance(simulator::screen().style != dark);
     }
     void changeSpeed() {
-        slow_ = !slow_;
-        display_.title(slow_ ? "Vantori (slow motion)" : "Vantori");
+        pace_.setSlow(!pace_.isSlow());
+        tellTitle();
+    }
+    void pause() {
+        pace_.setPaused(!pace_.isPaused());
+        tellTitle();
+    }
+    void step() {
+        pace_.step();
+        tellTitle();
     }
     void takePicture() {
         const std::filesystem::path file = freeName();
@@ -87,6 +92,16 @@ class PhoneWindow {
     rendering::Point place(int x, int y) const {
         return display_.fitOf(shown_).toPhone({static_cast<double>(x), static_cast<double>(y)});
     }
+
+    // Which phone it is, and how its time runs.
+    void tellTitle() {
+        std::string title =
+            "Vantori: " + configuration().machine + ", " + configuration().systemVersion;
+        if (pace_.isPaused()) title += " (paused)";
+        if (pace_.isSlow()) title += " (slow motion)";
+        display_.title(title);
+    }
+    void tellOfWelcome();
 
     void handle(const SDL_Event& event);
     void press(const SDL_Keysym& key);
@@ -114,14 +129,13 @@ class PhoneWindow {
     live::ConsoleInput input_;
     rendering::Size shown_;
     std::optional<std::uint64_t> drawn_;
-    std::chrono::steady_clock::time_point before_ = std::chrono::steady_clock::now();
-    double behind_ = 0;  // seconds of real time for which the phone's clock has not moved yet
+    live::Pace pace_;
     bool open_ = true;
-    bool fingerDown_ = false;
-    bool slow_ = false;
+    std::optional<rendering::Point> finger_;       // where it is down
+    std::optional<rendering::Point> drawnFinger_;  // where the window shows it
 };
 
-constexpr std::array<Key, 10> keys{{
+constexpr std::array<Key, 12> keys{{
     {SDLK_h, "h", "home", &PhoneWindow::home},
     {SDLK_l, "l", "lock, unlock", &PhoneWindow::lock},
     {SDLK_r, "r", "turn the phone", &PhoneWindow::rotate},
@@ -129,6 +143,8 @@ constexpr std::array<Key, 10> keys{{
     {SDLK_UP, "up", "louder", &PhoneWindow::louder},
     {SDLK_DOWN, "down", "softer", &PhoneWindow::softer},
     {SDLK_s, "s", "slow motion, ten times", &PhoneWindow::changeSpeed},
+    {SDLK_SPACE, "space", "pause", &PhoneWindow::pause},
+    {SDLK_PERIOD, ".", "one frame on", &PhoneWindow::step},
     {SDLK_p, "p", "a picture of the screen, into a file", &PhoneWindow::takePicture},
     {SDLK_q, "q", "quit", &PhoneWindow::quit},
     {SDLK_QUESTION, "?", "these keys", &PhoneWindow::help},
@@ -140,11 +156,13 @@ int PhoneWindow::run() {
     shown_ = screen();
     display_.shape(shown_);
     help();
+    tellOfWelcome();
     input_.prompt();
-    before_ = std::chrono::steady_clock::now();
+    tellTitle();
+    pace_ = live::Pace();
     while (open_) {
         SDL_Event event;
-        const int rest = static_cast<int>(std::ceil((Clock::frame - behind_) * 1000));
+        const int rest = static_cast<int>(std::ceil(pace_.rest() * 1000));
         if (SDL_WaitEventTimeout(&event, std::clamp(rest, 1, 16)) != 0) {
             do handle(event);
             while (open_ && SDL_PollEvent(&event) != 0);
@@ -185,12 +203,13 @@ void PhoneWindow::press(const SDL_Keysym& pressed) {
 void PhoneWindow::finger(const SDL_Event& event) {
     if (event.type == SDL_MOUSEBUTTONDOWN && event.button.button == SDL_BUTTON_LEFT) {
         const rendering::Point at = place(event.button.x, event.button.y);
-        if (fingerDown_ || !contains(shown_, at)) return;
-        fingerDown_ = true;
+        if (finger_ || !contains(shown_, at)) return;
+        finger_ = at;
         attempt([&] { phone().touchDown(at.x, at.y); });
-    } else if (event.type == SDL_MOUSEMOTION && fingerDown_) {
+    } else if (event.type == SDL_MOUSEMOTION && finger_) {
         const rendering::Point at = place(event.motion.x, event.motion.y);
         if (!contains(shown_, at)) return lift(true);
+        finger_ = at;
         attempt([&] { phone().touchMove(at.x, at.y, 0); });
     } else if (event.type == SDL_MOUSEBUTTONUP && event.button.button == SDL_BUTTON_LEFT) {
         lift(false);
@@ -198,8 +217,8 @@ void PhoneWindow::finger(const SDL_Event& event) {
 }
 
 void PhoneWindow::lift(bool cancelled) {
-    if (!fingerDown_) return;
-    fingerDown_ = false;
+    if (!finger_) return;
+    finger_.reset();
     attempt([&] { cancelled ? phone().touchCancel() : phone().touchUp(); });
 }
 
@@ -215,11 +234,15 @@ void PhoneWindow::hearConsole() {
 }
 
 void PhoneWindow::passTime() {
-    const auto now = std::chrono::steady_clock::now();
-    behind_ = std::min(behind_ + Seconds(now - before_).count(), longestGap);
-    before_ = now;
-    for (; behind_ >= Clock::frame; behind_ -= Clock::frame)
-        attempt([&] { phone().wait(Clock::frame * (slow_ ? slowly : 1)); });
+    for (int left = pace_.frames(); left > 0; --left)
+        attempt([&] { phone().wait(pace_.frameTime()); });
+}
+
+// An owner who has seen it is not told again.
+void PhoneWindow::tellOfWelcome() {
+    const char* seen = "/var/mobile/Library/Preferences/com.ferolin.VantoriHistoryVersion.plist";
+    if (!std::filesystem::exists(DeviceRoot::shared().locate(seen)))
+        input_.tell("A new phone shows the welcome first: swipe to its last page and tap Back.");
 }
 
 void PhoneWindow::draw() {
@@ -231,10 +254,12 @@ void PhoneWindow::draw() {
         drawn_.reset();
     }
     const std::uint64_t print = rendering::fingerprint(screen.root);
-    if (drawn_ == print) return;
+    const bool sameFinger = finger_ == drawnFinger_;
+    if (drawn_ == print && sameFinger) return;
     drawn_ = print;
+    drawnFinger_ = finger_;
     const double scale = std::clamp(display_.pixelsPerPoint(shown_), 0.1, finestDrawing);
-    display_.show(rendering::render(screen.root, shown_, scale), shown_);
+    display_.show(rendering::render(screen.root, shown_, scale), shown_, finger_);
 }
 
 std::filesystem::path PhoneWindow::freeName() const {
