@@ -18,6 +18,7 @@
 #include "simulator/scenario/phone.hpp"
 #include "simulator/scenario/runner.hpp"
 #include "simulator/scenario/statements.hpp"
+#include "simulator/serve/serve.hpp"
 #include "simulator/window/window.hpp"
 
 #ifndef VANTORI_VERSION
@@ -198,6 +199,18 @@ int main(int argc, char** argv) {
     windowCommand->footer(simulator::window::keysHelp() +
                           "\nStatements of a scenario can be typed in the terminal meanwhile.");
 
+    CLI::App* serveCommand =
+        program.add_subcommand("serve", "Show the phone on a page of a browser; needs no display");
+    simulator::serve::ServeOptions serve;
+    addPhone(*serveCommand, serve.phone);
+    serveCommand->add_option("--listen", serve.listen, "Address to be reached at (127.0.0.1)")
+        ->type_name("ADDRESS");
+    serveCommand->add_option("--port", serve.port, "Port (a free one)")
+        ->check(CLI::Range(0, 65535))
+        ->type_name("N");
+    serveCommand->footer(
+        "The address that it prints has a key in it: who has that may drive the phone.");
+
     CLI::App* demoCommand =
         program.add_subcommand("demo", "Draw the toolbar at work; needs no display");
     simulator::demo::DemoOptions demo;
@@ -229,6 +242,7 @@ int main(int argc, char** argv) {
         parsed(live.settings);  // for what it has to say
         if (consoleCommand->parsed()) return simulator::live::runLiveConsole(live, std::cout);
         if (windowCommand->parsed()) return simulator::window::runWindow(live, std::cout);
+        if (serveCommand->parsed()) return simulator::serve::runServe(serve, std::cout);
         if (demoCommand->parsed()) return simulator::demo::runDemo(demo, std::cout, std::cerr);
         if (program.got_subcommand("settings")) return settings.run();
         std::cerr << program.help();
