@@ -8,10 +8,12 @@ namespace vantori {
 
 namespace {
 
+// Before the first pull there is no window to be seen in.
 void openToolbar() {
     VNTSBToolBarController springBoardToolbar = VNTSBToolBarController::shared();
     springBoardToolbar.layoutConnectivityButton();
     if (alwaysSpringBoardStyle) {
+        springBoardToolbar.makeKeyWindow();
         const double height = UIScreen::mainScreen().bounds().size.height;
         springBoardToolbar.updateYValueWithAnimation(height - MAX_SIZE);
         springBoardToolbar.setIsEnabled(true);

@@ -15,32 +15,9 @@ namespace {
 
 using State = SBToolBarState;
 
-constexpr double gridHeight = bandHeight + 2 * pageHeight;
-
 CGAffineTransform rotation(double radians) {
     const double sine = std::sin(radians), cosine = std::cos(radians);
     return {cosine, sine, -sine, cosine, 0, 0};
-}
-
-// Upside down and unknown orientations leave the window as it is.
-void turnHostWindow(UIWindow window, long orientation) {
-    const CGSize screen = screenSize();
-    switch (orientation) {
-        case orientationPortrait:
-            window.setTransform(identityTransform);
-            window.setFrame(rect(0, 0, screen.width, screen.height));
-            break;
-        case orientationLandscapeRight:
-            window.setTransform(rotation(std::numbers::pi / 2));
-            window.setFrame(rect(0, 0, screen.height, screen.width));
-            break;
-        case orientationLandscapeLeft:
-            window.setTransform(rotation(3 * std::numbers::pi / 2));
-            window.setFrame(rect(0, 0, screen.height, screen.width));
-            break;
-        default:
-            break;
-    }
 }
 
 void placeModulesPage(VNTSBToolBarController self, bool stacked) {
@@ -93,6 +70,13 @@ void showGrid(VNTSBToolBarController self) {
     for (const Page& page : allPages()) page.controller(self).view().setAlpha(page.cell ? 1 : 0);
 }
 
+// Before there is a window, those that it will have: turned by a quarter, its sides are the screen's.
+CGRect boundsOfHostWindow(VNTSBToolBarController self) {
+    if (UIWindow window = self.vantoriHostWindow()) return window.bounds();
+    const CGSize screen = screenSize();
+    return rect(0, 0, screen.width, screen.height);
+}
+
 void layoutLandscape(VNTSBToolBarController self, State& state) {
     const CGSize screen = screenSize();
     self.setSuggestedFrame(rect(0, screen.height, screen.width, gridHeight));
@@ -104,7 +88,7 @@ void layoutLandscape(VNTSBToolBarController self, State& state) {
     self.setMaxHeight(gridHeight);
     self.setSuggestedY(gridHeight);
 
-    const CGRect hostBounds = self.vantoriHostWindow().bounds();
+    const CGRect hostBounds = boundsOfHostWindow(self);
     const double width = hostBounds.size.width;
     state.visualEffectView.setFrame(hostBounds);
     self.grabberView().setFrame(grabberFrame(width));
@@ -117,6 +101,27 @@ void layoutLandscape(VNTSBToolBarController self, State& state) {
 }
 
 }  // namespace
+
+// Upside down and unknown orientations leave the window as it is.
+void turnHostWindow(UIWindow window, long orientation) {
+    const CGSize screen = screenSize();
+    switch (orientation) {
+        case orientationPortrait:
+            window.setTransform(identityTransform);
+            window.setFrame(rect(0, 0, screen.width, screen.height));
+            break;
+        case orientationLandscapeRight:
+            window.setTransform(rotation(std::numbers::pi / 2));
+            window.setFrame(rect(0, 0, screen.height, screen.width));
+            break;
+        case orientationLandscapeLeft:
+            window.setTransform(rotation(3 * std::numbers::pi / 2));
+            window.setFrame(rect(0, 0, screen.height, screen.width));
+            break;
+        default:
+            break;
+    }
+}
 
 void suggestPortraitHeight(VNTSBToolBarController self, int direction) {
     const CGSize screen = screenSize();
@@ -133,6 +138,7 @@ void layoutForOrientation(VNTSBToolBarController self, long orientation) {
     } else {
         layoutLandscape(self, state);
     }
+    state.orientation = orientation;
 }
 
 }  // namespace vantori
