@@ -105,6 +105,16 @@ CGRect grabberFrame(double width) { return rect((width - 100) / 2, 10, 100, 5); 
 
 double grabberAlpha(bool isHidden) { return isHidden ? 0 : 0.5; }
 
+void keepPageInFront(VNTToolBarController toolbar, CGSize contentBefore) {
+    UIScrollView scrollView = toolbar.vantoriScrollView();
+    const CGSize content = scrollView.contentSize();
+    const double furthest = content.width - scrollView.frame().size.width;
+    const double offset = scrollView.contentOffset().x;
+    if (offset == 0 || (content.height == contentBefore.height && offset <= furthest)) return;
+    scrollView.setContentOffset({0, 0});
+    toolbar.scrollViewPageController().setCurrentPage(0);
+}
+
 void placePages(VNTToolBarController toolbar, int direction) {
     NSArray pages = toolbar.pages();
     for (const Page& page : table) {

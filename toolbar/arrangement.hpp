@@ -40,6 +40,11 @@ CGRect pageFrame(unsigned long index, int direction);
 CGRect grabberFrame(double width);
 double grabberAlpha(bool isHidden);
 
+// For when the pages have been arranged anew: in another arrangement (the content's height tells them
+// apart), or in a content too narrow for what was in front, the first page comes to the front. Else
+// the toolbar could open where no page is.
+void keepPageInFront(VNTToolBarController toolbar, CGSize contentBefore);
+
 // Gives each listed page its frame, and every page alpha 1 or 0 by whether it is listed.
 void placePages(VNTToolBarController toolbar, int direction);
 

@@ -132,6 +132,7 @@ void suggestPortraitHeight(VNTSBToolBarController self, int direction) {
 
 void layoutForOrientation(VNTSBToolBarController self, long orientation) {
     State& state = stateOf<State>(self);
+    const CGSize contentBefore = self.vantoriScrollView().contentSize();
     turnHostWindow(state.hostWindow, orientation);
     if (orientation == orientationPortrait) {
         layoutPortrait(self, state);
@@ -139,6 +140,7 @@ void layoutForOrientation(VNTSBToolBarController self, long orientation) {
         layoutLandscape(self, state);
     }
     state.orientation = orientation;
+    keepPageInFront(self, contentBefore);
 }
 
 }  // namespace vantori
