@@ -305,6 +305,11 @@ void handleDismissGesture(VNTToolBarController self, UIGestureRecognizer) {
 
 }  // namespace
 
+void showLevels(VNTToolBarController toolbar) {
+    toolbar.brightnessSliderContainerViewController().brightnessSlider().refreshValue();
+    toolbar.volumeSliderContainerViewController().volumeSlider().refreshValue();
+}
+
 void registerToolBarController() {
     define<VNTToolBarController, UIViewController, State>()
         .classMethod<"sharedInstance", &sharedInstance>()

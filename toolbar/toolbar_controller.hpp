@@ -77,6 +77,10 @@ struct VNTToolBarController : UIViewController {
     void layoutConnectivityButton() const { send<"layoutConnectivityButton">(); }
 };
 
+// Has the sliders show the phone's brightness and volume, for openings without the zone test, which
+// posts for that. No post here: nobody but the sliders is to hear of it.
+void showLevels(VNTToolBarController toolbar);
+
 void registerToolBarController();
 
 }  // namespace vantori
