@@ -75,6 +75,30 @@ TEST_F(ConnectivityPage, FiveButtonsStandEvenlyOn375Points) {
     EXPECT_EQ(page().togglesCount(), 5);
 }
 
+// Both glyphs of every button, the one shown while it is on too.
+TEST_F(ConnectivityPage, TheGlyphsAreWhite) {
+    boot();
+    auto glyph = [](unsigned long index, bool selected) {
+        Object button =
+            controllers().at<UIViewController>(index).view().send<"buttonView", Object>();
+        return selected ? button.send<"selectedGlyphView", UIView>()
+                        : button.send<"glyphImageView", UIView>();
+    };
+    for (unsigned long i = 0; i < 5; ++i) {
+        for (bool selected : {false, true}) {
+            ASSERT_TRUE(glyph(i, selected)) << i;
+            glyph(i, selected).send<"setTintColor:">(UIColor::black());
+        }
+    }
+    page().layoutConnectivityButton();
+    for (unsigned long i = 0; i < 5; ++i) {
+        for (bool selected : {false, true}) {
+            UIColor tint = glyph(i, selected).send<"tintColor", UIColor>();
+            EXPECT_TRUE((tint.send<"isEqual:", bool>(UIColor::white()))) << i << selected;
+        }
+    }
+}
+
 TEST_F(ConnectivityPage, TheOrderIsFixed) {
     bootAndLayOut();
     ASSERT_EQ(controllers().count(), 5u);

@@ -209,7 +209,8 @@ class MusicOpen : public MusicTransport {
 TEST_F(MusicOpen, DoesNothingWhileNothingPlays) {
     boot();
     openFromPage(64);
-    EXPECT_EQ(phone_->launchedCount(""), 0);
+    EXPECT_EQ(called("SpringBoard", "launchApplicationWithIdentifier:suspended:"), 0);
+    EXPECT_EQ(called("UIApplication", "launchApplicationWithIdentifier:suspended:"), 0);
     play("T", "", "", "", otherApplication);
     phone_->playing(false);
     VNTToolBarController::shared().setIsEnabled(true);
@@ -244,6 +245,27 @@ TEST_P(MusicOpenBy, LaunchesWhatPlaysAndPutsTheLiftBack) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Releases, MusicOpenBy, testing::Values(64ul, 128ul));
+
+// It lowers the scene and clears one flag: the toolbar above stays, and nobody is told.
+TEST_F(MusicOpen, LeavesTheToolbarAboveAndPostsNothing) {
+    boot();
+    play("T", "", "", "", otherApplication);
+    openToolbar();
+    ASSERT_TRUE(VNTSBToolBarController::shared().isEnabled());
+    phone_->clear();
+    page().send<"openNowPlayingApplication">();
+    phone_->wait(1);
+    EXPECT_EQ(phone_->launchedCount(otherApplication), 1);
+    EXPECT_EQ(phone_->launchedSuspendedCount(otherApplication), 0);
+    EXPECT_TRUE(VNTSBToolBarController::shared().isEnabled());
+    EXPECT_EQ(VNTSBToolBarController::shared().view().frame().origin.y, 812 - 515);
+    for (const char* name : {"com.ferolin.vantori-stopmarquee", "com.ferolin.vantori-ccback",
+                             "com.ferolin.vantori-finish-launching", "should-refresh-state"}) {
+        EXPECT_EQ(posted(name), 0) << name;
+    }
+    EXPECT_EQ(phone_->darwinPostedCount("com.ferolin.vantori.Back-Now"), 0);
+    EXPECT_EQ(phone_->haptics(0) + phone_->haptics(1), 0);
+}
 
 // The flag of the settings is only kept; the tap opens whatever it says.
 TEST_F(MusicOpen, DoesNotAskTheFlag) {

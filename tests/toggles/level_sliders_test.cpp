@@ -1,4 +1,5 @@
 // The sliders of volume and brightness: what they read, what they write, and what their glyphs show.
+#include "tests/order.hpp"
 #include "tests/toggles/slider_phone.hpp"
 
 namespace vantori::tests {
@@ -328,6 +329,20 @@ TEST_F(Levels, TheMediaControlsPassItOn) {
     EXPECT_NEAR(static_cast<double>(simulator::scenario::asNumber((*call)[1])->value), 0.7, 1e-7);
     phone_->ringer(0.7);
     EXPECT_EQ(posted("com.ferolin.volume.should-refresh-value"), 1);
+}
+
+// The system's implementation first: who hears the post finds the change made.
+TEST_F(Levels, TheMediaControlsPassItOnAfterwards) {
+    boot();
+    int systemBefore = -1;
+    listenTo({"com.ferolin.volume.should-refresh-value"});
+    Order::look() = [&] {
+        systemBefore =
+            called("MediaControlsVolumeController", "volumeController:volumeValueDidChange:");
+    };
+    phone_->volume(0.7);
+    EXPECT_EQ(systemBefore, 1);
+    Order::look() = {};
 }
 
 // The phone's own ways.
