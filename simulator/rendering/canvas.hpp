@@ -7,6 +7,10 @@
 
 namespace simulator::rendering {
 
+// Pixels of a length in points: at least one, and no more than cairo can hold.
+int pixelsFor(double points, double scale);
+void fill(const Surface& surface, Colour colour);
+
 class Canvas {
   public:
     Canvas(Size points, double scale);

@@ -1,10 +1,13 @@
 // Walks a scene tree and paints it; used by the canvas for each frame.
 #pragma once
 
+#include <cstddef>
+#include <functional>
 #include <vector>
 
 #include "simulator/rendering/blur.hpp"
 #include "simulator/rendering/scene.hpp"
+#include "simulator/rendering/steps.hpp"
 #include "simulator/rendering/surface.hpp"
 
 namespace simulator::rendering {
@@ -16,8 +19,20 @@ class Painter {
 
     void paint(const Node& node, double alpha = 1);
 
+    // What is done before a step is painted.
+    struct Pause {
+        std::size_t before;
+        std::function<void()> work;
+    };
+    // The same without the steps before `first`, whose pixels are there already.
+    void paintFrom(const Node& root, const std::vector<Step>& steps, std::size_t first,
+                   Pause pause);
+
   private:
-    void paintInside(const Node& node, double alpha);
+    bool counts() const;
+    bool passOver();
+    bool beginStep();
+    void paintInside(const Node& node, double alpha, bool all);
     void paintMasked(const Node& node);
     void paintShadow(const Node& node, double alpha);
     void paintContent(const Node& node, double alpha);
@@ -34,6 +49,10 @@ class Painter {
     const Surface& surface_;
     cairo_t* context_;
     std::vector<cairo_surface_t*> groups_;
+    const std::vector<Step>* steps_ = nullptr;  // of a painting that does not begin at the first
+    std::size_t step_ = 0;
+    std::size_t first_ = 0;
+    Pause pause_{};
 };
 
 }  // namespace simulator::rendering

@@ -35,6 +35,22 @@ unsigned Surface::pixel(int x, int y) const {
     return value;
 }
 
+void copyPixels(const Surface& from, const Surface& to) {
+    cairo_surface_flush(from.get());
+    cairo_surface_flush(to.get());
+    const auto bytes = static_cast<std::size_t>(cairo_image_surface_get_stride(from.get())) *
+                       static_cast<std::size_t>(from.height());
+    std::memcpy(cairo_image_surface_get_data(to.get()), cairo_image_surface_get_data(from.get()),
+                bytes);
+    cairo_surface_mark_dirty(to.get());
+}
+
+Surface copyOf(const Surface& surface) {
+    Surface copy(surface.width(), surface.height(), cairo_image_surface_get_format(surface.get()));
+    copyPixels(surface, copy);
+    return copy;
+}
+
 Context contextOf(const Surface& surface) { return Context(cairo_create(surface.get())); }
 
 void setSource(cairo_t* context, Colour colour, double alpha) {
