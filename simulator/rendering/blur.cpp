@@ -275,6 +275,10 @@ PixelBox reachOf(PixelBox box, double sigma, int factor, const Pixels& canvas) {
 
 }  // namespace
 
+int blurReach(double sigma) {
+    return static_cast<int>(std::ceil(sigma * reachInSigmas)) + largestFactor;
+}
+
 void blurInPlace(const Surface& surface, double sigma) {
     if (!(sigma > 0) || !surface) return;
     const Pixels pixels = pixelsOf(surface.get());

@@ -1,9 +1,11 @@
+// Two rules keep the pixels equal to those of a painting from nothing. A layer is what the canvas showed
+// after the first steps, so that going on from it is the same painting. And the rows that are painted
+// again are widened until no step crosses their edge: each step is painted whole or not at all.
 #include "simulator/rendering/kept_screen.hpp"
 
-#include <algorithm>
-#include <cstring>
 #include <utility>
 
+#include "simulator/rendering/canvas.hpp"
 #include "simulator/rendering/painter.hpp"
 
 namespace simulator::rendering {
@@ -14,69 +16,65 @@ namespace {
 constexpr std::size_t layersKept = 3;
 constexpr Colour backdrop{0, 0, 0, 1};
 
-const unsigned char* rowOf(const Surface& surface, int y) {
-    return cairo_image_surface_get_data(surface.get()) +
-           static_cast<std::ptrdiff_t>(y) * cairo_image_surface_get_stride(surface.get());
-}
-
-Rows differingRows(const Surface& one, const Surface& other) {
-    const auto bytes = static_cast<std::size_t>(one.width()) * 4;
-    const auto differs = [&](int y) {
-        return std::memcmp(rowOf(one, y), rowOf(other, y), bytes) != 0;
-    };
-    Rows rows{0, one.height()};
-    while (!rows.empty() && !differs(rows.first)) ++rows.first;
-    while (!rows.empty() && !differs(rows.end - 1)) --rows.end;
-    return rows;
-}
-
 }  // namespace
 
-// Another size is another screen.
-void KeptScreen::begin(Size points, double scale) {
+// Whether all that was kept still stands: another size is another screen.
+bool KeptScreen::begin(Size points, double scale) {
     const int width = pixelsFor(points.width, scale), height = pixelsFor(points.height, scale);
-    if (next_.width() == width && next_.height() == height && scale == scale_) return;
+    if (canvas_.width() == width && canvas_.height() == height && scale == scale_) return true;
     *this = KeptScreen();
     scale_ = scale;
-    next_ = Surface(width, height);
+    canvas_ = Surface(width, height);
+    return false;
+}
+
+void KeptScreen::restore(Rows rows) {
+    if (layers_.empty()) {
+        fill(canvas_, backdrop, rows);
+    } else {
+        copyPixels(layers_.back().pixels, canvas_, rows);
+    }
+}
+
+// From the last layer to the step `end`.
+void KeptScreen::paintPart(const Node& root, const Steps& steps, std::size_t end, Rows rows) {
+    const Context context = contextOf(canvas_);
+    cairo_scale(context.get(), scale_, scale_);
+    Painter(canvas_, context.get()).paintPart(root, steps, {keptSteps(), end, rows});
+    cairo_surface_flush(canvas_.get());
 }
 
 void KeptScreen::keep(std::size_t steps) {
     if (layers_.size() == layersKept) layers_.erase(layers_.begin() + 1);
-    layers_.push_back({steps, copyOf(next_)});
-}
-
-// What is below the first change is painted no more while that stays the first.
-void KeptScreen::paintNext(const Node& root, const std::vector<Step>& steps, std::size_t same) {
-    std::size_t first = 0;
-    if (layers_.empty()) {
-        fill(next_, backdrop);
-    } else {
-        first = layers_.back().steps;
-        copyPixels(layers_.back().pixels, next_);
-    }
-    const Context context = contextOf(next_);
-    cairo_scale(context.get(), scale_, scale_);
-    Painter::Pause pause;
-    if (same > first) pause = {same, [&] { keep(same); }};
-    Painter(next_, context.get()).paintFrom(root, steps, first, pause);
-    painted_ = steps.size() - first;
-    cairo_surface_flush(next_.get());
+    layers_.push_back({steps, copyOf(canvas_)});
 }
 
 Rows KeptScreen::paint(Node root, Size points, double scale) {
-    begin(points, scale > 0 ? scale : 1);
-    std::vector<Step> steps = stepsOf(root);
+    if (!(scale > 0)) scale = 1;
+    const bool stands = begin(points, scale);
+    const Rows all = rowsOf(canvas_);
+    Steps steps = stepsOf(root, scale, all.end);
     const std::size_t same = commonSteps(steps_, steps);
-    if (shown_ && same == steps_.size() && same == steps.size()) return {};
-    while (!layers_.empty() && layers_.back().steps > same) layers_.pop_back();
-    paintNext(root, steps, same);
-    const Rows rows = shown_ ? differingRows(shown_, next_) : rowsOf(next_);
+    const Rows changed = stands ? changedRows(steps_, steps) : all;
+    while (keptSteps() > same) layers_.pop_back();
+    painted_ = uncrossed(changed, steps, keptSteps());
+    if (!painted_.empty()) {
+        // What changes once more at the same place is likely to go on.
+        const bool moves = contains(painted_, all) || same == same_;
+        if (same > keptSteps() && moves) {
+            painted_ = all;
+            restore(all);
+            paintPart(root, steps, same, all);
+            keep(same);
+        } else {
+            restore(painted_);
+        }
+        paintPart(root, steps, steps.size(), painted_);
+    }
     tree_ = std::move(root);
     steps_ = std::move(steps);
-    std::swap(shown_, next_);
-    if (!next_) next_ = Surface(shown_.width(), shown_.height());
-    return rows;
+    same_ = same;
+    return changed;
 }
 
 }  // namespace simulator::rendering

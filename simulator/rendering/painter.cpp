@@ -18,15 +18,10 @@ namespace simulator::rendering {
 
 namespace {
 
-double scaleOf(cairo_t* context) {
+double scaleIn(cairo_t* context) {
     cairo_matrix_t matrix;
     cairo_get_matrix(context, &matrix);
-    return std::sqrt(std::abs(matrix.xx * matrix.yy - matrix.xy * matrix.yx));
-}
-
-Rect inset(Rect rect, double by) {
-    return {{rect.origin.x + by, rect.origin.y + by},
-            {rect.size.width - 2 * by, rect.size.height - 2 * by}};
+    return scaleOf(matrix);
 }
 
 // The pixels that the current clip touches.
@@ -96,11 +91,10 @@ void Painter::paint(const Node& node, double alpha) {
     cairo_restore(context_);
 }
 
-void Painter::paintFrom(const Node& root, const std::vector<Step>& steps, std::size_t first,
-                        Pause pause) {
+void Painter::paintPart(const Node& root, const Steps& steps, Part part) {
     steps_ = &steps;
-    first_ = first;
-    pause_ = std::move(pause);
+    step_ = 0;
+    part_ = part;
     paint(root);
     steps_ = nullptr;
 }
@@ -108,21 +102,22 @@ void Painter::paintFrom(const Node& root, const std::vector<Step>& steps, std::s
 // Steps are counted outside of groups only: a group is one.
 bool Painter::counts() const { return steps_ && groups_.empty(); }
 
+// Whether nothing of the node and of what is under it is to be painted.
 bool Painter::passOver() {
-    if (!counts() || (*steps_)[step_].end > first_) return false;
-    step_ = (*steps_)[step_].end;
+    if (!counts()) return false;
+    const Step& step = (*steps_)[step_];
+    if (step.end > part_.first && step_ < part_.end && meet(step.under, part_.rows)) return false;
+    step_ = step.end;
     return true;
 }
 
 bool Painter::beginStep() {
     if (!counts()) return true;
     const std::size_t step = step_++;
-    if (step < first_) return false;
-    if (pause_.work && step == pause_.before) pause_.work();
-    return true;
+    return step >= part_.first && step < part_.end && meet((*steps_)[step].drawn, part_.rows);
 }
 
-// What has been painted before is left out, but its clip is that of what lies in the node.
+// Without `all` only what is under the node is painted, clipped by it as ever.
 void Painter::paintInside(const Node& node, double alpha, bool all) {
     cairo_save(context_);
     if (all && node.shadow) paintShadow(node, alpha);
@@ -155,11 +150,10 @@ void Painter::paintMasked(const Node& node) {
 
 void Painter::paintShadow(const Node& node, double alpha) {
     const Shadow& shadow = *node.shadow;
-    const double scale = scaleOf(context_);
+    const double scale = scaleIn(context_);
     // A quarter of the pixels each way: a shadow has no detail to lose.
     const double fine = std::clamp(shadow.radius > 2 ? scale / 4 : scale, 0.01, 8.0);
-    const double margin = shadow.radius * 3 + 1;
-    const Rect room = inset(node.bounds, -margin);
+    const Rect room = inset(node.bounds, -shadowMargin(shadow));
     if (!(room.size.width * fine < 8192 && room.size.height * fine < 8192)) return;
     Surface small(static_cast<int>(std::ceil(room.size.width * fine)),
                   static_cast<int>(std::ceil(room.size.height * fine)));
@@ -207,7 +201,7 @@ void Painter::paintImage(const Node& node, const Image& image, double alpha) {
     if (!(target.size.width > 0 && target.size.height > 0 && natural.width > 0)) return;
     const double stretch =
         std::max(target.size.width / natural.width, target.size.height / natural.height);
-    Surface pixels = image.picture->raster(scaleOf(context_) * stretch);
+    Surface pixels = image.picture->raster(scaleIn(context_) * stretch);
     if (node.multiply && !image.tint) pixels = tinted(pixels, *node.multiply);
     cairo_save(context_);
     cairo_translate(context_, target.origin.x, target.origin.y);
@@ -235,7 +229,7 @@ void Painter::paintBlur(const Node& node, const Blur& blur, double alpha) {
     clipToOutline(node);
     const PixelBox box = clipBox(context_);
     if (box.width > 0 && box.height > 0) {
-        const Smear smear = smearOf(layers(), box, std::max(blur.radius, 0.0) * scaleOf(context_),
+        const Smear smear = smearOf(layers(), box, std::max(blur.radius, 0.0) * scaleIn(context_),
                                     blur.tint, blur.saturation);
         cairo_identity_matrix(context_);
         cairo_translate(context_, smear.x, smear.y);

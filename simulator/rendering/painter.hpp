@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstddef>
-#include <functional>
 #include <vector>
 
 #include "simulator/rendering/blur.hpp"
@@ -19,14 +18,13 @@ class Painter {
 
     void paint(const Node& node, double alpha = 1);
 
-    // What is done before a step is painted.
-    struct Pause {
-        std::size_t before;
-        std::function<void()> work;
+    // Some of a tree's steps: those from `first` to `end` that reach into the rows.
+    struct Part {
+        std::size_t first;
+        std::size_t end;
+        Rows rows;
     };
-    // The same without the steps before `first`, whose pixels are there already.
-    void paintFrom(const Node& root, const std::vector<Step>& steps, std::size_t first,
-                   Pause pause);
+    void paintPart(const Node& root, const Steps& steps, Part part);
 
   private:
     bool counts() const;
@@ -49,10 +47,9 @@ class Painter {
     const Surface& surface_;
     cairo_t* context_;
     std::vector<cairo_surface_t*> groups_;
-    const std::vector<Step>* steps_ = nullptr;  // of a painting that does not begin at the first
+    const Steps* steps_ = nullptr;  // when only a part of them is painted
     std::size_t step_ = 0;
-    std::size_t first_ = 0;
-    Pause pause_{};
+    Part part_{};
 };
 
 }  // namespace simulator::rendering

@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <cstring>
 
+#include "simulator/rendering/rows.hpp"
+
 namespace simulator::rendering {
 
 namespace {
@@ -35,19 +37,20 @@ unsigned Surface::pixel(int x, int y) const {
     return value;
 }
 
-void copyPixels(const Surface& from, const Surface& to) {
+void copyPixels(const Surface& from, const Surface& to, Rows rows) {
     cairo_surface_flush(from.get());
     cairo_surface_flush(to.get());
-    const auto bytes = static_cast<std::size_t>(cairo_image_surface_get_stride(from.get())) *
-                       static_cast<std::size_t>(from.height());
-    std::memcpy(cairo_image_surface_get_data(to.get()), cairo_image_surface_get_data(from.get()),
-                bytes);
+    const std::ptrdiff_t stride = cairo_image_surface_get_stride(from.get());
+    const std::ptrdiff_t start = stride * rows.first;
+    std::memcpy(cairo_image_surface_get_data(to.get()) + start,
+                cairo_image_surface_get_data(from.get()) + start,
+                static_cast<std::size_t>(stride * rows.count()));
     cairo_surface_mark_dirty(to.get());
 }
 
 Surface copyOf(const Surface& surface) {
     Surface copy(surface.width(), surface.height(), cairo_image_surface_get_format(surface.get()));
-    copyPixels(surface, copy);
+    copyPixels(surface, copy, rowsOf(copy));
     return copy;
 }
 

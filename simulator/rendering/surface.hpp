@@ -30,8 +30,6 @@ class Surface {
     std::shared_ptr<cairo_surface_t> surface_;
 };
 
-// The pixels of `to`, of the same size and format, become those of `from`.
-void copyPixels(const Surface& from, const Surface& to);
 Surface copyOf(const Surface& surface);
 
 struct ContextDeleter {
