@@ -14,9 +14,9 @@ namespace simulator::rendering {
 namespace {
 
 constexpr int largestFactor = 8;
-constexpr double sigmaPerFactor = 2;  // at least so many small pixels of blur, or the blocks show
+constexpr double sigmaPerFactor = 2;   // at least so many small pixels of blur, or the blocks show
 constexpr double largestSigma = 4000;  // in the pixels that are blurred: boxes of 8000
-constexpr double reachInSigmas = 2;   // how far outside the box its blur still looks
+constexpr double reachInSigmas = 2;    // how far outside the box its blur still looks
 
 struct Pixels {
     std::uint32_t* data;

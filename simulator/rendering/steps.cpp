@@ -44,7 +44,9 @@ struct Place {
 
 class Walk {
   public:
-    Walk(double scale, int rows) : rows_{0, rows} { cairo_matrix_init_scale(&screen_, scale, scale); }
+    Walk(double scale, int rows) : rows_{0, rows} {
+        cairo_matrix_init_scale(&screen_, scale, scale);
+    }
 
     Steps take(const Node& root) {
         visit(root, {screen_, 1, rows_, 0});
@@ -142,10 +144,9 @@ class Walk {
         }
         if (const auto* blur = std::get_if<Blur>(&node.content)) {
             const double sigma = std::max(blur->radius, 0.0) * scaleOf(place.matrix);
-            const int beyond =
-                sigma < rows_.end ? blurReach(sigma) : rows_.end;
-            step.read = joined(step.read,
-                               common(rows_, widened(covered(node.bounds, place), beyond)));
+            const int beyond = sigma < rows_.end ? blurReach(sigma) : rows_.end;
+            step.read =
+                joined(step.read, common(rows_, widened(covered(node.bounds, place), beyond)));
         }
     }
 
@@ -211,8 +212,7 @@ double scaleOf(const cairo_matrix_t& matrix) {
 Steps stepsOf(const Node& root, double scale, int rows) { return Walk(scale, rows).take(root); }
 
 std::size_t commonSteps(const Steps& one, const Steps& other) {
-    const auto differ =
-        std::mismatch(one.begin(), one.end(), other.begin(), other.end(), same);
+    const auto differ = std::mismatch(one.begin(), one.end(), other.begin(), other.end(), same);
     return static_cast<std::size_t>(differ.first - one.begin());
 }
 

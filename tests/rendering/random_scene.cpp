@@ -27,7 +27,8 @@ PictureRef stripes(int width, int height, double scale) {
 
 RandomScene::RandomScene(unsigned seed, Size screen) : engine_(seed), screen_(screen) {
     pictures_ = {stripes(40, 30, 2), stripes(61, 47, 3), stripes(9, 9, 1),
-                 Picture::symbol("bell", {30, 30}), Picture::symbol("wifi", {17, 21}, hex(0x308030))};
+                 Picture::symbol("bell", {30, 30}),
+                 Picture::symbol("wifi", {17, 21}, hex(0x308030))};
     root_ = nodeWithFrame("screen", {{0, 0}, screen_});
     root_.children.push_back(imageNode({{0, 0}, screen_}, wallpaper(screen_, 2, false)));
     for (int i = 0; i < 8; ++i) root_.children.push_back(node(1));
@@ -51,12 +52,17 @@ Colour RandomScene::colour() {
 Content RandomScene::content() {
     switch (whole(0, 6)) {
         case 0:
-            return Text{"A label of " + std::to_string(whole(1, 99)), number(6, 20), 400, colour(),
-                        TextAlignment::center, whole(0, 2), oneIn(2)};
+            return Text{"A label of " + std::to_string(whole(1, 99)),
+                        number(6, 20),
+                        400,
+                        colour(),
+                        TextAlignment::center,
+                        whole(0, 2),
+                        oneIn(2)};
         case 1:
         case 2: {
-            const auto picture = static_cast<std::size_t>(
-                whole(0, static_cast<int>(pictures_.size()) - 1));
+            const auto picture =
+                static_cast<std::size_t>(whole(0, static_cast<int>(pictures_.size()) - 1));
             Image image{pictures_[picture], whole(0, 12), std::nullopt};
             if (oneIn(3)) image.tint = colour();
             return image;
@@ -93,8 +99,12 @@ void RandomScene::move(Node& node) {
     if (oneIn(3)) node.opacity = number(0, 1);
     if (oneIn(8)) {
         const double angle = number(0, 6), size = number(0.5, 1.5);
-        node.transform = {size * std::cos(angle), size * std::sin(angle), -size * std::sin(angle),
-                          size * std::cos(angle), 0, 0};
+        node.transform = {size * std::cos(angle),
+                          size * std::sin(angle),
+                          -size * std::sin(angle),
+                          size * std::cos(angle),
+                          0,
+                          0};
     }
     if (oneIn(8)) node.bounds.origin = {number(-9, 9), number(-9, 9)};
     if (oneIn(8)) node.hidden = !node.hidden;
