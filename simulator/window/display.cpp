@@ -85,7 +85,17 @@ double Display::pixelsPerPoint(rendering::Size screen) const {
 
 void Display::title(const std::string& text) { SDL_SetWindowTitle(window_.get(), text.c_str()); }
 
-void Display::show(const rendering::Surface& picture, rendering::Size screen) {
+void Display::send(const rendering::Surface& picture, rendering::Rows rows) {
+    if (rows.empty()) return;
+    cairo_surface_flush(picture.get());
+    const int stride = cairo_image_surface_get_stride(picture.get());
+    const SDL_Rect band{0, rows.first, picture.width(), rows.count()};
+    SDL_UpdateTexture(texture_.get(), &band,
+                      cairo_image_surface_get_data(picture.get()) + rows.first * stride, stride);
+}
+
+void Display::show(const rendering::Surface& picture, rendering::Rows changed,
+                   rendering::Size screen) {
     const int width = picture.width(), height = picture.height();
     if (width != textureWidth_ || height != textureHeight_ || !texture_) {
         texture_.reset(SDL_CreateTexture(renderer_.get(), SDL_PIXELFORMAT_ARGB8888,
@@ -94,10 +104,9 @@ void Display::show(const rendering::Surface& picture, rendering::Size screen) {
         SDL_SetTextureBlendMode(texture_.get(), SDL_BLENDMODE_NONE);
         textureWidth_ = width;
         textureHeight_ = height;
+        changed = rendering::rowsOf(picture);
     }
-    cairo_surface_flush(picture.get());
-    SDL_UpdateTexture(texture_.get(), nullptr, cairo_image_surface_get_data(picture.get()),
-                      cairo_image_surface_get_stride(picture.get()));
+    send(picture, changed);
     const double scale = density();
     const Fit place = fitOf(screen);
     const SDL_Rect target{whole(place.origin.x * scale), whole(place.origin.y * scale),

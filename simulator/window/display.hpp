@@ -7,6 +7,7 @@
 #include <memory>
 #include <string>
 
+#include "simulator/rendering/kept_screen.hpp"
 #include "simulator/rendering/surface.hpp"
 #include "simulator/window/fit.hpp"
 
@@ -25,7 +26,8 @@ class Display {
     Fit fitOf(rendering::Size screen) const;
     // Pixels of the display for a point of the screen.
     double pixelsPerPoint(rendering::Size screen) const;
-    void show(const rendering::Surface& picture, rendering::Size screen);
+    // `changed` are the rows that differ from the picture that was shown before.
+    void show(const rendering::Surface& picture, rendering::Rows changed, rendering::Size screen);
     void title(const std::string& text);
 
   private:
@@ -36,6 +38,7 @@ class Display {
     };
 
     void openWindow(rendering::Size size);
+    void send(const rendering::Surface& picture, rendering::Rows rows);
     rendering::Size size() const;
     double density() const;
 

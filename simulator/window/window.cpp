@@ -11,8 +11,7 @@
 #include <sstream>
 
 #include "simulator/phone/screen_picture.hpp"
-#include "simulator/rendering/canvas.hpp"
-#include "simulator/rendering/fingerprint.hpp"
+#include "simulator/rendering/kept_screen.hpp"
 #include "simulator/runtime/clock.hpp"
 #include "simulator/springboard/display/lock_screen.hpp"
 #include "simulator/springboard/display/orientation.hpp"
@@ -112,7 +111,8 @@ class PhoneWindow {
     std::filesystem::path pictures_;
     live::LineReader input_{STDIN_FILENO};
     rendering::Size shown_;
-    std::optional<std::uint64_t> drawn_;
+    rendering::KeptScreen kept_;
+    bool stale_ = true;  // the window shows something else than the screen as it was painted
     std::chrono::steady_clock::time_point before_ = std::chrono::steady_clock::now();
     double behind_ = 0;  // seconds of real time for which the phone's clock has not moved yet
     bool open_ = true;
@@ -165,7 +165,7 @@ void PhoneWindow::handle(const SDL_Event& event) {
             return;
         case SDL_WINDOWEVENT:
             if (event.window.event == SDL_WINDOWEVENT_LEAVE) lift(true);
-            drawn_.reset();
+            stale_ = true;
             return;
         default:
             return finger(event);
@@ -220,18 +220,18 @@ void PhoneWindow::passTime() {
 }
 
 void PhoneWindow::draw() {
-    const UprightScreen screen = uprightScreen();
+    UprightScreen screen = uprightScreen();
     if (screen.size.width != shown_.width) {
         shown_ = screen.size;
         lift(true);
         display_.shape(shown_);
-        drawn_.reset();
+        stale_ = true;
     }
-    const std::uint64_t print = rendering::fingerprint(screen.root);
-    if (drawn_ == print) return;
-    drawn_ = print;
     const double scale = std::clamp(display_.pixelsPerPoint(shown_), 0.1, finestDrawing);
-    display_.show(rendering::render(screen.root, shown_, scale), shown_);
+    const rendering::Rows changed = kept_.paint(std::move(screen.root), shown_, scale);
+    if (changed.empty() && !stale_) return;
+    display_.show(kept_.surface(), stale_ ? rendering::rowsOf(kept_.surface()) : changed, shown_);
+    stale_ = false;
 }
 
 std::filesystem::path PhoneWindow::freeName() const {
