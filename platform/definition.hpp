@@ -51,10 +51,14 @@ R super(const Object& self, A... arguments) {
     }
 }
 
-// Told of every run of a method that is defined with it; this one is deaf and costs nothing.
+// Told of every run of a method that is defined with it: what record() answers lives as long as the run.
+// This one is deaf and costs nothing.
 struct NoTrace {
+    struct Run {};
     template <class... A>
-    static void record(Class, id, SEL, const A&...) {}
+    static Run record(Class, id, SEL, const A&...) {
+        return {};
+    }
 };
 
 namespace detail {
@@ -73,7 +77,8 @@ template <class Definer, class Trace, FixedString message, class R, class Self, 
 struct Thunk<Definer, Trace, message, fn> {
     static constexpr auto encoding = MethodEncoding<R, A...>::value;
     static WireOf<R> run(id self, SEL command, WireOf<A>... arguments) {
-        Trace::record(Defined<Definer>::value, self, command, arguments...);
+        [[maybe_unused]] const auto running =
+            Trace::record(Defined<Definer>::value, self, command, arguments...);
         if constexpr (std::is_void_v<R>) {
             fn(Self(self), std::remove_cvref_t<A>(arguments)...);
         } else {
@@ -82,7 +87,8 @@ struct Thunk<Definer, Trace, message, fn> {
     }
     // For a class method the receiver is the class.
     static WireOf<R> runOnClass(id self, SEL command, WireOf<A>... arguments) {
-        Trace::record(Defined<Definer>::value, self, command, arguments...);
+        [[maybe_unused]] const auto running =
+            Trace::record(Defined<Definer>::value, self, command, arguments...);
         if constexpr (std::is_void_v<R>) {
             fn(reinterpret_cast<Class>(self), std::remove_cvref_t<A>(arguments)...);
         } else {

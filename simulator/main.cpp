@@ -1,17 +1,20 @@
 // vantori-simulator: a small phone on Linux that loads the extension as a real one does, and the
 // commands that reach it.
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <filesystem>
 #include <iostream>
 #include <optional>
 #include <sstream>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "simulator/demo/demo.hpp"
 #include "simulator/live/live_phone.hpp"
 #include "simulator/live/settings_command.hpp"
 #include "simulator/phone/extension.hpp"
+#include "simulator/scenario/known_names.hpp"
 #include "simulator/scenario/phone.hpp"
 #include "simulator/scenario/runner.hpp"
 #include "simulator/scenario/statements.hpp"
@@ -44,12 +47,50 @@ void addFolders(CLI::App& command, RunOptions& options) {
         ->type_name("DIR");
 }
 
-int run(const std::vector<std::string>& files, const RunOptions& options) {
-    if (files.size() > 1)
-        return simulator::scenario::runFilesApart(files, options,
-                                                  std::filesystem::read_symlink("/proc/self/exe"));
-    return simulator::scenario::runFile(files.front(), options, simulator::makePhone, std::cout,
-                                        std::cerr);
+// A check of an option's value: the parser says what is wrong, with the option's name.
+template <class Mistake>
+CLI::Validator refusing(Mistake mistake) {
+    return CLI::Validator([mistake](const std::string& text) { return mistake(text).value_or(""); },
+                          "");
+}
+
+void addModel(CLI::App& command, std::string& device, std::string& system,
+              std::vector<std::string>& settings) {
+    command.add_option("--device", device, "Machine identifier (iPhone10,3)")
+        ->check(refusing(simulator::mistakeInDevice))
+        ->type_name("IDENT");
+    command.add_option("--system", system, systemHelp)
+        ->check(refusing(simulator::mistakeInSystem))
+        ->type_name("X.Y");
+    command.add_option("--setting", settings, "Put a setting in the settings file")
+        ->check(refusing([](const std::string& text) -> std::optional<std::string> {
+            try {
+                simulator::live::parseSetting(text);
+                return std::nullopt;
+            } catch (const std::exception& error) {
+                return error.what();
+            }
+        }))
+        ->type_name("KEY=JSON")
+        ->allow_extra_args(false);
+}
+
+// The settings of a command line; a key that nothing reads is told of.
+std::vector<std::pair<std::string, nlohmann::json>> parsed(const std::vector<std::string>& texts) {
+    std::vector<std::pair<std::string, nlohmann::json>> settings;
+    for (const std::string& text : texts) {
+        settings.push_back(simulator::live::parseSetting(text));
+        if (const auto mistake = simulator::mistakeInSetting(settings.back().first))
+            std::cerr << "vantori-simulator: " << *mistake << "; it is written all the same\n";
+    }
+    return settings;
+}
+
+template <class Printer>
+std::string printedText(Printer print) {
+    std::ostringstream text;
+    print(text);
+    return text.str();
 }
 
 // The settings command: `set KEY JSON`, `unset KEY`, `get [KEY]`.
@@ -65,6 +106,7 @@ struct SettingsCommand {
         CLI::App* settings = program.add_subcommand(
             "settings", "Change the settings of a phone, also while it runs, as its pane does");
         settings->require_subcommand(1);
+        settings->footer(printedText(simulator::printSettings));
         set = settings->add_subcommand("set", "Put a JSON value under a key");
         unset = settings->add_subcommand("unset", "Take a key out");
         get = settings->add_subcommand("get", "Print one setting, or all");
@@ -87,13 +129,12 @@ struct SettingsCommand {
 };
 
 void addPhone(CLI::App& command, LiveOptions& options) {
-    command.add_option("--device", options.device, "Machine identifier (iPhone10,3)")
-        ->type_name("IDENT");
-    command.add_option("--system", options.system, systemHelp)->type_name("X.Y");
+    addModel(command, options.device, options.system, options.settings);
     command.add_flag("--real", options.real, realHelp);
-    command.add_option("--setting", options.settings, "Put a setting in the settings file")
-        ->type_name("KEY=JSON")
-        ->allow_extra_args(false);
+    command
+        .add_option("--record", options.recording,
+                    "Write all that is done to the phone as a scenario that does it again")
+        ->type_name("FILE");
     command.add_option("--out", options.pictures, "Folder for pictures")->type_name("DIR");
     command.add_option("--root", options.root, "Keep the phone's file system there")
         ->type_name("DIR");
@@ -115,7 +156,23 @@ int main(int argc, char** argv) {
         ->required()
         ->type_name("FILE");
     addFolders(*runCommand, options);
+    std::vector<std::string> runSettings;
+    addModel(*runCommand, options.device, options.system, runSettings);
+    options.jobs = std::max(1U, std::thread::hardware_concurrency());
+    runCommand->add_option("--jobs", options.jobs, "Files at once (as many as there are cores)")
+        ->check(CLI::Range(1, 256))
+        ->type_name("N");
+    runCommand->add_flag("--stop-at-first", options.stopAtFirst,
+                         "End at the first file that failed");
     runCommand->add_flag("--real", options.real, realHelp);
+    bool everySystem = false;
+    runCommand->add_flag(
+        "--matrix", everySystem,
+        "Run each file that does not say its system on real phones of all systems");
+    runCommand
+        ->add_option("--report", options.report,
+                     "Write a page on what failed (index.html) and junit.xml there")
+        ->type_name("DIR");
     std::filesystem::path library;
     runCommand
         ->add_option("--library", library,
@@ -153,11 +210,23 @@ int main(int argc, char** argv) {
     SettingsCommand settings;
     settings.addTo(program);
 
+    CLI::App* devicesCommand =
+        program.add_subcommand("devices", "List the devices and systems that there are");
+
     try {
         program.parse(argc, argv);
         if (!library.empty()) simulator::nameExtension(library);
-        if (!slice.empty()) simulator::nameSlice(slice);
-        if (runCommand->parsed()) return run(files, options);
+        if (runCommand->parsed()) {
+            options.settings = parsed(runSettings);
+            if (everySystem) options.matrix = simulator::knownSystems();
+            if (!slice.empty()) simulator::nameSlice(slice);
+            return simulator::scenario::runFiles(files, options, simulator::makePhone, std::cout);
+        }
+        if (devicesCommand->parsed()) {
+            simulator::printDevices(std::cout);
+            return 0;
+        }
+        parsed(live.settings);  // for what it has to say
         if (consoleCommand->parsed()) return simulator::live::runLiveConsole(live, std::cout);
         if (windowCommand->parsed()) return simulator::window::runWindow(live, std::cout);
         if (demoCommand->parsed()) return simulator::demo::runDemo(demo, std::cout, std::cerr);

@@ -3,10 +3,13 @@
 #include <algorithm>
 
 #include "simulator/demo/demo_story.hpp"
+#include "simulator/scenario/markup.hpp"
 
 namespace simulator::demo {
 
 namespace {
+
+using scenario::escaped;
 
 // Lengths are in the browser's pixels. The colours follow what the reader's system prefers.
 constexpr std::string_view opening = R"(<!DOCTYPE html>
@@ -53,29 +56,6 @@ std::string_view className(Shape shape) {
             return "film";
     }
     return {};
-}
-
-std::string escaped(std::string_view text) {
-    std::string result;
-    for (const char letter : text) {
-        switch (letter) {
-            case '&':
-                result += "&amp;";
-                break;
-            case '<':
-                result += "&lt;";
-                break;
-            case '>':
-                result += "&gt;";
-                break;
-            case '"':
-                result += "&quot;";
-                break;
-            default:
-                result += letter;
-        }
-    }
-    return result;
 }
 
 std::string figure(const StoryPicture& picture, const DemoScene& scene) {

@@ -5,6 +5,7 @@
 
 #include "platform/foundation.hpp"
 #include "simulator/foundation/replacement.hpp"
+#include "simulator/runtime/history.hpp"
 
 namespace simulator {
 
@@ -19,7 +20,10 @@ std::map<std::string, long, std::less<>>& counts() {
 }
 
 void count(NSString name) {
-    if (name) ++counts()[name.utf8()];
+    if (!name) return;
+    const std::string text = name.utf8();
+    ++counts()[text];
+    History::shared().happened(Happening::posted, text);
 }
 
 void (*systemPost)(id, SEL, id) = nullptr;

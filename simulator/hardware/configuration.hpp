@@ -22,6 +22,7 @@ struct Configuration {
     int connectivityFailures = 0;  // creations of the airplane controller that still yield nil
     CGSize connectivityButton{60, 60};
     std::vector<std::string> recents;  // newest first
+    std::string language = "en";
 };
 
 Configuration& configuration();

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 
 namespace simulator {
 
@@ -29,25 +28,13 @@ constexpr std::array devices{
     DeviceModel{"iPhone13,4", 428, 926, 3, none},
 };
 
-// What comes before the table's first entry: small phones with a home button.
-bool isEarly(std::string_view identifier) {
-    constexpr std::string_view family = "iPhone";
-    if (identifier.starts_with("iPod")) return true;
-    if (!identifier.starts_with(family)) return false;
-    int generation = 0;
-    identifier.remove_prefix(family.size());
-    auto [end, error] =
-        std::from_chars(identifier.data(), identifier.data() + identifier.size(), generation);
-    return error == std::errc() && generation > 0 && generation <= 6;
-}
-
 }  // namespace
 
-DeviceModel findDevice(std::string_view identifier) {
-    auto found = std::ranges::find(devices, identifier, &DeviceModel::identifier);
-    if (found != devices.end()) return *found;
-    if (isEarly(identifier)) return {identifier, 320, 568, 2, button};
-    return {identifier, 375, 812, 3, none};
+std::span<const DeviceModel> deviceModels() { return devices; }
+
+const DeviceModel* findDevice(std::string_view identifier) {
+    const auto* found = std::ranges::find(devices, identifier, &DeviceModel::identifier);
+    return found == devices.end() ? nullptr : found;
 }
 
 }  // namespace simulator

@@ -1,8 +1,8 @@
 // The phones that can be simulated: machine identifier, screen in points, pixels per point, and
-// whether there is a home button. An identifier outside the table is a phone like its neighbours in
-// time: small with a home button before the table begins, 375 points wide without one otherwise.
+// whether there is a home button.
 #pragma once
 
+#include <span>
 #include <string_view>
 
 namespace simulator {
@@ -15,6 +15,9 @@ struct DeviceModel {
     bool homeButton;
 };
 
-DeviceModel findDevice(std::string_view identifier);
+// Null when there is no such phone.
+const DeviceModel* findDevice(std::string_view identifier);
+
+std::span<const DeviceModel> deviceModels();
 
 }  // namespace simulator

@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cerrno>
+#include <iostream>
 #include <utility>
 
 namespace simulator::live {
@@ -30,6 +31,28 @@ void LineReader::read() {
     } else {
         ended_ = true;
     }
+}
+
+ConsoleInput::ConsoleInput(LineEditor::Completer completer) : lines_(STDIN_FILENO) {
+    if (isatty(STDIN_FILENO) != 0 && isatty(STDOUT_FILENO) != 0)
+        editor_ = std::make_unique<LineEditor>(std::move(completer), historyFile());
+}
+
+void ConsoleInput::prompt() {
+    if (editor_) editor_->prompt();
+}
+
+void ConsoleInput::read() { editor_ ? editor_->read() : lines_.read(); }
+
+std::optional<std::string> ConsoleInput::line() {
+    return editor_ ? editor_->line() : lines_.line();
+}
+
+bool ConsoleInput::atEnd() const { return editor_ ? editor_->atEnd() : lines_.atEnd(); }
+
+void ConsoleInput::tell(const std::string& text) {
+    if (editor_) return editor_->tell(text);
+    std::cout << text << std::endl;
 }
 
 Readable waitForInput(int first, int second, int milliseconds) {

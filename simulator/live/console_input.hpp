@@ -1,9 +1,12 @@
-// Whole lines from the terminal as they come, without waiting for them; and the console that takes
-// them between the frames of a phone that runs by itself.
+// Whole lines from standard input as they come, without waiting for them: from a terminal edited,
+// from a pipe as they are.
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
+
+#include "simulator/live/line_editor.hpp"
 
 namespace simulator::live {
 
@@ -22,6 +25,26 @@ class LineReader {
     int descriptor_;
     std::string pending_;
     bool ended_ = false;
+};
+
+// The lines of whoever talks to the console.
+class ConsoleInput {
+  public:
+    // With an editor when it is a terminal.
+    explicit ConsoleInput(LineEditor::Completer completer);
+
+    bool isTerminal() const { return editor_ != nullptr; }
+    void prompt();
+    void read();
+    std::optional<std::string> line();
+    bool atEnd() const;
+    int descriptor() const { return lines_.descriptor(); }
+    // A line of output that comes by itself, maybe while someone types.
+    void tell(const std::string& text);
+
+  private:
+    LineReader lines_;
+    std::unique_ptr<LineEditor> editor_;
 };
 
 // Waits until there is something to read on one of the descriptors, at most so many milliseconds

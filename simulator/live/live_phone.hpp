@@ -23,6 +23,7 @@ struct LiveOptions {
     std::filesystem::path root;         // see PhoneOptions
     bool real = false;                  // likewise
     std::filesystem::path pictures;
+    std::filesystem::path recording;  // a scenario of all that is done; none when empty
 };
 
 // Throws std::runtime_error when the text is no KEY=JSON.
@@ -33,8 +34,10 @@ class LivePhone {
     // Throws std::runtime_error for options that do not hold. The phone is off.
     LivePhone(const LiveOptions& options, bool prompt, std::ostream& output);
 
-    Phone& phone() { return *phone_; }
+    // What is done through it can be recorded.
+    Phone& phone() { return console_.phone(); }
     scenario::Console& console() { return console_; }
+    LineEditor::Completer completer();
     const DarwinListener& listener() const { return listener_; }
 
     // Posts what other processes have sent since the last time. They are lost on a phone that is
@@ -42,10 +45,17 @@ class LivePhone {
     void hearNotifications();
 
   private:
+    void takeFiles();
+    void takeSettings();
+
     std::unique_ptr<Phone> phone_;
     DarwinListener listener_;
     scenario::Console console_;
+    std::string settings_;  // the bytes of the settings file as they were last taken
 };
+
+// Carries out every whole line that is there. False when one says `quit`, or at the end.
+bool takeLines(ConsoleInput& input, scenario::Console& console);
 
 // The console on standard input: statements in phone time, notifications as they come. The status
 // of the console.

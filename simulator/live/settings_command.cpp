@@ -9,6 +9,8 @@
 #include "simulator/foundation/property_list.hpp"
 #include "simulator/live/darwin_socket.hpp"
 #include "simulator/phone/launch.hpp"
+#include "simulator/scenario/json_text.hpp"
+#include "simulator/scenario/known_names.hpp"
 
 namespace simulator::live {
 
@@ -28,12 +30,7 @@ void enter(const std::filesystem::path& root) {
 }
 
 nlohmann::json parsed(const std::string& text) {
-    try {
-        return nlohmann::json::parse(text);
-    } catch (const nlohmann::json::exception& error) {
-        throw std::runtime_error("the value is no JSON (a text needs quotes: '\"text\"'): " +
-                                 std::string(error.what()));
-    }
+    return scenario::jsonOrError(text, "the value is no JSON");
 }
 
 void write(const std::string& key, const std::optional<nlohmann::json>& value) {
@@ -57,6 +54,8 @@ void setSetting(const std::filesystem::path& root, const std::string& key, const
                 std::ostream& output) {
     const nlohmann::json value = parsed(json);
     enter(root);
+    if (const auto mistake = mistakeInSetting(key))
+        output << *mistake << "; it is written all the same\n";
     write(key, value);
     announce(root, output);
 }

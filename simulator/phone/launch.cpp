@@ -7,6 +7,7 @@
 #include "simulator/foundation/device_root.hpp"
 #include "simulator/foundation/files.hpp"
 #include "simulator/foundation/first_use.hpp"
+#include "simulator/foundation/language.hpp"
 #include "simulator/foundation/notification_counts.hpp"
 #include "simulator/foundation/observers.hpp"
 #include "simulator/hardware/configuration.hpp"
@@ -162,6 +163,7 @@ void registerSpringBoard() {
 void launchPhone(Extension extension) {
     AutoreleasePool pool;
     setUpScreen();
+    speak(configuration().language);
     installSupportFiles();
     registerUIKit();
     setImagePaths(&imagePath);

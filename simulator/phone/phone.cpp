@@ -8,6 +8,7 @@
 
 #include "simulator/foundation/bundles.hpp"
 #include "simulator/foundation/device_root.hpp"
+#include "simulator/foundation/language.hpp"
 #include "simulator/foundation/notification_counts.hpp"
 #include "simulator/foundation/preferences.hpp"
 #include "simulator/foundation/property_list.hpp"
@@ -15,13 +16,19 @@
 #include "simulator/hardware/device_table.hpp"
 #include "simulator/hardware/display.hpp"
 #include "simulator/hardware/uikit_bridge.hpp"
+#include "simulator/phone/elements.hpp"
+#include "simulator/phone/event_order.hpp"
 #include "simulator/phone/journal_values.hpp"
+#include "simulator/phone/known_methods.hpp"
+#include "simulator/phone/last_second.hpp"
 #include "simulator/phone/launch.hpp"
+#include "simulator/phone/on_screen.hpp"
 #include "simulator/phone/screen_picture.hpp"
 #include "simulator/phone/temporary_root.hpp"
 #include "simulator/runtime/clock.hpp"
 #include "simulator/runtime/crash.hpp"
 #include "simulator/runtime/darwin.hpp"
+#include "simulator/runtime/history.hpp"
 #include "simulator/runtime/hooking.hpp"
 #include "simulator/runtime/missing.hpp"
 #include "simulator/runtime/presence.hpp"
@@ -67,6 +74,18 @@ GestureStage stageOf(PullPhase phase) {
     }
 }
 
+bool isWatched(Happening what, Phone::Watched kind) {
+    switch (kind) {
+        case Phone::Watched::calls:
+            return what == Happening::called;
+        case Phone::Watched::log:
+            return what == Happening::logged;
+        case Phone::Watched::notifications:
+            break;
+    }
+    return what == Happening::posted || what == Happening::darwinPosted;
+}
+
 int narrow(long count) { return static_cast<int>(count); }
 
 class SimulatedPhone final : public Phone {
@@ -79,13 +98,14 @@ class SimulatedPhone final : public Phone {
 
     void device(const std::string& identifier) override {
         requireOff();
+        const DeviceModel* model = findDevice(identifier);
+        if (!model) throw PhoneError("no such device: " + identifier);
         configuration().machine = identifier;
-        DeviceModel model = findDevice(identifier);
         if (!ownScreen_) {
-            configuration().screen = {model.width, model.height};
-            configuration().scale = model.scale;
+            configuration().screen = {model->width, model->height};
+            configuration().scale = model->scale;
         }
-        if (!ownHomeButton_) configuration().homeButton = model.homeButton;
+        if (!ownHomeButton_) configuration().homeButton = model->homeButton;
     }
     void screen(double width, double height, double scale) override {
         requireOff();
@@ -341,6 +361,43 @@ class SimulatedPhone final : public Phone {
         if (!known) throw PhoneError("no such route: " + name);
     }
 
+    void keepLastSecond() override {
+        Clock::shared().everyFrame([this] {
+            if (on_) lastSecond_.frame();
+        });
+    }
+    void filmOfLastSecond(const std::filesystem::path& file) override {
+        requireOn();
+        saved([&] { return lastSecond_.save(file); });
+    }
+
+    std::string elements() override {
+        requireOn();
+        AutoreleasePool pool;
+        return elementList();
+    }
+    void activate(const std::string& label) override {
+        constexpr double tapSeconds = 0.05;
+        requireOn();
+        CGPoint place{};
+        {
+            AutoreleasePool pool;
+            const Element element = elementLabelled(label);
+            bool done = false;
+            run([&] { done = simulator::activate(element); });
+            if (done) return;
+            place = activationPoint(element);
+        }
+        touchDown(place.x, place.y);
+        wait(tapSeconds);
+        touchUp();
+    }
+    void language(const std::string& code) override {
+        requireOff();
+        if (!isLanguage(code)) throw PhoneError("no such language: " + code);
+        configuration().language = code;
+    }
+
     void interrupt(objc_object* view) override {
         run([&] { simulator::interrupt(Object(view)); });
     }
@@ -377,6 +434,24 @@ class SimulatedPhone final : public Phone {
         if (!arguments) return std::nullopt;
         return journalValues(*arguments);
     }
+    Place reach(objc_object* view) override {
+        requireOn();
+        AutoreleasePool pool;
+        const CGPoint place = middleWithinReach(Object(view));
+        return {place.x, place.y};
+    }
+    std::optional<std::string> mistakeInMethod(const std::string& className,
+                                               const std::string& selector) override {
+        if (!on_) return std::nullopt;
+        return mistakeInMethodName(className, selector);
+    }
+    EventsInOrder inOrder(const std::vector<Event>& events) override {
+        return eventsInOrder(events);
+    }
+    std::optional<std::string> notShown(const std::string& text) override {
+        requireOn();
+        return textNotShown(text);
+    }
     bool hooked(const std::string& className, const std::string& selector) override {
         return wasHooked(className, selector);
     }
@@ -393,6 +468,7 @@ class SimulatedPhone final : public Phone {
     }
     std::optional<std::string> crashed() override { return crash(); }
     void clear() override {
+        History::shared().clear();
         clearNotificationPosts();
         clearDarwinPosts();
         Journal::clear();
@@ -401,7 +477,28 @@ class SimulatedPhone final : public Phone {
         clearLaunches();
         forgetCrash();
     }
-    std::string tree(objc_object* root) override { return viewTree(UIView(root)); }
+    std::string tree(objc_object* root) override {
+        if (root && !Object(root).isKindOfClass(classOf<UIView>()))
+            throw PhoneError("that is no view");
+        return treeOnScreen(UIView(root));
+    }
+    std::vector<std::string> journal(std::size_t lines) override {
+        return History::shared().latest(lines);
+    }
+    std::string hooks() override {
+        AutoreleasePool pool;
+        // The extension knows more of its hooks than was handed over.
+        const Class report = objc_getClass("VNTHookReport");
+        if (!report) return hookList();
+        return Object(classObject(report)).send<"text", NSString>().utf8();
+    }
+    void watch(Watched kind, std::function<void(const std::string&)> tell) override {
+        if (!tell) return History::shared().watch({});
+        History::shared().watch(
+            [kind, tell = std::move(tell)](Happening what, const std::string& line) {
+                if (isWatched(what, kind)) tell(line);
+            });
+    }
     void shot(const std::filesystem::path& file, double pixelsPerPoint) override {
         requireOn();
         if (!(pixelsPerPoint >= 1 && pixelsPerPoint <= 4)) {
@@ -498,6 +595,7 @@ class SimulatedPhone final : public Phone {
     bool taken_ = false;  // the system has the finger
     CGPoint finger_{};
     SystemGestures gestures_;
+    LastSecond lastSecond_;
 };
 
 }  // namespace

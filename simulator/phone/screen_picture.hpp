@@ -41,6 +41,7 @@ class ScreenPainter {
 class FilmStrip {
   public:
     void add();
+    void add(rendering::Surface picture) { frames_.push_back(std::move(picture)); }
     std::optional<std::string> save(const std::filesystem::path& file) const;
 
   private:

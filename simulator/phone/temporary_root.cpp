@@ -2,6 +2,7 @@
 
 #include <stdlib.h>
 
+#include "simulator/runtime/black_box.hpp"
 #include "simulator/scenario/phone.hpp"
 
 namespace simulator {
@@ -14,6 +15,7 @@ TemporaryRoot::TemporaryRoot(std::filesystem::path asked)
             (std::filesystem::temp_directory_path(error) / "vantori-XXXXXX").string();
         if (!mkdtemp(name.data())) throw PhoneError("cannot make a folder for the phone");
         path_ = name;
+        if (BlackBox* box = BlackBox::ofThisProcess()) box->root(name);
     } else if (std::filesystem::create_directories(path_, error); error) {
         throw PhoneError("cannot make " + path_.string() + ": " + error.message());
     }

@@ -6,6 +6,7 @@
 #include "platform/core_foundation.hpp"
 #include "simulator/runtime/clock.hpp"
 #include "simulator/runtime/exports.hpp"
+#include "simulator/runtime/history.hpp"
 
 struct CFNotificationCenter {};
 
@@ -50,6 +51,7 @@ void deliver(const std::string& name) {
 
 void postDarwin(const std::string& name) {
     ++centre().posts[name];
+    History::shared().happened(Happening::darwinPosted, name);
     bool heard = false;
     for (Observer& observer : centre().observers) {
         if (observer.name == name && !observer.pending) heard = observer.pending = true;

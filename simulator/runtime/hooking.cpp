@@ -39,6 +39,19 @@ bool wasHooked(std::string_view className, std::string_view selector) {
     });
 }
 
+std::string hookList() {
+    std::string text;
+    for (const Handover& call : record()) {
+        const std::string owner = call.className.empty() ? "(no class)" : call.className;
+        text += "-[" + owner + " " + call.selector + "] " +
+                (call.installed           ? "hooked"
+                 : call.className.empty() ? "not installed: the class is missing"
+                                          : "not installed: the method is missing") +
+                "\n";
+    }
+    return text;
+}
+
 }  // namespace simulator
 
 VANTORI_EXPORT void MSHookMessageEx(Class cls, SEL selector, IMP replacement, IMP* saved) {

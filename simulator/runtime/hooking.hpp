@@ -18,4 +18,7 @@ const std::vector<Handover>& handovers();
 // Whether a class of that name was handed over with that selector.
 bool wasHooked(std::string_view className, std::string_view selector);
 
+// A line for each of them: the method, and what became of it.
+std::string hookList();
+
 }  // namespace simulator

@@ -1,6 +1,9 @@
 #include "simulator/runtime/journal.hpp"
 
+#include <algorithm>
 #include <unordered_map>
+
+#include "simulator/runtime/black_box.hpp"
 
 namespace simulator {
 
@@ -22,6 +25,8 @@ struct Entry {
     long count = 0;
     unsigned long latest = 0;  // order of the latest run among all
     std::vector<Argument> arguments;
+    std::string message;  // -[Class selector], by the receiver's class
+    History::Number event = 0;
 };
 
 // Never destroyed: objects may still be recorded while the process ends.
@@ -31,6 +36,33 @@ std::unordered_map<Key, Entry, KeyHash>& entries() {
 }
 
 unsigned long order = 0;
+std::size_t inFlight = 0;
+
+std::string written(Class receiver, const char* selector) {
+    return std::string(class_isMetaClass(receiver) ? "+[" : "-[") + class_getName(receiver) + " " +
+           selector + "]";
+}
+
+// What can be told of an argument later, without keeping it alive.
+struct Brief {
+    BriefArgument operator()(const platform::Strong<platform::Object>& object) const {
+        if (!object) return std::monostate();
+        return object_getClass(object.get());
+    }
+    BriefArgument operator()(const void*) const { return std::monostate(); }
+    template <class T>
+    BriefArgument operator()(const T& value) const {
+        return value;
+    }
+};
+
+std::vector<BriefArgument> brief(const std::vector<Argument>& arguments) {
+    constexpr std::size_t most = 4;
+    std::vector<BriefArgument> result;
+    for (std::size_t i = 0; i < std::min(arguments.size(), most); ++i)
+        result.push_back(std::visit(Brief{}, arguments[i]));
+    return result;
+}
 
 // How many steps up from cls the class of that name is; -1 when it is none of them.
 int distanceTo(Class cls, std::string_view name) {
@@ -53,7 +85,7 @@ std::vector<const std::pair<const Key, Entry>*> entriesOf(std::string_view class
     int best = -1;
     for (const auto& entry : entries()) {
         const Key& key = entry.first;
-        if (selector != key.selector) continue;
+        if (entry.second.count == 0 || selector != key.selector) continue;
         int up = distanceTo(key.receiver, className);
         if (up < 0) continue;
         int inherited = distanceTo(ancestor(key.receiver, up), class_getName(key.definer));
@@ -67,13 +99,30 @@ std::vector<const std::pair<const Key, Entry>*> entriesOf(std::string_view class
 
 }  // namespace
 
-void Journal::note(Class definer, id self, const char* selector, std::vector<Argument> arguments) {
+std::size_t Journal::note(Class definer, id self, const char* selector,
+                          std::vector<Argument> arguments) {
     Class receiver = object_getClass(self);
     // The recorded self must not be kept: it may be on its way out. Its class is enough.
     Entry& entry = entries()[{definer, receiver, selector}];
+    if (entry.message.empty()) {
+        entry.message = written(receiver, selector);
+        // Two implementations of one message in a chain of classes are two events.
+        const std::string owner = class_getName(definer);
+        entry.event = History::shared().numberOf(
+            Happening::called,
+            owner == class_getName(receiver) ? entry.message : entry.message + " of " + owner);
+    }
+    History::shared().add(entry.event, brief(arguments));
+    if (BlackBox* box = BlackBox::ofThisProcess()) box->enter(inFlight, entry.message);
     ++entry.count;
     entry.latest = ++order;
     entry.arguments = std::move(arguments);
+    return inFlight++;
+}
+
+void Journal::leave(std::size_t depth) {
+    inFlight = depth;
+    if (BlackBox* box = BlackBox::ofThisProcess()) box->leave(depth);
 }
 
 long Journal::count(std::string_view className, std::string_view selector) {
@@ -92,6 +141,20 @@ std::optional<std::vector<Argument>> Journal::last(std::string_view className,
     return latest->arguments;
 }
 
-void Journal::clear() { entries().clear(); }
+std::set<History::Number> Journal::events(std::string_view className, std::string_view selector) {
+    std::set<History::Number> found;
+    for (const auto* entry : entriesOf(className, selector)) found.insert(entry->second.event);
+    return found;
+}
+
+void Journal::clear() {
+    // Objects that go are recorded in their turn, so they go last.
+    std::vector<std::vector<Argument>> forgotten;
+    for (auto& [key, entry] : entries()) {
+        entry.count = 0;
+        forgotten.push_back(std::move(entry.arguments));
+        entry.arguments.clear();
+    }
+}
 
 }  // namespace simulator

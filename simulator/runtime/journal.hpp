@@ -1,11 +1,12 @@
 // The journal of the system's operations: how often each ran on a stand-in class, and with what
 // arguments it ran last. Stand-ins are defined with Journal as their trace, so that every method is
 // recorded by the one wrapper around it. Memory stays bounded: one entry for each pair of class and
-// selector.
+// selector. In which order they ran is in the history.
 #pragma once
 
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -13,6 +14,7 @@
 #include <vector>
 
 #include "platform/ownership.hpp"
+#include "simulator/runtime/history.hpp"
 
 namespace simulator {
 
@@ -22,10 +24,22 @@ using Argument = std::variant<bool, long, double, CGPoint, CGSize, CGRect, CGAff
 
 class Journal {
   public:
+    // A run under way: the messages in flight are known by these.
+    class Run {
+      public:
+        explicit Run(std::size_t depth) : depth_(depth) {}
+        ~Run() { leave(depth_); }
+        Run(const Run&) = delete;
+        Run& operator=(const Run&) = delete;
+
+      private:
+        std::size_t depth_;
+    };
+
     // The trace of platform::define.
     template <class... A>
-    static void record(Class definer, id self, SEL command, const A&... arguments) {
-        note(definer, self, sel_getName(command), {box(arguments)...});
+    static Run record(Class definer, id self, SEL command, const A&... arguments) {
+        return Run(note(definer, self, sel_getName(command), {box(arguments)...}));
     }
 
     // How often objects of the class ran the implementation that the class has, its own or the one
@@ -34,10 +48,15 @@ class Journal {
     // The arguments of the latest such run.
     static std::optional<std::vector<Argument>> last(std::string_view className,
                                                      std::string_view selector);
+    // The events of the history that are such runs.
+    static std::set<History::Number> events(std::string_view className, std::string_view selector);
     static void clear();
 
   private:
-    static void note(Class definer, id self, const char* selector, std::vector<Argument> arguments);
+    // Answers how many messages were in flight before this one.
+    static std::size_t note(Class definer, id self, const char* selector,
+                            std::vector<Argument> arguments);
+    static void leave(std::size_t depth);
 
     template <class T>
     static Argument box(const T& value) {

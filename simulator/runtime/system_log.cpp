@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/foundation.hpp"
+#include "simulator/runtime/history.hpp"
 
 // GNUstep hands every finished log line to this function, with time and process before it.
 extern "C" void (*_NSLog_printf_handler)(id message);
@@ -34,7 +35,10 @@ SystemLog& SystemLog::shared() {
 
 void SystemLog::install() { _NSLog_printf_handler = &receive; }
 
-void SystemLog::write(std::string line) { lines_.push_back(std::move(line)); }
+void SystemLog::write(std::string line) {
+    History::shared().happened(Happening::logged, line);
+    lines_.push_back(std::move(line));
+}
 
 long SystemLog::count(std::string_view text) const {
     return std::ranges::count_if(

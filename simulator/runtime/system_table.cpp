@@ -74,6 +74,13 @@ std::string versionOf(int release) {
     return std::to_string(release / 100) + "." + std::to_string(release % 100);
 }
 
+void eachRelease(const std::function<void(int)>& visit) {
+    for (std::size_t index = 0; index < latestMinor.size(); ++index) {
+        const int major = oldestMajor + static_cast<int>(index);
+        for (int minor = 0; minor <= latestMinor[index]; ++minor) visit(major * 100 + minor);
+    }
+}
+
 std::optional<Finding> finding(std::string_view className, Kind kind, std::string_view name,
                                int release) {
     const SystemRow* row = find(className, kind, name);
@@ -85,6 +92,15 @@ std::optional<Finding> finding(std::string_view className, Kind kind, std::strin
                                   [&](const Sighting& seen) { return distance(seen, release); });
     return Finding{nearest.found, nearest.release,
                    generation(nearest.release) == generation(release)};
+}
+
+bool someSystemHas(std::string_view className, Kind kind, std::string_view name) {
+    const SystemRow* row = find(className, kind, name);
+    if (!row) return false;
+    const auto seen = std::span(sightings).subspan(row->first, row->count);
+    return seen.empty() || std::ranges::any_of(seen, [](const Sighting& each) {
+               return each.found != Found::absent;
+           });
 }
 
 std::size_t systemNameCount() { return std::size(systemRows); }

@@ -3,6 +3,7 @@
 // the phone is built. A release is a system's major version times 100 plus its minor one.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -17,6 +18,9 @@ enum class Kind : char {
 };
 
 enum class Found { own, inherited, absent };
+
+// Calls visit(release) for every release, from the oldest.
+void eachRelease(const std::function<void(int)>& visit);
 
 struct Finding {
     Found found;
@@ -33,6 +37,9 @@ std::string versionOf(int release);
 // one that the fewest releases part from it, and of two the earlier.
 std::optional<Finding> finding(std::string_view className, Kind kind, std::string_view name,
                                int release);
+
+// Whether any system was found to have it, or is said to have brought it.
+bool someSystemHas(std::string_view className, Kind kind, std::string_view name);
 
 // Calls visit(className, kind, name) for every name of the tables.
 template <class Visitor>

@@ -3,7 +3,8 @@
 
 #include <string>
 
-#include "simulator/scenario/statements.hpp"
+#include "simulator/scenario/completion.hpp"
+#include "simulator/scenario/console_commands.hpp"
 
 namespace simulator::scenario {
 namespace {
@@ -19,10 +20,14 @@ std::string trimmed(const std::string& text) {
 }  // namespace
 
 Console::Console(Phone& phone, const ConsoleOptions& options, std::ostream& output)
-    : options_(options), output_(output), session_(phone, name, options.pictures, output) {}
+    : options_(options),
+      output_(output),
+      session_(phone, name, options.pictures, output),
+      tell_([this](const std::string& line) { output_ << line << std::endl; }) {}
 
 void Console::greet() {
-    if (options_.prompt) output_ << "`help` lists the statements, `quit` ends.\n";
+    if (options_.prompt)
+        output_ << "`help` lists the statements, `help STATEMENT` explains one, `quit` ends.\n";
 }
 
 void Console::prompt() {
@@ -33,17 +38,22 @@ bool Console::take(const std::string& text) {
     ++lines_;
     const std::string command = trimmed(text);
     if (command == "quit" || command == "exit") return false;
-    if (command == "help") {
-        printStatements(output_);
-        return true;
-    }
     try {
+        if (takeConsoleCommand(session_.phone(), command, output_, tell_)) return true;
         if (const auto statement = parser_.line(text, lines_)) session_.run(*statement);
     } catch (const SyntaxError& error) {
         malformed_ = true;
         output_ << error.report(name) << std::endl;
+    } catch (const PhoneError& error) {
+        malformed_ = true;
+        output_ << name << ":" << lines_ << ": " << command << ": " << error.what() << std::endl;
     }
     return true;
+}
+
+std::vector<std::string> Console::complete(const std::string& before,
+                                           const std::string& word) const {
+    return completions(before, word, parser_.names());
 }
 
 int Console::status() const { return malformed_ || session_.failed() > 0 ? 1 : 0; }

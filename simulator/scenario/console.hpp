@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <istream>
 #include <ostream>
 #include <string>
@@ -26,6 +27,11 @@ class Console {
     void prompt();
     // False when the line says `quit`.
     bool take(const std::string& text);
+    RecordingPhone& phone() { return session_.phone(); }
+    // What may come next in a line that someone types.
+    std::vector<std::string> complete(const std::string& before, const std::string& word) const;
+    // Where to what happens by itself is told; the output when nowhere else.
+    void tellBy(std::function<void(const std::string&)> tell) { tell_ = std::move(tell); }
     // 1 when a statement failed or was malformed, else 0.
     int status() const;
 
@@ -36,6 +42,7 @@ class Console {
     Parser parser_;
     int lines_ = 0;
     bool malformed_ = false;
+    std::function<void(const std::string&)> tell_;
 };
 
 // Reads until `quit` or the end of the input; the console's status.

@@ -85,6 +85,10 @@ std::string Cursor::word(const std::string& wanted) {
     return std::string(text_.substr(start, offset_ - start));
 }
 
+void Cursor::skipWord() {
+    while (offset_ < text_.size() && !isBlank(peek()) && peek() != ',') ++offset_;
+}
+
 std::string Cursor::string(const std::string& wanted) {
     skipBlanks();
     if (peek() != '"') expected(wanted + " in double quotes");

@@ -31,6 +31,8 @@ class Cursor {
     std::string identifier();
     // A word as it stands, or a string.
     std::string word(const std::string& wanted);
+    // Goes on to the next blank or comma.
+    void skipWord();
     // What stands in double quotes.
     std::string string(const std::string& wanted);
     // A decimal number with an optional sign and fraction, as it is written.

@@ -7,6 +7,8 @@
 #include <nlohmann/json.hpp>
 
 #include "simulator/scenario/expression_parser.hpp"
+#include "simulator/scenario/json_text.hpp"
+#include "simulator/scenario/known_names.hpp"
 #include "simulator/services/system_settings.hpp"
 
 namespace simulator::scenario {
@@ -14,6 +16,7 @@ namespace {
 
 enum class Shape {
     word,
+    device,
     oneOf,
     version,
     text,
@@ -24,6 +27,8 @@ enum class Shape {
     value,
     term,
     name,
+    view,
+    event,
     sign
 };
 
@@ -34,15 +39,17 @@ struct Slot {
     std::string_view words = {};  // of oneOf, parted by `|`
 };
 
-constexpr std::array<Slot, 40> slots{{
-    {"IDENT", Shape::word, "a machine identifier"},
+constexpr std::array<Slot, 45> slots{{
+    {"IDENT", Shape::device, "a machine identifier"},
     {"KEY", Shape::word, "a key"},
     {"PATH", Shape::word, "a path"},
     {"CLASS", Shape::word, "a class"},
     {"SELECTOR", Shape::word, "a selector"},
     {"BUNDLE", Shape::word, "a bundle identifier"},
     {"NAME", Shape::word, "a name"},
+    {"CODE", Shape::word, "a language such as de or pt-BR"},
     {"FILE", Shape::word, "the name of a picture"},
+    {"RECORDING", Shape::word, "the name of a scenario"},
     {"ROUTE", Shape::oneOf, "Speaker or HeadphonesBT", "Speaker|HeadphonesBT"},
     {"TOGGLE", Shape::oneOf, "the name of a system setting", settingWords.view()},
     {"X.Y", Shape::version, "a version such as 13.3"},
@@ -69,7 +76,10 @@ constexpr std::array<Slot, 40> slots{{
     {"STYLE", Shape::count, "a style: 0, 1 or 2"},
     {"JSON", Shape::json, "a JSON value"},
     {"EXPR", Shape::value, "an expression"},
-    {"VIEW", Shape::value, "a view"},
+    {"VIEW", Shape::view, "a view"},
+    {"EVENT", Shape::event, "an event"},
+    {"DX", Shape::number, "a distance to the right"},
+    {"DY", Shape::number, "a distance down"},
     {"VALUE", Shape::term, "a value"},
     {"ICONS", Shape::count, "a number of icons"},
     {"VARIABLE", Shape::name, "a name made of letters, digits and underscores"},
@@ -150,27 +160,18 @@ void checkLiteral(const Cursor& before, Shape shape, const Expression& expressio
         before.fail(expression.text + " is no whole number");
 }
 
-// JSON as far as a property list can hold it: no null, and no deeper than anyone writes.
 nlohmann::json readJson(Cursor& cursor, const std::string& wanted) {
-    using nlohmann::json;
-    constexpr int deepest = 200;
     if (cursor.atEnd()) cursor.expected(wanted);
     const Cursor before = cursor;
-    const auto check = [&before](int depth, json::parse_event_t event, json& parsed) {
-        if (depth > deepest) before.fail("the JSON is nested too deeply");
-        if (event == json::parse_event_t::value && parsed.is_null())
-            before.fail("a property list cannot hold null");
-        return true;
-    };
-    const std::string_view text = cursor.rest();
-    try {
-        return json::parse(text, check);
-    } catch (const json::parse_error& error) {
-        const std::size_t byte = error.byte == 0 ? 0 : error.byte - 1;
-        throw SyntaxError(before.positionAt(before.offset() + byte), "the JSON is malformed");
-    } catch (const json::exception&) {
-        before.fail("the JSON holds a number out of range");
-    }
+    auto read = readJsonText(cursor.rest());
+    if (auto* value = std::get_if<nlohmann::json>(&read)) return std::move(*value);
+    const auto& mistake = std::get<JsonMistake>(read);
+    throw SyntaxError(before.positionAt(before.offset() + mistake.offset), mistake.what);
+}
+
+// A name that only some values have, checked before anything runs.
+void checkName(const Cursor& before, const std::optional<std::string>& mistake) {
+    if (mistake) before.fail(*mistake);
 }
 
 class Reader {
@@ -199,7 +200,16 @@ class Reader {
     void readElement(const Element& element) {
         if (element.repeated) {
             statement_.arguments[std::string(element.text)];
-            while (!cursor_.atEnd()) readSlot(*element.slot);
+            while (!cursor_.atEnd()) {
+                readSlot(*element.slot);
+                // Events are parted by commas.
+                if (element.slot->shape != Shape::event || cursor_.atEnd()) continue;
+                if (!cursor_.take(",")) cursor_.expected("','");
+                if (cursor_.atEnd()) cursor_.expected("an event");
+            }
+            if (element.slot->shape == Shape::event &&
+                statement_.arguments[std::string(element.text)].empty())
+                cursor_.expected("an event");
         } else if (element.slot != nullptr) {
             readSlot(*element.slot);
         } else if (element.isChoice()) {
@@ -217,7 +227,14 @@ class Reader {
         }
         // `expect posted …` is meant as that, unless something was named `posted`.
         ++literals_;
-        if (literals_ > 1 && !names_.contains(std::string(literal))) certain_ = true;
+        if (literals_ > 1 && !names_.contains(std::string(literal)) && certain_.empty())
+            certain_ = beginningUpTo(literal);
+    }
+
+    // The form's pattern up to and with that word of it.
+    std::string_view beginningUpTo(std::string_view literal) const {
+        const auto end = static_cast<std::size_t>(literal.data() - form_.pattern.data());
+        return form_.pattern.substr(0, end + literal.size());
     }
 
     std::string readWordOf(std::string_view words, const std::string& wanted) {
@@ -252,7 +269,13 @@ class Reader {
             case Shape::version: {
                 std::string version = cursor_.word(wanted);
                 checkVersion(before, version, wanted);
+                checkName(before, mistakeInSystem(version));
                 return version;
+            }
+            case Shape::device: {
+                std::string identifier = cursor_.word(wanted);
+                checkName(before, mistakeInDevice(identifier));
+                return identifier;
             }
             case Shape::text:
                 return cursor_.string(wanted);
@@ -269,12 +292,75 @@ class Reader {
                 return expressions_.expression();
             case Shape::term:
                 return expressions_.term();
+            case Shape::view:
+                // A number is none, nor is a text.
+                if (cursor_.numberComesNext() || cursor_.peek() == '"') fail(before, wanted);
+                // Not a difference: `drag view -5 0 over 1` has three parts.
+                return expressions_.term();
+            case Shape::event:
+                return readEvent();
             case Shape::name:
                 return readName(wanted);
             case Shape::sign:
                 break;
         }
         return readComparison(wanted);
+    }
+
+    // A word that may be followed by a comma without a blank.
+    std::string readEventWord(const std::string& wanted) {
+        cursor_.skipBlanks();
+        if (cursor_.peek() == '"') return cursor_.string(wanted);
+        const Cursor before = cursor_;
+        const std::size_t start = cursor_.offset();
+        cursor_.skipWord();
+        std::string word = cursor_.textFrom(start);
+        if (word.empty()) fail(before, wanted);
+        return word;
+    }
+
+    Event readEvent() {
+        using Kind = Event::Kind;
+        constexpr std::array<std::pair<std::string_view, Kind>, 6> kinds{{
+            {"called", Kind::called},
+            {"posted", Kind::posted},
+            {"darwin-posted", Kind::darwinPosted},
+            {"haptic", Kind::haptic},
+            {"launched", Kind::launched},
+            {"logged", Kind::logged},
+        }};
+        const Cursor before = cursor_;
+        const std::size_t start = cursor_.offset();
+        const std::string word = readEventWord("an event");
+        const auto* kind = std::find_if(kinds.begin(), kinds.end(),
+                                        [&](const auto& each) { return each.first == word; });
+        if (kind == kinds.end())
+            fail(before, oneOf("called|posted|darwin-posted|haptic|launched|logged"));
+        Event event{kind->second, {}};
+        switch (event.kind) {
+            case Kind::called:
+                event.name = readEventWord("a class");
+                event.selector = readEventWord("a selector");
+                break;
+            case Kind::haptic:
+                event.name = readStyle();
+                break;
+            case Kind::logged:
+                event.name = cursor_.string("a text");
+                break;
+            default:
+                event.name = readEventWord("a name");
+        }
+        event.text = cursor_.textFrom(start);
+        return event;
+    }
+
+    std::string readStyle() {
+        cursor_.skipBlanks();
+        const Cursor before = cursor_;
+        std::string style = readEventWord("a style: 0, 1 or 2");
+        if (style != "0" && style != "1" && style != "2") fail(before, "a style: 0, 1 or 2");
+        return style;
     }
 
     std::string readName(const std::string& wanted) {
@@ -298,12 +384,18 @@ class Reader {
     ExpressionParser expressions_;
     Statement statement_;
     int literals_ = 0;
-    bool certain_ = false;
+    std::string_view certain_;
     std::string missingWord_;
     bool inTail_ = false;
 };
 
 }  // namespace
+
+std::string_view choicesOf(std::string_view slot) {
+    const auto* found = std::find_if(slots.begin(), slots.end(),
+                                     [slot](const Slot& each) { return each.name == slot; });
+    return found == slots.end() ? std::string_view() : found->words;
+}
 
 std::variant<Statement, Misfit> readAs(const Form& form, Cursor cursor,
                                        const std::set<std::string>& names) {

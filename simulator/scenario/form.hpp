@@ -17,6 +17,7 @@
 #include "simulator/scenario/comparison.hpp"
 #include "simulator/scenario/cursor.hpp"
 #include "simulator/scenario/expression.hpp"
+#include "simulator/scenario/phone.hpp"
 
 namespace simulator::scenario {
 
@@ -34,7 +35,7 @@ struct Form {
     std::string_view keyword() const { return pattern.substr(0, pattern.find(' ')); }
 };
 
-using Argument = std::variant<std::string, ExpressionPointer, nlohmann::json, Comparison>;
+using Argument = std::variant<std::string, ExpressionPointer, nlohmann::json, Comparison, Event>;
 
 struct Statement {
     const Form* form = nullptr;
@@ -42,13 +43,21 @@ struct Statement {
     std::string choice;  // of `yes|no` and the like
     std::string text;
     int line = 0;
+
+    // The text behind the keyword, or nothing when it begins with another.
+    std::string withoutKeyword(std::string_view keyword) const {
+        const bool begins = text.size() > keyword.size() && text.starts_with(keyword) &&
+                            text[keyword.size()] == ' ';
+        return begins ? text.substr(keyword.size() + 1) : "";
+    }
 };
 
 // How far a line was understood as one form, and what stopped it.
 struct Misfit {
     SyntaxError error;
-    bool certain = false;  // the line cannot have been meant as any other form
-    Cursor where;          // only of use while the line's text is there
+    // When not empty, the line can only have been meant as a form that begins like this.
+    std::string_view certain = {};
+    Cursor where;  // only of use while the line's text is there
     // The word of the form that is not there, when that is what stopped it.
     std::string missingWord = {};
 };
@@ -57,5 +66,8 @@ struct Misfit {
 // `names` are those that `let` has given so far.
 std::variant<Statement, Misfit> readAs(const Form& form, Cursor cursor,
                                        const std::set<std::string>& names);
+
+// The words that such a slot can hold, parted by `|`; empty when they are not a few.
+std::string_view choicesOf(std::string_view slot);
 
 }  // namespace simulator::scenario

@@ -13,6 +13,7 @@
 
 namespace simulator::scenario {
 
+class RecordingPhone;
 class Session;
 
 class Line {
@@ -20,6 +21,7 @@ class Line {
     Line(Session& session, const Statement& statement) : session_(session), statement_(statement) {}
 
     Phone& phone();
+    RecordingPhone& recording();
 
     // Whether an optional slot was filled in.
     bool given(std::string_view slot) const;
@@ -29,6 +31,7 @@ class Line {
     bool chose(std::string_view word) const { return statement_.choice == word; }
     const nlohmann::json& json(std::string_view slot) const;
     Comparison comparison(std::string_view slot) const;
+    std::vector<Event> events(std::string_view slot) const;
     const Expression& expression(std::string_view slot, std::size_t index = 0) const;
 
     // These send messages and throw EvaluationError when a value is of the wrong kind.
@@ -38,15 +41,21 @@ class Line {
     double number(std::string_view slot);
     double seconds(std::string_view slot);
     int count(std::string_view slot);
+    // The object of a slot that must have one.
+    objc_object* view(std::string_view slot);
     PullPhase pullPhase() const;
 
     // A picture's file, below the folder for pictures.
     std::filesystem::path picture(std::string_view slot);
 
     void print(const std::string& text);
+    // Tells of something that is carried out all the same.
+    void remark(const std::string& text);
     void name(const std::string& variable, const Value& value);
     // What an `expect` is about holds, or something else was got.
     void expect(bool held, const std::string& got);
+    // The same; `wanted` completes what was expected: "expected EXPR to be YES …".
+    void expect(bool held, const std::string& wanted, const std::string& got);
     // Expects a count of exactly that many.
     void expectCount(int got, std::string_view slot);
     // What a statement or a message has raised so far, if anything.

@@ -16,18 +16,43 @@ bool speaksForItself(const Expression& expression) {
            std::holds_alternative<StringLiteral>(expression.node);
 }
 
+// What was got, told apart from what it was compared with.
+std::string contrasted(const Value& left, const Value& right, const Expression& source) {
+    const std::string got = printed(left), other = printed(right);
+    const auto* object = std::get_if<Object>(&left);
+    if (got == other && object != nullptr && !asNumber(left) && !asText(left)) {
+        const bool same = object->object == std::get<Object>(right).object;
+        return (same ? "the same " : "another ") + got;
+    }
+    const bool alike = got == other && asNumber(left) && asNumber(right) && !equal(left, right);
+    if (alike)
+        return printedExactly(left) + " where " + source.text + " is " + printedExactly(right);
+    if (speaksForItself(source) || source.text == other) return got;
+    return got + " where " + source.text + " is " + other;
+}
+
 void expectValue(Line& line) {
     const Value left = line.value("EXPR");
-    std::string got = printed(left);
-    if (!line.given("OP")) return line.expect(isTrue(left), got);
+    if (!line.given("OP")) return line.expect(isTrue(left), " to be YES or not nil", printed(left));
     const Value right = line.value("EXPR", 1);
-    const Expression& source = line.expression("EXPR", 1);
-    if (!speaksForItself(source) && source.text != printed(right))
-        got += " where " + source.text + " is " + printed(right);
-    line.expect(holds(left, line.comparison("OP"), right), got);
+    line.expect(holds(left, line.comparison("OP"), right),
+                contrasted(left, right, line.expression("EXPR", 1)));
+}
+
+// A slip of the pen would hold for ever in `expect called … 0`.
+void checkMethod(Line& line) {
+    if (const auto mistake =
+            line.phone().mistakeInMethod(line.word("CLASS"), line.word("SELECTOR")))
+        throw EvaluationError(*mistake);
+}
+
+void expectCalled(Line& line) {
+    checkMethod(line);
+    line.expectCount(line.phone().calledCount(line.word("CLASS"), line.word("SELECTOR")), "N");
 }
 
 void expectLastCall(Line& line) {
+    checkMethod(line);
     const auto call = line.phone().lastCall(line.word("CLASS"), line.word("SELECTOR"));
     if (!call) return line.expect(false, "no such call");
     const std::vector<Value> wanted = line.values("VALUE");
@@ -41,8 +66,33 @@ void expectLastCall(Line& line) {
 }
 
 void expectHooked(Line& line, bool wanted) {
+    checkMethod(line);
     const bool hooked = line.phone().hooked(line.word("CLASS"), line.word("SELECTOR"));
     line.expect(hooked == wanted, hooked ? "hooked" : "unhooked");
+}
+
+void expectOrder(Line& line) {
+    const std::vector<Event> events = line.events("EVENT");
+    for (const Event& event : events) {
+        if (event.kind != Event::Kind::called) continue;
+        if (const auto mistake = line.phone().mistakeInMethod(event.name, event.selector))
+            throw EvaluationError(*mistake);
+    }
+    const EventsInOrder outcome = line.phone().inOrder(events);
+    if (outcome.met >= events.size()) return line.expect(true, "");
+    std::string got = "no " + events[outcome.met].text;
+    if (outcome.met > 0) got += " after " + events[outcome.met - 1].text;
+    got += outcome.inAll == 0 ? " at all" : " (" + std::to_string(outcome.inAll) + " in all)";
+    line.expect(false, got);
+}
+
+void expectShown(Line& line) {
+    const auto reason = line.phone().notShown(line.word("TEXT"));
+    line.expect(!reason, reason.value_or(""));
+}
+
+void expectNotShown(Line& line) {
+    line.expect(line.phone().notShown(line.word("TEXT")).has_value(), "it is shown");
 }
 
 void expectHaptics(Line& line) {
@@ -69,12 +119,14 @@ void expectCrashed(Line& line) {
     line.expect(reason.has_value() == line.chose("yes"), reason.value_or("no"));
 }
 
-void printTree(Line& line) {
-    objc_object* root = line.given("VIEW") ? line.object("VIEW") : nullptr;
-    if (line.given("VIEW") && root == nullptr) throw EvaluationError("there is no view");
-    std::string text = line.phone().tree(root);
+std::string withoutEnd(std::string text) {
     while (text.ends_with('\n')) text.pop_back();
-    line.print(text);
+    return text;
+}
+
+void printTree(Line& line) {
+    objc_object* root = line.given("VIEW") ? line.view("VIEW") : nullptr;
+    line.print(withoutEnd(line.phone().tree(root)));
 }
 
 void film(Line& line) {
@@ -83,7 +135,7 @@ void film(Line& line) {
     line.phone().film({line.picture("FILE"), frames, line.seconds("S")});
 }
 
-constexpr std::array<Form, 23> forms{{
+constexpr std::array<Form, 27> forms{{
     {"print EXPR", always, "the value on a line of its own",
      [](Line& line) { line.print(printed(line.value("EXPR"))); }},
     {"do EXPR", always, "evaluates, drops the value", [](Line& line) { line.value("EXPR"); }},
@@ -94,10 +146,7 @@ constexpr std::array<Form, 23> forms{{
     {"expect darwin-posted NAME N", always, "how often the Darwin notification was posted",
      [](Line& line) { line.expectCount(line.phone().darwinPostedCount(line.word("NAME")), "N"); }},
     {"expect called CLASS SELECTOR N", always, "how often the system operation was run",
-     [](Line& line) {
-         const int calls = line.phone().calledCount(line.word("CLASS"), line.word("SELECTOR"));
-         line.expectCount(calls, "N");
-     }},
+     expectCalled},
     {"expect last CLASS SELECTOR with VALUE...", always, "the arguments of its latest run",
      expectLastCall},
     {"expect hooked CLASS SELECTOR", always, "the method was hooked",
@@ -106,6 +155,14 @@ constexpr std::array<Form, 23> forms{{
      [](Line& line) { expectHooked(line, false); }},
     {"expect hooks N", always, "how many methods were hooked",
      [](Line& line) { line.expectCount(line.phone().hookCount(), "N"); }},
+    {"expect order EVENT...", always,
+     "these came in this order: called CLASS SELECTOR, posted NAME, darwin-posted NAME, "
+     "haptic STYLE, launched BUNDLE, logged TEXT, parted by commas",
+     expectOrder},
+    {"expect shown TEXT", booted, "a label or button with exactly this text can be seen",
+     expectShown},
+    {"expect not-shown TEXT", booted, "no label or button with exactly this text can be seen",
+     expectNotShown},
     {"expect haptics STYLE N", always, "impacts given: 0 light, 1 medium, 2 heavy", expectHaptics},
     {"expect logged TEXT N", always, "lines of the system log that contain TEXT",
      [](Line& line) { line.expectCount(line.phone().loggedCount(line.word("TEXT")), "N"); }},
@@ -126,6 +183,8 @@ constexpr std::array<Form, 23> forms{{
     {"clear", always, "forgets all that was counted so far",
      [](Line& line) { line.phone().clear(); }},
     {"tree [VIEW]", booted, "prints the view tree", printTree},
+    {"elements", booted, "prints what a screen reader goes through, in order",
+     [](Line& line) { line.print(withoutEnd(line.phone().elements())); }},
     {"shot FILE [at SCALE]", booted, "a picture of the screen as it is now, SCALE pixels a point",
      [](Line& line) {
          line.phone().shot(line.picture("FILE"), line.given("SCALE") ? line.number("SCALE") : 1);

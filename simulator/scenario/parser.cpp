@@ -1,6 +1,7 @@
 // Finding the form that a line has, and checking that it may stand where it stands.
 #include "simulator/scenario/parser.hpp"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <fstream>
@@ -8,6 +9,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "simulator/scenario/known_names.hpp"
 #include "simulator/scenario/statements.hpp"
 
 namespace simulator::scenario {
@@ -51,7 +53,9 @@ class Blame {
         if (column < furthest) return;
         if (column > furthest) words_.clear();
         if (misfit.missingWord.empty() || !nearest_ || column > furthest) nearest_ = misfit;
-        if (!misfit.missingWord.empty()) words_.push_back(misfit.missingWord);
+        if (misfit.missingWord.empty()) return;
+        if (std::find(words_.begin(), words_.end(), misfit.missingWord) == words_.end())
+            words_.push_back(misfit.missingWord);
     }
 
     bool empty() const { return !nearest_; }
@@ -72,17 +76,22 @@ class Blame {
 Statement readByAnyForm(const Cursor& cursor, const std::set<std::string>& names) {
     const std::string keyword = keywordOf(cursor);
     Blame blame;
+    std::string_view certain;
     for (const StatementGroup& group : statementGroups()) {
         for (const Form& form : group.forms) {
-            if (form.keyword() != keyword) continue;
+            if (form.keyword() != keyword || !form.pattern.starts_with(certain)) continue;
             auto outcome = readAs(form, cursor, names);
             if (auto* statement = std::get_if<Statement>(&outcome)) return std::move(*statement);
             const auto& misfit = std::get<Misfit>(outcome);
-            if (misfit.certain) throw misfit.error;
+            if (certain.empty() && !misfit.certain.empty()) {
+                certain = misfit.certain;
+                blame = {};  // what other beginnings lack is of no interest
+            }
             blame.add(misfit);
         }
     }
-    if (blame.empty()) cursor.fail("there is no statement '" + keyword + "'");
+    if (blame.empty())
+        cursor.fail("there is no statement '" + keyword + "'" + meant(keyword, keywords()));
     blame.raise();
 }
 

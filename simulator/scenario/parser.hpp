@@ -18,6 +18,9 @@ class Parser {
     // after `boot`, and which names there are, depends on those before. Throws SyntaxError.
     std::optional<Statement> line(std::string_view text, int number);
 
+    // Those that `let` has given so far.
+    const std::set<std::string>& names() const { return names_; }
+
   private:
     std::set<std::string> names_;
     bool booted_ = false;

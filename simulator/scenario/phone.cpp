@@ -10,6 +10,24 @@ namespace {
 
 }  // namespace
 
+Place Phone::reach(objc_object*) { absent("the places of views"); }
+void Phone::activate(const std::string&) { absent("the accessibility protocol"); }
+std::string Phone::elements() { absent("the accessibility protocol"); }
+void Phone::language(const std::string&) { absent("languages"); }
+std::optional<std::string> Phone::mistakeInMethod(const std::string&, const std::string&) {
+    return std::nullopt;
+}
+EventsInOrder Phone::inOrder(const std::vector<Event>&) { absent("the order of events"); }
+std::optional<std::string> Phone::notShown(const std::string&) {
+    absent("the texts on the screen");
+}
+std::vector<std::string> Phone::journal(std::size_t) { return {}; }
+std::string Phone::hooks() { absent("the hook report"); }
+void Phone::watch(Watched, std::function<void(const std::string&)>) { absent("the journal"); }
+void Phone::keepLastSecond() {}
+void Phone::filmOfLastSecond(const std::filesystem::path&) {
+    absent("the film of the last second");
+}
 void Phone::floatingDock() { absent("the floating dock"); }
 void Phone::connectivityFails(int) { absent("the connectivity module"); }
 void Phone::connectivityButton(double, double) { absent("the connectivity module"); }

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <nlohmann/json_fwd.hpp>
 #include <optional>
@@ -61,6 +62,27 @@ struct Film {
     double seconds = 0;
 };
 
+// One event of `expect order`: a system operation that ran (its class and selector), or a notification,
+// an impact, a launch, a line of the log (by its name, style, bundle or a part of its text).
+struct Event {
+    enum class Kind { called, posted, darwinPosted, haptic, launched, logged };
+    Kind kind = Kind::called;
+    std::string name;
+    std::string selector = {};
+    std::string text = {};  // as it was written
+};
+
+// How far a row of events came, in order; and how often the first that did not come came at all.
+struct EventsInOrder {
+    std::size_t met = 0;
+    long inAll = 0;
+};
+
+struct Place {
+    double x = 0;
+    double y = 0;
+};
+
 class Phone {
   public:
     virtual ~Phone() = default;
@@ -78,6 +100,7 @@ class Phone {
     virtual void floatingDock();
     virtual void connectivityFails(int creations);
     virtual void sceneAfter(const std::string& bundle, int creation);
+    virtual void language(const std::string& code);
     virtual void withoutExtension() = 0;
     virtual void boot() = 0;
 
@@ -118,18 +141,28 @@ class Phone {
     // On which thread the player tells of itself: the main one, or one of its own.
     virtual void playerCallbacks(bool otherThread);
     virtual void toggle(const std::string& name, bool on);
+    // Activates the one element that a screen reader calls that.
+    virtual void activate(const std::string& label);
     virtual void interrupt(objc_object* view) = 0;
     virtual void post(const std::string& notification) = 0;
     virtual void postDarwin(const std::string& notification) = 0;
 
     // Looking. Counts run since boot() or the last clear().
     virtual ScreenBounds screenBounds() = 0;
+    // The middle of a view on the screen, where a finger would reach it; refused when none would.
+    virtual Place reach(objc_object* view);
     virtual objc_object* presentation(objc_object* view) = 0;
     virtual int postedCount(const std::string& notification) = 0;
     virtual int darwinPostedCount(const std::string& notification) = 0;
     virtual int calledCount(const std::string& className, const std::string& selector) = 0;
     virtual std::optional<std::vector<scenario::Value>> lastCall(const std::string& className,
                                                                  const std::string& selector) = 0;
+    // Why no such method can ever run or be hooked; nothing when one can, or on a phone that is off.
+    virtual std::optional<std::string> mistakeInMethod(const std::string& className,
+                                                       const std::string& selector);
+    virtual EventsInOrder inOrder(const std::vector<Event>& events);
+    // Whether a label or a button with exactly this text can be seen; else why not.
+    virtual std::optional<std::string> notShown(const std::string& text);
     virtual bool hooked(const std::string& className, const std::string& selector) = 0;
     virtual int hookCount() = 0;
     virtual int haptics(int style) = 0;  // 0 light, 1 medium, 2 heavy
@@ -142,8 +175,17 @@ class Phone {
     virtual std::optional<std::string> crashed() = 0;  // why it did first
     virtual void clear() = 0;
     virtual std::string tree(objc_object* root) = 0;  // of the whole screen for a null root
+    virtual std::string elements();                   // what a screen reader goes through
+    virtual std::vector<std::string> journal(std::size_t lines);  // the latest, oldest first
+    virtual std::string hooks();                                  // each with what became of it
+    // Tells of each event of that kind as it happens, until an empty function is given.
+    enum class Watched { notifications, calls, log };
+    virtual void watch(Watched kind, std::function<void(const std::string&)> tell);
     virtual void shot(const std::filesystem::path& file, double pixelsPerPoint) = 0;
     virtual void film(const Film& film) = 0;
+    // From here on the last second is kept, for filmOfLastSecond().
+    virtual void keepLastSecond();
+    virtual void filmOfLastSecond(const std::filesystem::path& file);
 };
 
 struct PhoneOptions {

@@ -1,14 +1,7 @@
-// A file from beginning to end, and several files in processes of their own.
+// One file from beginning to end. Several files are in run_apart.cpp.
 #include "simulator/scenario/runner.hpp"
 
-#include <spawn.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <algorithm>
-#include <cerrno>
-#include <cstring>
-#include <iostream>
 
 #include "simulator/scenario/parser.hpp"
 #include "simulator/scenario/session.hpp"
@@ -20,39 +13,30 @@ constexpr int allHeld = 0;
 constexpr int someFailed = 1;
 constexpr int malformed = 2;
 
-// The status of one child; what ended it otherwise is told.
-int childStatus(pid_t child, const std::string& file) {
-    int status = 0;
-    while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
-    }
-    if (WIFEXITED(status)) return WEXITSTATUS(status);
-    std::cerr << file << ": the phone was ended by signal " << WTERMSIG(status) << " ("
-              << strsignal(WTERMSIG(status)) << ")" << std::endl;
-    return someFailed;
+bool says(const std::vector<Statement>& statements, std::string_view keyword) {
+    return std::any_of(statements.begin(), statements.end(), [keyword](const Statement& each) {
+        return each.form->keyword() == keyword;
+    });
 }
 
-int runApart(const std::string& file, const RunOptions& options,
-             const std::filesystem::path& program) {
-    std::vector<std::string> words{program.string(), "run"};
-    if (!options.pictures.empty()) words.insert(words.end(), {"--out", options.pictures.string()});
-    if (!options.root.empty()) words.insert(words.end(), {"--root", options.root.string()});
-    if (options.real) words.emplace_back("--real");
-    words.insert(words.end(), {"--", file});
-    std::vector<char*> arguments;
-    for (std::string& word : words) arguments.push_back(word.data());
-    arguments.push_back(nullptr);
-    pid_t child = 0;
-    const int error =
-        posix_spawn(&child, program.c_str(), nullptr, nullptr, arguments.data(), environ);
-    if (error == 0) return childStatus(child, file);
-    std::cerr << file << ": no process could be started: " << std::strerror(error) << std::endl;
-    return malformed;
+bool saysSetting(const std::vector<Statement>& statements, const std::string& key) {
+    return std::any_of(statements.begin(), statements.end(), [&key](const Statement& each) {
+        return each.form->keyword() == "setting" &&
+               std::get<std::string>(each.arguments.at("KEY").front()) == key;
+    });
+}
+
+void setUp(Phone& phone, const std::vector<Statement>& statements, const RunOptions& options) {
+    if (!options.device.empty() && !says(statements, "device")) phone.device(options.device);
+    if (!options.system.empty() && !says(statements, "system")) phone.system(options.system);
+    for (const auto& [key, value] : options.settings)
+        if (!saysSetting(statements, key)) phone.setting(key, value);
 }
 
 }  // namespace
 
 int runFile(const std::string& file, const RunOptions& options, const PhoneMaker& makePhone,
-            std::ostream& output, std::ostream& errors) {
+            std::ostream& output, std::ostream& errors, const FailureHearer& record) {
     std::vector<Statement> statements;
     try {
         statements = parse(readFile(file));
@@ -60,31 +44,29 @@ int runFile(const std::string& file, const RunOptions& options, const PhoneMaker
         errors << error.report(file) << std::endl;
         return malformed;
     } catch (const std::exception& error) {
-        errors << SyntaxError({}, error.what()).report(file) << std::endl;
+        errors << file << ": cannot be read: " << error.what() << std::endl;
         return malformed;
     }
     std::unique_ptr<Phone> phone;
     try {
         phone = makePhone({options.root, options.real});
+        setUp(*phone, statements, options);
     } catch (const std::exception& error) {
         errors << file << ": there is no phone to run it on: " << error.what() << std::endl;
         return someFailed;
     }
     const std::filesystem::path beside = std::filesystem::path(file).parent_path();
     Session session(*phone, file, options.pictures.empty() ? beside : options.pictures, output);
-    for (const Statement& statement : statements) session.run(statement);
+    if (record) {
+        phone->keepLastSecond();
+        session.onFailure([&](const Failure& failure) { record(*phone, failure); });
+    }
+    for (const Statement& statement : statements) {
+        session.run(statement);
+        if (session.over()) break;
+    }
     session.sayCounts();
     return session.failed() == 0 ? allHeld : someFailed;
-}
-
-int runFilesApart(const std::vector<std::string>& files, const RunOptions& options,
-                  const std::filesystem::path& program) {
-    int worst = allHeld;
-    for (const std::string& file : files) {
-        std::cout << file << std::endl;
-        worst = std::max(worst, runApart(file, options, program));
-    }
-    return worst;
 }
 
 }  // namespace simulator::scenario

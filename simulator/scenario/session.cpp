@@ -6,11 +6,16 @@
 #include <nlohmann/json.hpp>
 #include <utility>
 
+#include "simulator/runtime/black_box.hpp"
 #include "simulator/scenario/line.hpp"
 #include "simulator/scenario/objective_c.hpp"
 #include "simulator/scenario/raised.hpp"
 
 namespace simulator::scenario {
+
+namespace {
+bool isBoot(const Statement& statement) { return statement.form->keyword() == "boot"; }
+}  // namespace
 
 Session::Session(Phone& phone, std::string file, std::filesystem::path pictures,
                  std::ostream& output)
@@ -18,12 +23,14 @@ Session::Session(Phone& phone, std::string file, std::filesystem::path pictures,
       file_(std::move(file)),
       pictures_(std::move(pictures)),
       output_(output),
-      evaluate_(phone, names_) {
+      evaluate_(phone_, names_) {
     watchExceptions();
 }
 
 void Session::run(const Statement& statement) {
     const AutoreleasePool pool;
+    BlackBox* box = BlackBox::ofThisProcess();
+    if (box != nullptr) box->statement(statement.line, statement.text);
     try {
         carryOut(statement);
     } catch (const std::exception& error) {
@@ -33,6 +40,7 @@ void Session::run(const Statement& statement) {
         if (raised_.empty()) raised_ = text;
         fail(statement, "raised " + text);
     }
+    if (box != nullptr) box->counts(held_, failed_);
 }
 
 void Session::carryOut(const Statement& statement) {
@@ -40,17 +48,26 @@ void Session::carryOut(const Statement& statement) {
         throw EvaluationError("the phone has not booted");
     Line line(*this, statement);
     statement.form->run(line);
-    if (statement.form->keyword() == "boot") booted_ = true;
+    if (isBoot(statement)) booted_ = true;
+    if (statement.form->keyword() == "let") phone_.named(statement.text);
+    // Messages to objects are recorded as they were written.
+    if (statement.form->keyword() == "do" || statement.form->keyword() == "interrupt")
+        phone_.sent(statement.text);
 }
 
 void Session::fail(const Statement& statement, const std::string& why) {
+    // What comes after a phone that did not boot could only fail as well.
+    if (isBoot(statement)) over_ = true;
+    const std::string expected = statement.withoutKeyword("expect");
+    failed(
+        {statement.line, statement.text, expected, why,
+         expected.empty() ? statement.text + ": " + why : "expected " + expected + ", but " + why});
+}
+
+void Session::failed(const Failure& failure) {
     ++failed_;
-    constexpr std::string_view expect = "expect ";
-    const std::string where = file_ + ":" + std::to_string(statement.line) + ": ";
-    if (statement.text.starts_with(expect))
-        say(where + "expected " + statement.text.substr(expect.size()) + ", but " + why);
-    else
-        say(where + statement.text + ": " + why);
+    say(file_ + ":" + std::to_string(failure.line) + ": " + failure.message);
+    if (heardFailure_) heardFailure_(failure);
 }
 
 void Session::say(const std::string& text) {
@@ -112,6 +129,18 @@ objc_object* Line::object(std::string_view slot) {
     return *result;
 }
 
+objc_object* Line::view(std::string_view slot) {
+    objc_object* result = object(slot);
+    if (result == nullptr) throw EvaluationError("there is no view");
+    return result;
+}
+
+std::vector<Event> Line::events(std::string_view slot) const {
+    std::vector<Event> result;
+    for (const Argument& argument : all(slot)) result.push_back(std::get<Event>(argument));
+    return result;
+}
+
 double Line::number(std::string_view slot) {
     const Value worth = value(slot);
     const auto result = asNumber(worth);
@@ -142,25 +171,36 @@ PullPhase Line::pullPhase() const {
 
 std::filesystem::path Line::picture(std::string_view slot) {
     std::filesystem::path file = session_.pictures_ / word(slot);
-    if (file.has_parent_path()) std::filesystem::create_directories(file.parent_path());
+    std::error_code error;
+    if (file.has_parent_path()) std::filesystem::create_directories(file.parent_path(), error);
+    if (error)
+        throw EvaluationError("cannot make " + file.parent_path().string() + ": " +
+                              error.message());
     return file;
 }
 
+RecordingPhone& Line::recording() { return session_.phone_; }
+
 void Line::print(const std::string& text) { session_.say(text); }
+
+void Line::remark(const std::string& text) {
+    session_.say("note: " + session_.file_ + ":" + std::to_string(statement_.line) + ": " + text);
+}
 
 void Line::name(const std::string& variable, const Value& value) {
     session_.names_.set(variable, value);
 }
 
-void Line::expect(bool held, const std::string& got) {
+void Line::expect(bool held, const std::string& got) { expect(held, "", got); }
+
+void Line::expect(bool held, const std::string& wanted, const std::string& got) {
     if (held) {
         ++session_.held_;
         return;
     }
-    ++session_.failed_;
-    constexpr std::size_t keyword = std::string_view("expect ").size();
-    session_.say(session_.file_ + ":" + std::to_string(statement_.line) + ": expected " +
-                 statement_.text.substr(keyword) + ", got " + got);
+    const std::string expected = statement_.withoutKeyword("expect") + wanted;
+    session_.failed(
+        {statement_.line, statement_.text, expected, got, "expected " + expected + ", got " + got});
 }
 
 void Line::expectCount(int got, std::string_view slot) {

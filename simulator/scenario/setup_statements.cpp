@@ -2,6 +2,7 @@
 #include <array>
 #include <nlohmann/json.hpp>
 
+#include "simulator/scenario/known_names.hpp"
 #include "simulator/scenario/line.hpp"
 #include "simulator/scenario/statements.hpp"
 
@@ -11,7 +12,7 @@ namespace {
 constexpr auto before = Phase::setup;
 constexpr auto always = Phase::always;
 
-constexpr std::array<Form, 21> forms{{
+constexpr std::array<Form, 22> forms{{
     {"device IDENT", before, "machine identifier, as uname reports it (iPhone10,3)",
      [](Line& line) { line.phone().device(line.word("IDENT")); }},
     {"screen W H SCALE", before, "overrides the device's screen, in points",
@@ -27,7 +28,11 @@ constexpr std::array<Form, 21> forms{{
     {"setting KEY none", always, "takes KEY out of the settings file",
      [](Line& line) { line.phone().setting(line.word("KEY"), std::nullopt); }},
     {"setting KEY JSON", always, "puts KEY in the settings file and posts nothing",
-     [](Line& line) { line.phone().setting(line.word("KEY"), line.json("JSON")); }},
+     [](Line& line) {
+         line.phone().setting(line.word("KEY"), line.json("JSON"));
+         if (const auto mistake = mistakeInSetting(line.word("KEY")))
+             line.remark(*mistake + "; it is written all the same");
+     }},
     {"plist PATH JSON", always, "writes PATH on the phone as a property list",
      [](Line& line) { line.phone().plist(line.word("PATH"), line.json("JSON")); }},
     {"file PATH TEXT", always, "writes PATH on the phone with exactly these bytes",
@@ -55,6 +60,8 @@ constexpr std::array<Form, 21> forms{{
      [](Line& line) { line.phone().sceneAfter(line.word("BUNDLE"), line.count("N")); }},
     {"flashlight-available yes|no", always, "what the flashlight says of itself (yes)",
      [](Line& line) { line.phone().flashlightAvailable(line.chose("yes")); }},
+    {"language CODE", before, "the phone's language and region format (en)",
+     [](Line& line) { line.phone().language(line.word("CODE")); }},
     {"without extension", before, "boots the phone without loading the library",
      [](Line& line) { line.phone().withoutExtension(); }},
     {"boot", before, "starts SpringBoard with the library, until nothing moves",

@@ -3,13 +3,12 @@
 
 #include <algorithm>
 #include <array>
-#include <iomanip>
-#include <string>
+#include <set>
 
 namespace simulator::scenario {
 namespace {
 
-std::string_view whenAllowed(Phase phase) { return phase == Phase::setup ? " (before boot)" : ""; }
+const char* whenAllowed(Phase phase) { return phase == Phase::setup ? " (before boot)" : ""; }
 
 }  // namespace
 
@@ -22,19 +21,41 @@ std::span<const StatementGroup> statementGroups() {
     return groups;
 }
 
-void printStatements(std::ostream& output) {
+void printRow(std::ostream& output, std::string_view form, std::string_view help) {
     constexpr std::size_t column = 42;
+    output << "  " << form;
+    const std::size_t used = form.size() + 2;
+    if (used >= column)
+        output << '\n' << std::string(column, ' ');
+    else
+        output << std::string(column - used, ' ');
+    output << help << '\n';
+}
+
+bool printStatement(std::ostream& output, const std::string& keyword) {
+    bool found = false;
+    for (const StatementGroup& group : statementGroups()) {
+        for (const Form& form : group.forms) {
+            if (form.keyword() != keyword) continue;
+            printRow(output, form.pattern, std::string(form.help) + whenAllowed(form.phase));
+            found = true;
+        }
+    }
+    return found;
+}
+
+std::vector<std::string> keywords() {
+    std::set<std::string> each;
+    for (const StatementGroup& group : statementGroups())
+        for (const Form& form : group.forms) each.emplace(form.keyword());
+    return {each.begin(), each.end()};
+}
+
+void printStatements(std::ostream& output) {
     for (const StatementGroup& group : statementGroups()) {
         output << group.title << ":\n";
-        for (const Form& form : group.forms) {
-            output << "  " << form.pattern;
-            const std::size_t used = form.pattern.size() + 2;
-            if (used >= column)
-                output << '\n' << std::string(column, ' ');
-            else
-                output << std::string(column - used, ' ');
-            output << form.help << whenAllowed(form.phase) << '\n';
-        }
+        for (const Form& form : group.forms)
+            printRow(output, form.pattern, std::string(form.help) + whenAllowed(form.phase));
     }
     output
         << "Expressions:\n"

@@ -4,7 +4,9 @@
 
 #include <ostream>
 #include <span>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "simulator/scenario/form.hpp"
 
@@ -22,5 +24,11 @@ std::span<const StatementGroup> statementGroups();
 
 // Every form with its help, a line each.
 void printStatements(std::ostream& output);
+// The forms of one statement; false when there is none.
+bool printStatement(std::ostream& output, const std::string& keyword);
+void printRow(std::ostream& output, std::string_view form, std::string_view help);
+
+// Each once.
+std::vector<std::string> keywords();
 
 }  // namespace simulator::scenario

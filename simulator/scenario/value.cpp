@@ -35,19 +35,6 @@ std::optional<Number> unbox(objc_object* object) {
     }
 }
 
-// A string as it would be written in a scenario.
-std::string quoted(const std::string& text) {
-    std::string result = "\"";
-    for (const char character : text) {
-        if (character == '"' || character == '\\') result += '\\';
-        if (character == '\n')
-            result += "\\n";
-        else
-            result += character;
-    }
-    return result + '"';
-}
-
 std::string decimal(long double number, int decimals) {
     // Room for the largest double, which has 309 digits before the point.
     std::array<char, 400> buffer{};
@@ -94,6 +81,26 @@ struct Printer {
 };
 
 }  // namespace
+
+std::string quoted(const std::string& text) {
+    std::string result = "\"";
+    for (const char character : text) {
+        if (character == '"' || character == '\\') result += '\\';
+        if (character == '\n')
+            result += "\\n";
+        else
+            result += character;
+    }
+    return result + '"';
+}
+
+std::string printedExactly(const Value& value) {
+    const auto number = asNumber(value);
+    if (!number) return printed(value);
+    std::array<char, 64> buffer{};
+    std::snprintf(buffer.data(), buffer.size(), "%.17g", static_cast<double>(number->value));
+    return buffer.data();
+}
 
 Value integerValue(long double number) { return Number{number, Number::Kind::integer}; }
 

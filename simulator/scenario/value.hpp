@@ -65,5 +65,9 @@ bool isTrue(const Value& value);
 
 // Points as {x, y}, reals with up to six decimals, strings in quotes, objects as <ClassName>.
 std::string printed(const Value& value);
+// A text as it is written in a scenario.
+std::string quoted(const std::string& text);
+// A number with all the digits that tell it from its neighbours.
+std::string printedExactly(const Value& number);
 
 }  // namespace simulator::scenario

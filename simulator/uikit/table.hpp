@@ -22,7 +22,8 @@ struct LambdaThunk<Function, R (Owner::*)(Self, A...) const> {
 
     template <platform::Handle Definer>
     static platform::WireOf<R> run(id self, SEL command, platform::WireOf<A>... arguments) {
-        Journal::record(platform::Defined<Definer>::value, self, command, arguments...);
+        const auto running =
+            Journal::record(platform::Defined<Definer>::value, self, command, arguments...);
         if constexpr (std::is_void_v<R>) {
             Function{}(receiver(self), std::remove_cvref_t<A>(arguments)...);
         } else {

@@ -40,11 +40,13 @@ struct Key {
 class PhoneWindow {
   public:
     PhoneWindow(const live::LiveOptions& options, std::ostream& output)
-        : output_(output),
-          display_("Vantori"),
+        : display_("Vantori"),
           live_(options, isatty(STDIN_FILENO) != 0, output),
           hasConsole_(isatty(STDIN_FILENO) != 0),
-          pictures_(options.pictures) {}
+          pictures_(options.pictures),
+          input_(live_.completer()) {
+        live_.console().tellBy([this](const std::string& text) { input_.tell(text); });
+    }
 
     int run();
 
@@ -68,12 +70,12 @@ class PhoneWindow {
     void takePicture() {
         const std::filesystem::path file = freeName();
         phone().shot(file, finestDrawing);
-        output_ << file.string() << std::endl;
+        input_.tell(file.string());
     }
     void quit() { open_ = false; }
     void louder() { phone().volumeKey(true); }
     void softer() { phone().volumeKey(false); }
-    void help() { output_ << keysHelp() << std::flush; }
+    void help() { input_.tell(keysHelp()); }
 
   private:
     Phone& phone() { return live_.phone(); }
@@ -100,16 +102,15 @@ class PhoneWindow {
         try {
             work();
         } catch (const PhoneError& error) {
-            output_ << error.what() << std::endl;
+            input_.tell(error.what());
         }
     }
 
-    std::ostream& output_;
     Display display_;
     live::LivePhone live_;
     bool hasConsole_;
     std::filesystem::path pictures_;
-    live::LineReader input_{STDIN_FILENO};
+    live::ConsoleInput input_;
     rendering::Size shown_;
     rendering::KeptScreen kept_;
     bool stale_ = true;  // the window shows something else than the screen as it was painted
@@ -139,7 +140,7 @@ int PhoneWindow::run() {
     shown_ = screen();
     display_.shape(shown_);
     help();
-    live_.console().prompt();
+    input_.prompt();
     before_ = std::chrono::steady_clock::now();
     while (open_) {
         SDL_Event event;
@@ -203,12 +204,14 @@ void PhoneWindow::lift(bool cancelled) {
 }
 
 void PhoneWindow::hearConsole() {
-    if (live::waitForInput(STDIN_FILENO, -1, 0).first) input_.read();
-    while (const std::optional<std::string> text = input_.line()) {
-        if (!live_.console().take(*text)) return quit();
-        live_.console().prompt();
+    while (live::waitForInput(input_.descriptor(), -1, 0).first && !input_.atEnd()) {
+        input_.read();
+        if (live::takeLines(input_, live_.console())) continue;
+        // The end of the input leaves the window as it is.
+        if (!input_.atEnd()) quit();
+        hasConsole_ = false;
+        return;
     }
-    if (input_.atEnd()) hasConsole_ = false;
 }
 
 void PhoneWindow::passTime() {

@@ -12,6 +12,7 @@
 #include "simulator/live/live_phone.hpp"
 #include "simulator/live/settings_command.hpp"
 #include "simulator/phone/temporary_root.hpp"
+#include "simulator/scenario/parser.hpp"
 
 namespace {
 
@@ -117,9 +118,13 @@ TEST(DarwinSocket, LiesInFoldersOfAnyDepth) {
 TEST(LivePhone, PostsWhatOtherProcessesSend) {
     const TemporaryRoot root({});
     std::ostringstream said;
-    LivePhone live(
-        {.device = "iPhone10,1", .system = "", .settings = {}, .root = root.path(), .pictures = {}},
-        false, said);
+    LivePhone live({.device = "iPhone10,1",
+                    .system = "",
+                    .settings = {},
+                    .root = root.path(),
+                    .pictures = {},
+                    .recording = {}},
+                   false, said);
     live.console().take("without extension");
     live.console().take("boot");
     ASSERT_EQ(live.console().status(), 0) << said.str();
@@ -127,6 +132,43 @@ TEST(LivePhone, PostsWhatOtherProcessesSend) {
     EXPECT_TRUE(sendDarwin(root.path(), "some.name"));
     live.hearNotifications();
     EXPECT_EQ(live.phone().darwinPostedCount("some.name"), 1);
+}
+
+TEST(LivePhone, RecordsWhatIsInItsFolderAndWhatOtherProcessesWriteThere) {
+    const TemporaryRoot root({}), folder({});
+    std::filesystem::create_directories(root.path() / "var/mobile");
+    std::ofstream(root.path() / "var/mobile/kept") << "a\n\"b\"";
+    std::ostringstream said;
+    const std::filesystem::path recording = folder.path() / "all.scenario";
+    {
+        LivePhone live({.device = "",
+                        .system = "",
+                        .settings = {},
+                        .root = root.path(),
+                        .real = true,
+                        .pictures = {},
+                        .recording = recording},
+                       false, said);
+        live.console().take("without extension");
+        live.console().take("boot");
+        const pid_t pane = fork();
+        if (pane == 0) {
+            setSetting(root.path(), "layoutDirection", "1", said);
+            _exit(0);
+        }
+        ASSERT_EQ(waitpid(pane, nullptr, 0), pane);
+        live.hearNotifications();
+    }
+    const std::string text = scenario::readFile(recording);
+    EXPECT_NE(
+        text.find("\nfile \"/var/mobile/kept\" \"a\\n\\\"b\\\"\"\nreal\nwithout extension\nboot\n"),
+        std::string::npos)
+        << text;
+    const auto written =
+        text.find("file \"/var/mobile/Library/Preferences/com.ferolin.vantoripb.plist\"");
+    ASSERT_NE(written, std::string::npos) << text;
+    EXPECT_GT(text.find("layoutDirection", written), written);
+    EXPECT_TRUE(text.ends_with("darwin \"VantoriPB/reloadSettings\"\nwait 0\n")) << text;
 }
 
 TEST(LivePhone, RefusesSettingsWithoutAValue) {

@@ -18,6 +18,23 @@ TEST(SystemTable, VersionsAreReleases) {
     EXPECT_FALSE(releaseOf("new"));
 }
 
+TEST(SystemTable, EveryReleaseIsVisitedFromTheOldest) {
+    std::vector<int> releases;
+    eachRelease([&](int release) { releases.push_back(release); });
+    EXPECT_EQ(releases.size(), 28u);  // 11.0 to .4, 12.0 to .5, 13.0 to .7, 14.0 to .8
+    EXPECT_EQ(releases.front(), 1100);
+    EXPECT_EQ(releases[5], 1200);
+    EXPECT_EQ(releases.back(), 1408);
+}
+
+TEST(SystemTable, SomeSystemHasWhatAnyDid) {
+    const auto three = "grabberTongueBeganPulling:withDistance:andVelocity:";
+    EXPECT_TRUE(someSystemHas("SBFluidSwitcherGestureManager", Kind::method, three));
+    EXPECT_TRUE(someSystemHas("UIColor", Kind::classMethod, "labelColor"));
+    EXPECT_FALSE(someSystemHas("SBFluidSwitcherGestureManager", Kind::classMethod, three));
+    EXPECT_FALSE(someSystemHas("SBSwitcherContainerView", Kind::type, ""));  // looked for in vain
+}
+
 TEST(SystemTable, WhatNoTableListsIsNotKnown) {
     EXPECT_FALSE(finding("SBNobody", Kind::type, "", 1300));
     EXPECT_FALSE(finding("SBMediaController", Kind::classMethod, "changeTrack:", 1300));

@@ -1,6 +1,7 @@
 // The volume is left to the base class: this phone has none.
 #include "tests/scenario/fake_phone.hpp"
 
+#include <algorithm>
 #include <nlohmann/json.hpp>
 #include <sstream>
 
@@ -31,6 +32,35 @@ void FakePhone::connectivityFails(int creations) { note("connectivityFails", cre
 void FakePhone::sceneAfter(const std::string& bundle, int creation) {
     note("sceneAfter", bundle, creation);
 }
+void FakePhone::language(const std::string& code) { note("language", code); }
+void FakePhone::activate(const std::string& label) { note("activate", label); }
+Place FakePhone::reach(objc_object* view) {
+    note("reach", printed(objectValue(view)));
+    return reached;
+}
+std::optional<std::string> FakePhone::mistakeInMethod(const std::string& className,
+                                                      const std::string& selector) {
+    if (knownMethods.empty()) return std::nullopt;
+    for (const std::string& method : knownMethods)
+        if (method == className + " " + selector) return std::nullopt;
+    return "there is no method " + className + " " + selector;
+}
+EventsInOrder FakePhone::inOrder(const std::vector<Event>& events) {
+    for (const Event& event : events)
+        note("event", static_cast<int>(event.kind), event.name, event.selector);
+    return {std::min(eventsMet, events.size()), counts["elsewhere"]};
+}
+std::optional<std::string> FakePhone::notShown(const std::string& text) {
+    if (counts["shown " + text] != 0) return std::nullopt;
+    return "it is hidden";
+}
+std::vector<std::string> FakePhone::journal(std::size_t lines) {
+    return {"the journal", std::to_string(lines)};
+}
+void FakePhone::watch(Watched kind, std::function<void(const std::string&)> tell) {
+    note("watch", static_cast<int>(kind), tell ? "on" : "off");
+    if (tell) tell("something happened");
+}
 void FakePhone::withoutExtension() { note("withoutExtension"); }
 void FakePhone::boot() { note("boot"); }
 bool FakePhone::toggled(const std::string& name) { return counts["toggled " + name] != 0; }
@@ -54,7 +84,10 @@ void FakePhone::recents(const std::vector<std::string>& bundles) {
 void FakePhone::flashlightAvailable(bool available) {
     note("flashlightAvailable", yesOrNo(available));
 }
-void FakePhone::wait(double seconds) { note("wait", seconds); }
+void FakePhone::wait(double seconds) {
+    note("wait", seconds);
+    bounds.width += widerByWait;
+}
 void FakePhone::open(const std::string& bundle) { note("open", bundle); }
 void FakePhone::home() { note("home"); }
 void FakePhone::lock() { note("lock"); }

@@ -20,6 +20,11 @@ class FakePhone : public Phone {
     std::optional<std::string> crash;
     std::optional<PlayerLook> looked;
     objc_object* presented = nullptr;
+    std::vector<std::string> knownMethods;  // "C s:"; every one when empty
+    Place reached{10, 20};
+    ScreenBounds bounds{375, 812};
+    double widerByWait = 0;  // the screen's width grows by this with each wait
+    std::size_t eventsMet = 0;
     std::string refusal;  // when not empty, every driving operation refuses with it
 
     void device(const std::string& identifier) override;
@@ -32,6 +37,7 @@ class FakePhone : public Phone {
     void dock(int icons) override;
     void connectivityFails(int creations) override;
     void sceneAfter(const std::string& bundle, int creation) override;
+    void language(const std::string& code) override;
     void withoutExtension() override;
     void boot() override;
     void setting(const std::string& key, const std::optional<nlohmann::json>& value) override;
@@ -68,10 +74,20 @@ class FakePhone : public Phone {
     void nothingPlaying() override;
     void playerCallbacks(bool otherThread) override;
     void toggle(const std::string& name, bool on) override;
+    void activate(const std::string& label) override;
+    Place reach(objc_object* view) override;
+    std::optional<std::string> mistakeInMethod(const std::string& className,
+                                               const std::string& selector) override;
+    EventsInOrder inOrder(const std::vector<Event>& events) override;
+    std::optional<std::string> notShown(const std::string& text) override;
+    std::string elements() override { return "the elements\n"; }
+    std::vector<std::string> journal(std::size_t lines) override;
+    std::string hooks() override { return "the hooks\n"; }
+    void watch(Watched kind, std::function<void(const std::string&)> tell) override;
     void interrupt(objc_object* view) override;
     void post(const std::string& notification) override;
     void postDarwin(const std::string& notification) override;
-    ScreenBounds screenBounds() override { return {375, 812}; }
+    ScreenBounds screenBounds() override { return bounds; }
     objc_object* presentation(objc_object*) override { return presented; }
     int postedCount(const std::string& notification) override;
     int darwinPostedCount(const std::string& notification) override;

@@ -21,7 +21,10 @@ class ScenarioTest : public ::testing::Test {
     std::string run(const std::string& text) {
         std::ostringstream output;
         Session session(phone, "t.scenario", "pictures-of-this-test", output);
-        for (const Statement& statement : parse(text)) session.run(statement);
+        for (const Statement& statement : parse(text)) {
+            session.run(statement);
+            if (session.over()) break;
+        }
         held = session.held();
         failed = session.failed();
         return output.str();

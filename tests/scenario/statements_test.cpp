@@ -62,6 +62,7 @@ INSTANTIATE_TEST_SUITE_P(
         Carried{"dock 6", {"dock 6"}}, Carried{"connectivity-fails 2", {"connectivityFails 2"}},
         Carried{"real", {"real"}},
         Carried{"scene-after com.example.notes 3", {"sceneAfter com.example.notes 3"}},
+        Carried{"language pt-BR", {"language pt-BR"}},
         Carried{"without extension", {"withoutExtension"}}, Carried{"boot", {"boot"}}));
 
 INSTANTIATE_TEST_SUITE_P(
@@ -90,6 +91,18 @@ INSTANTIATE_TEST_SUITE_P(
     All, ScenarioDriving,
     ::testing::Values(
         Carried{"wait 0.5", {"wait 0.5"}}, Carried{"wait (1 / 4)", {"wait 0.25"}},
+        Carried{"wait 0.5 times 3", {"wait 0.5", "wait 0.5", "wait 0.5"}},
+        Carried{"wait 0.5 times 0", {}},
+        Carried{"tap [ScenarioSpecimen shared]",
+                {"reach <ScenarioSpecimen>", "touchDown 10 20", "wait 0.05", "touchUp"}},
+        Carried{"tap label \"Done\"", {"activate Done"}},
+        Carried{"touch down [ScenarioSpecimen shared]",
+                {"reach <ScenarioSpecimen>", "touchDown 10 20"}},
+        Carried{"touch move [ScenarioSpecimen shared] over 0.5",
+                {"reach <ScenarioSpecimen>", "touchMove 10 20 0.5"}},
+        Carried{"drag [ScenarioSpecimen shared] -5 7.5 over 1",
+                {"reach <ScenarioSpecimen>", "touchDown 10 20", "touchMove 5 27.5 1", "touchUp"}},
+        Carried{"wait until YES for 1", {}}, Carried{"wait until W == 375 for 1", {}},
         Carried{"open com.example.notes", {"open com.example.notes"}}, Carried{"home", {"home"}},
         Carried{"lock", {"lock"}}, Carried{"unlock", {"unlock"}},
         Carried{"rotate portrait", {"rotate 1"}}, Carried{"rotate upside-down", {"rotate 2"}},
@@ -205,7 +218,8 @@ TEST_F(ScenarioExpecting, ComparisonsSayWhatTheyGot) {
               "t.scenario:1: expected [nil frame].y == 515, got nil\n");
     EXPECT_EQ(outcome("{1, 2}.y == H - 115"),
               "t.scenario:1: expected {1, 2}.y == H - 115, got 2 where H - 115 is 697\n");
-    EXPECT_EQ(outcome("NO"), "t.scenario:1: expected NO, got NO\n");
+    EXPECT_EQ(outcome("NO"), "t.scenario:1: expected NO to be YES or not nil, got NO\n");
+    EXPECT_EQ(outcome("0"), "t.scenario:1: expected 0 to be YES or not nil, got 0\n");
     EXPECT_EQ(outcome("NO == YES"), "t.scenario:1: expected NO == YES, got NO\n");
     EXPECT_EQ(
         outcome("[NSObject nope] == 5"),
@@ -251,15 +265,104 @@ TEST_F(ScenarioTest, WhatThePhoneHasNotFailsItsLineOnly) {
 
 TEST_F(ScenarioTest, APhoneThatDidNotBootIsNotDriven) {
     phone.refusal = "no such device";
-    EXPECT_EQ(run("boot\nwait 1"),
-              "t.scenario:1: boot: no such device\n"
-              "t.scenario:2: wait 1: the phone has not booted\n");
+    EXPECT_EQ(run("boot\nwait 1\nexpect NO"), "t.scenario:1: boot: no such device\n");
+    EXPECT_EQ(failed, 1);
+}
+
+TEST_F(ScenarioExpecting, ObjectsThatLookAlikeAreToldApart) {
+    EXPECT_EQ(outcome("[ScenarioSpecimen shared] == [ScenarioSpecimen make]"),
+              "t.scenario:1: expected [ScenarioSpecimen shared] == [ScenarioSpecimen make], got "
+              "another <ScenarioSpecimen>\n");
+    EXPECT_EQ(outcome("[ScenarioSpecimen shared] != [ScenarioSpecimen shared]"),
+              "t.scenario:1: expected [ScenarioSpecimen shared] != [ScenarioSpecimen shared], got "
+              "the same <ScenarioSpecimen>\n");
+    EXPECT_EQ(outcome("0.0000001 == 0.0000002"),
+              "t.scenario:1: expected 0.0000001 == 0.0000002, got 9.9999999999999995e-08 where "
+              "0.0000002 is 1.9999999999999999e-07\n");
+}
+
+TEST_F(ScenarioExpecting, AMethodThatThereIsNotIsAMistakeWhateverIsExpectedOfIt) {
+    phone.knownMethods = {"C s:"};
+    EXPECT_EQ(outcome("called C s: 3"), "");
+    EXPECT_EQ(outcome("unhooked D s:"),
+              "t.scenario:1: expected unhooked D s:, but there is no method D s:\n");
+    for (const char* expectation :
+         {"called D s: 0", "hooked D s:", "last D s: with", "order posted \"A\", called D s:"})
+        EXPECT_EQ(outcome(expectation), std::string("t.scenario:1: expected ") + expectation +
+                                            ", but there is no method D s:\n");
+}
+
+TEST_F(ScenarioExpecting, EventsAreAskedForInTheirOrder) {
+    phone.eventsMet = 6;
+    EXPECT_EQ(outcome("order called C s:, posted \"A, B\",darwin-posted com.a , haptic 1, "
+                      "launched com.b, logged \"some text\""),
+              "");
+    EXPECT_EQ(phone.operations,
+              (std::vector<std::string>{"event 0 C s:", "event 1 A, B ", "event 2 com.a ",
+                                        "event 3 1 ", "event 4 com.b ", "event 5 some text "}));
+}
+
+TEST_F(ScenarioExpecting, AnOrderThatWasNotMetSaysWhatIsMissing) {
+    const std::string order = "order called C s:, haptic 1";
+    EXPECT_EQ(outcome(order), "t.scenario:1: expected " + order + ", got no called C s: at all\n");
+    phone.eventsMet = 1;
+    phone.counts["elsewhere"] = 2;
+    EXPECT_EQ(outcome(order), "t.scenario:1: expected " + order +
+                                  ", got no haptic 1 after called C s: (2 in all)\n");
+}
+
+TEST_F(ScenarioExpecting, TextsAreShownOrNot) {
+    phone.counts["shown Done"] = 1;
+    EXPECT_EQ(run("boot\nexpect shown \"Done\"\nexpect not-shown \"Gone\""), "");
+    EXPECT_EQ(run("boot\nexpect shown \"Gone\"\nexpect not-shown \"Done\""),
+              "t.scenario:2: expected shown \"Gone\", got it is hidden\n"
+              "t.scenario:3: expected not-shown \"Done\", got it is shown\n");
+}
+
+TEST_F(ScenarioTest, ATapOffTheScreenIsAMistake) {
+    EXPECT_EQ(run("boot\ntap 376 10\ntap 10 -1\ntap 375 812"),
+              "t.scenario:2: tap 376 10: that is off the screen, which is {375, 812}\n"
+              "t.scenario:3: tap 10 -1: that is off the screen, which is {375, 812}\n");
     EXPECT_EQ(failed, 2);
 }
 
+TEST_F(ScenarioTest, WhatIsWaitedForIsLookedAtAfterEveryFrame) {
+    phone.widerByWait = 1;
+    EXPECT_EQ(run("boot\nwait until W == 378 for 1\nprint W"), "378\n");
+    EXPECT_EQ(phone.operations.size(), 4U);
+}
+
+TEST_F(ScenarioTest, WaitingInVainFailsWhenTheTimeIsOver) {
+    phone.widerByWait = 1;
+    EXPECT_EQ(
+        run("boot\nwait until W < 0 for 0.05\nprint W"),
+        "t.scenario:2: wait until W < 0 for 0.05: still not after 0.05 s: W is 378 where 0 is "
+        "0\n378\n");
+    EXPECT_EQ(failed, 1);
+}
+
+TEST_F(ScenarioTest, ANameWithAFieldMayStandForANumber) {
+    EXPECT_EQ(run("boot\nlet p = {5, 6}\ntap p.x p.y\nlet r = {1, 2, 3, 4}\n"
+                  "drag p.x p.y r.origin.x r.size.height over p.x"),
+              "");
+    EXPECT_EQ(phone.operations,
+              (std::vector<std::string>{"boot", "touchDown 5 6", "wait 0.05", "touchUp",
+                                        "touchDown 5 6", "touchMove 1 4 5", "touchUp"}));
+}
+
+TEST_F(ScenarioTest, AKeyThatNoSettingHasIsWrittenAndSaid) {
+    EXPECT_EQ(
+        run("setting layoutDirecton 1\nsetting tapToOpen true"),
+        "note: t.scenario:1: no setting is called 'layoutDirecton' (is layoutDirection meant?); "
+        "it is written all the same\n");
+    EXPECT_EQ(phone.operations,
+              (std::vector<std::string>{"setting layoutDirecton 1", "setting tapToOpen true"}));
+    EXPECT_EQ(failed, 0);
+}
+
 TEST_F(ScenarioTest, TreesArePrinted) {
-    EXPECT_EQ(run("boot\ntree\ntree [ScenarioSpecimen shared]\ntree nil"),
-              "the screen\nthe view\nt.scenario:4: tree nil: there is no view\n");
+    EXPECT_EQ(run("boot\ntree\ntree [ScenarioSpecimen shared]\ntree nil\nelements"),
+              "the screen\nthe view\nt.scenario:4: tree nil: there is no view\nthe elements\n");
 }
 
 TEST_F(ScenarioTest, WhatCannotBeDrivenFailsItsLine) {
@@ -267,7 +370,7 @@ TEST_F(ScenarioTest, WhatCannotBeDrivenFailsItsLine) {
                   "expect haptics 3 0\ntap (\"x\") 5"),
               "t.scenario:3: wait s: s is no time to let pass\n"
               "t.scenario:4: film \"f.png\" 0 over 1: a film has at least one frame\n"
-              "t.scenario:5: interrupt nil: there is no view to interrupt\n"
+              "t.scenario:5: interrupt nil: there is no view\n"
               "t.scenario:6: expected haptics 3 0, but an impact is 0 light, 1 medium or 2 heavy\n"
               "t.scenario:7: tap (\"x\") 5: \"x\" is no number\n");
 }

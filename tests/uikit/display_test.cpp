@@ -40,13 +40,27 @@ TEST_F(Display, LabelsCarryTheirText) {
     EXPECT_FALSE((label.send<"isUserInteractionEnabled", bool>()));
 }
 
+std::optional<CGRect> nowhere(UIView) { return std::nullopt; }
+std::optional<CGRect> halfAcross(UIView view) {
+    const CGRect frame = view.frame();
+    return rect(frame.origin.x / 2, frame.origin.y / 2, frame.size.width, frame.size.height);
+}
+
+TEST_F(Display, TreesSayWhereAViewIsOnScreenAndWhatItSays) {
+    auto label = create<UILabel>();
+    label.setFrame(rect(8, 6, 30, 20));
+    label.send<"setText:">("He said \"go\"\n\\o/"_ns);
+    EXPECT_EQ(viewTree(label, halfAcross),
+              "UILabel {8, 6, 30, 20} at {4, 3, 30, 20} \"He said \\\"go\\\"\\n\\\\o/\" alpha 1\n");
+}
+
 TEST_F(Display, TreesNameClassFrameAndWhatDiffers) {
     auto view = makeView(rect(1, 2, 30, 40.5));
     auto inner = makeView(rect(0, 0, 5, 5));
     view.addSubview(inner);
     inner.setHidden(true);
     inner.layer().setCornerRadius(3);
-    EXPECT_EQ(viewTree(view),
+    EXPECT_EQ(viewTree(view, nowhere),
               "UIView {1, 2, 30, 40.5} alpha 1\n"
               "  UIView {0, 0, 5, 5} alpha 1 hidden radius 3\n");
 }

@@ -3,6 +3,7 @@
 #include <map>
 
 #include "simulator/hardware/configuration.hpp"
+#include "simulator/runtime/history.hpp"
 #include "simulator/springboard/applications/recents.hpp"
 #include "simulator/springboard/applications/scene_layout.hpp"
 #include "simulator/springboard/applications/switcher.hpp"
@@ -89,6 +90,8 @@ void goHome() {
 
 bool launchApplication(const std::string& identifier, bool suspended) {
     ++applications().launches[{identifier, suspended}];
+    History::shared().happened(suspended ? Happening::launchedSuspended : Happening::launched,
+                               identifier);
     if (!isInstalled(identifier)) return false;
     if (!suspended) openApplication(identifier);
     return true;

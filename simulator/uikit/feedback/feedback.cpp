@@ -2,6 +2,7 @@
 
 #include <map>
 
+#include "simulator/runtime/history.hpp"
 #include "simulator/uikit/classes.hpp"
 
 namespace simulator {
@@ -39,8 +40,11 @@ void registerFeedback() {
             return made;
         })
         .method<"prepare">([](UIImpactFeedbackGenerator) {})
-        .method<"impactOccurred">(
-            [](UIImpactFeedbackGenerator g) { ++counts()[stateOf<FeedbackState>(g).style]; });
+        .method<"impactOccurred">([](UIImpactFeedbackGenerator g) {
+            const long style = stateOf<FeedbackState>(g).style;
+            ++counts()[style];
+            History::shared().happened(Happening::haptic, std::to_string(style));
+        });
 }
 
 }  // namespace simulator

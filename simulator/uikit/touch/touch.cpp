@@ -21,15 +21,6 @@ Object setOf(UITouch touch) {
     return Object(classObject(objc_getClass("NSSet"))).send<"setWithObject:", Object>(touch);
 }
 
-// The frontmost window that has a view for the place.
-UIView viewUnder(CGPoint place, UIEvent event) {
-    auto windows = windowsBackToFront();
-    for (auto it = windows.rbegin(); it != windows.rend(); ++it) {
-        if (UIView hit = it->hitTest(fromScreen(place, *it), event)) return hit;
-    }
-    return UIView();
-}
-
 bool isHeldBack(UIView hit) {
     for (UIView v = viewState(hit).superview; v; v = viewState(v).superview) {
         if (v.isKindOfClass(classOf<UIScrollView>()) && delaysContent(as<UIScrollView>(v))) {
@@ -40,6 +31,15 @@ bool isHeldBack(UIView hit) {
 }
 
 }  // namespace
+
+// The frontmost window that has a view for the place.
+UIView viewUnder(CGPoint place, UIEvent event) {
+    auto windows = windowsBackToFront();
+    for (auto it = windows.rbegin(); it != windows.rend(); ++it) {
+        if (UIView hit = it->hitTest(fromScreen(place, *it), event)) return hit;
+    }
+    return UIView();
+}
 
 CGPoint fromScreen(CGPoint place, UIView view) {
     if (!view) return place;

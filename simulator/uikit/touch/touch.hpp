@@ -53,6 +53,8 @@ class TouchScreen {
 };
 
 inline TouchState& touchState(UITouch touch) { return stateOf<TouchState>(touch); }
+// What a finger put down at that place of the screen would touch.
+UIView viewUnder(CGPoint place, UIEvent event = {});
 // The point of the screen in the view's coordinates; in the window's when there is no view.
 CGPoint fromScreen(CGPoint place, UIView view);
 // The one touch of a set of touches.

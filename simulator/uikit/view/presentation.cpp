@@ -4,6 +4,7 @@
 
 #include "simulator/uikit/animation/animation.hpp"
 #include "simulator/uikit/raise.hpp"
+#include "simulator/uikit/view/label/label.hpp"
 #include "simulator/uikit/view/view.hpp"
 #include "simulator/uikit/view/window/window.hpp"
 
@@ -29,13 +30,35 @@ std::string number(double value) {
     return digits == "-0" ? "0" : digits;
 }
 
-void line(std::ostream& out, UIView view, int depth) {
+void rectangle(std::ostream& out, CGRect r) {
+    out << "{" << number(r.origin.x) << ", " << number(r.origin.y) << ", " << number(r.size.width)
+        << ", " << number(r.size.height) << "}";
+}
+
+// In quotes, in one line.
+void quoted(std::ostream& out, const std::string& text) {
+    out << " \"";
+    for (const char c : text) {
+        if (c == '"' || c == '\\') out << '\\';
+        if (c == '\n')
+            out << "\\n";
+        else
+            out << c;
+    }
+    out << '"';
+}
+
+void line(std::ostream& out, UIView view, int depth, FrameOnScreen onScreen) {
     const LayerValues& v = valuesOf(view);
-    CGRect f = frameOf(v);
     out << std::string(static_cast<std::size_t>(depth) * 2, ' ')
-        << class_getName(object_getClass(view.get())) << " {" << number(f.origin.x) << ", "
-        << number(f.origin.y) << ", " << number(f.size.width) << ", " << number(f.size.height)
-        << "} alpha " << number(v.opacity);
+        << class_getName(object_getClass(view.get())) << " ";
+    rectangle(out, frameOf(v));
+    if (const auto place = onScreen(view)) {
+        out << " at ";
+        rectangle(out, *place);
+    }
+    if (view.isKindOfClass(classOf<UILabel>())) quoted(out, textOf(as<UILabel>(view)).text);
+    out << " alpha " << number(v.opacity);
     if (v.hidden) out << " hidden";
     if (!(v.transform == identityTransform)) {
         const auto& t = v.transform;
@@ -44,7 +67,7 @@ void line(std::ostream& out, UIView view, int depth) {
     }
     if (v.cornerRadius != 0) out << " radius " << number(v.cornerRadius);
     out << '\n';
-    for (auto& subview : viewState(view).subviews) line(out, subview, depth + 1);
+    for (auto& subview : viewState(view).subviews) line(out, subview, depth + 1, onScreen);
 }
 
 CALayer layerBehind(Object viewOrLayer) {
@@ -69,12 +92,12 @@ void interrupt(Object viewOrLayer) {
     if (CALayer layer = layerBehind(viewOrLayer)) stopAnimations(layer, Stopping::atOnce);
 }
 
-std::string viewTree(UIView root) {
+std::string viewTree(UIView root, FrameOnScreen onScreen) {
     std::ostringstream out;
     if (root) {
-        line(out, root, 0);
+        line(out, root, 0, onScreen);
     } else {
-        for (auto& window : windowsBackToFront()) line(out, window, 0);
+        for (auto& window : windowsBackToFront()) line(out, window, 0, onScreen);
     }
     return out.str();
 }

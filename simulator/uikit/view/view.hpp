@@ -2,6 +2,7 @@
 // may use without a message. Points; alpha 0 to 1.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -69,9 +70,10 @@ Object presentation(Object viewOrLayer);
 // Takes the running animations off the view or layer: their completions run now, with NO.
 void interrupt(Object viewOrLayer);
 
-// Class, frame, alpha, hidden, transform, corner radius; one view a line, indented. Empty: all
-// windows.
-std::string viewTree(UIView root);
+// Class, frame, frame on screen (as `onScreen` answers it), text, alpha, hidden, transform, corner
+// radius; one view a line, indented. Empty: all windows.
+using FrameOnScreen = std::optional<CGRect> (*)(UIView);
+std::string viewTree(UIView root, FrameOnScreen onScreen);
 
 void registerResponder();
 void registerView();
