@@ -1,17 +1,20 @@
 // vantori-simulator: a small phone on Linux that loads the extension as a real one does, and the
 // commands that reach it.
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <filesystem>
 #include <iostream>
 #include <optional>
 #include <sstream>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "simulator/demo/demo.hpp"
 #include "simulator/live/live_phone.hpp"
 #include "simulator/live/settings_command.hpp"
 #include "simulator/phone/extension.hpp"
+#include "simulator/phone/launch.hpp"
 #include "simulator/scenario/phone.hpp"
 #include "simulator/scenario/runner.hpp"
 #include "simulator/scenario/statements.hpp"
@@ -45,9 +48,10 @@ void addFolders(CLI::App& command, RunOptions& options) {
 }
 
 int run(const std::vector<std::string>& files, const RunOptions& options) {
-    if (files.size() > 1)
-        return simulator::scenario::runFilesApart(files, options,
-                                                  std::filesystem::read_symlink("/proc/self/exe"));
+    if (files.size() > 1) {
+        simulator::warmUp();
+        return simulator::scenario::runFiles(files, options, simulator::makePhone, std::cout);
+    }
     return simulator::scenario::runFile(files.front(), options, simulator::makePhone, std::cout,
                                         std::cerr);
 }
@@ -116,6 +120,10 @@ int main(int argc, char** argv) {
         ->type_name("FILE");
     addFolders(*runCommand, options);
     runCommand->add_flag("--real", options.real, realHelp);
+    options.jobs = std::max(1U, std::thread::hardware_concurrency());
+    runCommand->add_option("--jobs", options.jobs, "Files at once (as many as there are cores)")
+        ->check(CLI::Range(1, 256))
+        ->type_name("N");
     std::filesystem::path library;
     runCommand
         ->add_option("--library", library,

@@ -19,15 +19,16 @@ struct RunOptions {
     std::filesystem::path pictures;  // beside the scenario's file when empty
     std::filesystem::path root;      // see PhoneOptions
     bool real = false;               // likewise, for every file
+    unsigned jobs = 1;               // files at once
 };
 
 // One file in this process. What is malformed is told to `errors`, everything else to `output`.
 int runFile(const std::string& file, const RunOptions& options, const PhoneMaker& makePhone,
             std::ostream& output, std::ostream& errors);
 
-// Each file in a process of its own, one after the other: `program run FILE …`. The worst of the
-// exit statuses; a process that a signal ended counts as failed.
-int runFilesApart(const std::vector<std::string>& files, const RunOptions& options,
-                  const std::filesystem::path& program);
+// Each file in a process of its own, under a root a folder named after it. What each said is told in their
+// order, then which failed. The worst of the exit statuses; a process that a signal ended has failed.
+int runFiles(const std::vector<std::string>& files, const RunOptions& options,
+             const PhoneMaker& makePhone, std::ostream& output);
 
 }  // namespace simulator::scenario

@@ -95,40 +95,59 @@ TEST_F(ScenarioRunning, ThePhoneIsToldItsRoot) {
 
 class ScenarioRunningSeveral : public ScenarioRunning {
   protected:
-    // A stand-in for the program that notes its arguments and ends as the file's text says.
-    fs::path program() {
-        const fs::path file =
-            write("program", "#!/bin/sh\necho \"$@\" >> " + (folder / "log").string() +
-                                 "\nfor last; do :; done\n. \"$last\"\n");
-        fs::permissions(file, fs::perms::owner_all);
-        return file;
-    }
-    std::string log() {
-        std::ostringstream text;
-        text << std::ifstream(folder / "log").rdbuf();
-        return text.str();
+    // A phone that dies when it is asked to lock.
+    struct Mortal : FakePhone {
+        void lock() override { std::abort(); }
+    };
+
+    int runAll(const std::vector<std::string>& files, const RunOptions& options = {}) {
+        const auto maker = [](const PhoneOptions& phoneOptions) -> std::unique_ptr<Phone> {
+            if (!phoneOptions.root.empty()) std::cout << phoneOptions.root.string() << std::endl;
+            return std::make_unique<Mortal>();
+        };
+        output.str("");
+        return runFiles(files, options, maker, output);
     }
 };
 
 TEST_F(ScenarioRunningSeveral, TheWorstStatusWinsAndTheOrderIsKept) {
-    const std::string a = write("a", "exit 0");
-    const std::string b = write("b", "exit 2");
-    const std::string c = write("c", "exit 1");
-    EXPECT_EQ(runFilesApart({a, b, c}, {}, program()), 2);
-    EXPECT_EQ(log(), "run -- " + a + "\nrun -- " + b + "\nrun -- " + c + "\n");
-    EXPECT_EQ(runFilesApart({a, c}, {}, program()), 1);
-    EXPECT_EQ(runFilesApart({a, a}, {}, program()), 0);
+    const std::string a = write("a", "print 1");
+    const std::string b = write("b", "nonsense");
+    const std::string c = write("c", "expect NO");
+    const auto order = {a, b, c};
+    for (unsigned jobs : {1U, 3U}) {
+        RunOptions options;
+        options.jobs = jobs;
+        EXPECT_EQ(runAll(order, options), 2);
+        std::size_t place = 0;
+        for (const std::string& file : order) {
+            const std::size_t found = output.str().find(file + "\n");
+            EXPECT_GE(found, place);
+            place = found;
+        }
+        EXPECT_TRUE(output.str().starts_with(a + "\n1\n0 held, 0 failed\n" + b + "\n"));
+        EXPECT_TRUE(output.str().ends_with("failed:\n  " + b + "\n  " + c +
+                                           "\n3 files: 1 held, 2 failed\n"));
+    }
+    EXPECT_EQ(runAll({a, c}), 1);
+    EXPECT_EQ(runAll({a, a}), 0);
 }
 
-TEST_F(ScenarioRunningSeveral, FoldersArePassedOn) {
-    const std::string a = write("a", "exit 0");
-    EXPECT_EQ(runFilesApart({a}, {"/out", "/root"}, program()), 0);
-    EXPECT_EQ(log(), "run --out /out --root /root -- " + a + "\n");
+TEST_F(ScenarioRunningSeveral, EachHasAFolderOfItsOwn) {
+    RunOptions options;
+    options.root = "/root";
+    EXPECT_EQ(runAll({write("a", ""), write("b", "")}, options), 0);
+    EXPECT_NE(output.str().find("/root/a\n"), std::string::npos);
+    EXPECT_NE(output.str().find("/root/b\n"), std::string::npos);
 }
 
 TEST_F(ScenarioRunningSeveral, AProcessThatASignalEndedHasFailed) {
-    EXPECT_EQ(runFilesApart({write("a", "kill -SEGV $$")}, {}, program()), 1);
-    EXPECT_EQ(runFilesApart({write("b", "exit 0")}, {}, folder / "no program"), 2);
+    const std::string dying = write("a", "boot\nprint 1\nlock");
+    const std::string other = write("b", "print 2");
+    EXPECT_EQ(runAll({dying, other}), 1);
+    EXPECT_EQ(output.str(), dying + "\n1\nthe phone was ended by signal 6 (Aborted)\n" + other +
+                                "\n2\n0 held, 0 failed\nfailed:\n  " + dying +
+                                "\n2 files: 1 held, 1 failed\n");
 }
 
 struct Talk {
