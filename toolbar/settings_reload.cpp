@@ -30,8 +30,8 @@ void refreshToolbars(VNTToolBarController toolbar, VNTSBToolBarController spring
     MAX_SIZE = toolbar.maxHeight();
     toolbar.view().setFrame(rect(0, screen.height - MAX_SIZE, screen.width, MAX_SIZE));
 
-    toolbar.mediaPlayerViewController().setAllowOpenNowPlayingApp(tapToOpen);
-    springBoardToolbar.mediaPlayerViewController().setAllowOpenNowPlayingApp(tapToOpen);
+    toolbar.page<VNTMediaPlayerViewController>().setAllowOpenNowPlayingApp(tapToOpen);
+    springBoardToolbar.page<VNTMediaPlayerViewController>().setAllowOpenNowPlayingApp(tapToOpen);
     springBoardToolbar.view().layer().setCornerRadius(noCornerRadius ? 0 : 30);
 }
 
@@ -79,8 +79,8 @@ void reloadPagesSettings(CFNotificationCenterRef, void*, CFStringRef, const void
 
 void reloadTogglesSettings(CFNotificationCenterRef, void*, CFStringRef, const void*,
                            CFDictionaryRef) {
-    VNTSBToolBarController::shared().connectivityBarViewController().refreshAllToggles();
-    VNTToolBarController::shared().connectivityBarViewController().refreshAllToggles();
+    VNTSBToolBarController::shared().page<VNTConnectivityBarViewController>().refreshAllToggles();
+    VNTToolBarController::shared().page<VNTConnectivityBarViewController>().refreshAllToggles();
 }
 
 void observeSettings() {

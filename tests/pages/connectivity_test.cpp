@@ -24,7 +24,9 @@ class ConnectivityPage : public LibraryPhone {
   protected:
     using Page = VNTConnectivityBarViewController;
 
-    static Page page() { return VNTSBToolBarController::shared().connectivityBarViewController(); }
+    static Page page() {
+        return VNTSBToolBarController::shared().page<VNTConnectivityBarViewController>();
+    }
     static bool hasSetUp() { return page().send<"hasSetupConnectivityButtonSet", bool>(); }
     static bool hasBeenLaidOut() { return page().send<"hasBeenLayouted", bool>(); }
     static NSArray controllers() { return page().send<"connectivityButtonControllers", NSArray>(); }
@@ -323,7 +325,7 @@ TEST_F(ConnectivityPage, ItsUnusedSlotsKeepWhatTheyAreGiven) {
 
 TEST_F(ConnectivityPage, TheToggleSettingsRebuildBothToolbarsPages) {
     bootAndLayOut();
-    auto other = VNTToolBarController::shared().connectivityBarViewController();
+    auto other = VNTToolBarController::shared().page<VNTConnectivityBarViewController>();
     EXPECT_FALSE((other.send<"hasBeenLayouted", bool>()));
     Strong<Object> before = retained(controllers().at(0));
     reloadTogglesSettings(nullptr, nullptr, nullptr, nullptr, nullptr);
@@ -342,7 +344,7 @@ TEST_F(ConnectivityPage, ATapSwitchesARadioOnBothToolbars) {
     phone_->wait(0.05);
     phone_->touchUp();
     auto isOn = [](VNTToolBarController toolbar, unsigned long index) {
-        auto all = toolbar.connectivityBarViewController()
+        auto all = toolbar.page<VNTConnectivityBarViewController>()
                        .send<"connectivityButtonControllers", NSArray>();
         return all.at<UIViewController>(index)
             .view()
