@@ -3,7 +3,8 @@
 it hooks, answers and sends is what the system has. A file for several processors is looked at part by
 part (slice), and the parts are compared.
 
-Reads the dylib, the linker's map of each slice, the text stubs and the tables of device/platform. Every
+Reads the dylib, the linker's map of each slice, the text stubs, the tables of device/platform and the handles
+of the sources. Every
 finding is one line that says what to do; the exit status is 1 when there is an error. Sizes are bytes.
 """
 
@@ -15,6 +16,7 @@ import sys
 from auditing import checks
 from auditing.fat import read_slices
 from auditing.forms import spans, systems_of
+from auditing.handles import read_handles
 from auditing.link_map import LinkMap
 from auditing.macho import Malformed
 from auditing.tables import Platform, read_stub
@@ -41,7 +43,7 @@ class Slice:
             "the symbol": set(dylib.undefined),
         }
 
-    def errors(self, stubs, platform, forbidden):
+    def errors(self, stubs, platform, handles, forbidden):
         dylib = self.dylib
         yield from checks.check_file(dylib)
         yield from checks.check_pointers(dylib, self.pointers, self.map)
@@ -51,6 +53,7 @@ class Slice:
         yield from checks.check_hooks(self.hooks, platform)
         yield from checks.check_methods(self.methods, platform)
         yield from checks.check_messages(self.map.messages(), self.methods, platform)
+        yield from checks.check_handles(handles, self.map.messages(), platform)
         yield from checks.check_classes(self.map.classes(dylib), self.methods, platform)
         yield from checks.check_features(self.features, platform)
 
@@ -140,8 +143,9 @@ def main():
         maps = [LinkMap(path) for path in arguments.map]
         data = arguments.dylib.read_bytes()
         slices = [Slice(one, maps) for one in read_slices(data)]
+        handles = read_handles(here.parent)
         forbidden = {str(here.parent), *arguments.forbid}
-        errors = {one.name: list(one.errors(stubs, platform, forbidden)) for one in slices}
+        errors = {one.name: list(one.errors(stubs, platform, handles, forbidden)) for one in slices}
         errors["both"] = list(checks.check_same(slices))
     except (OSError, Malformed) as problem:
         sys.exit(f"audit: {problem}")

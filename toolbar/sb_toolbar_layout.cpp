@@ -42,15 +42,14 @@ void layoutPortrait(VNTSBToolBarController self, State& state) {
     self.setMaxHeight(heightFor(self, direction));
     placeModulesPage(self, stacked);
 
-    VNTDailyToolBarViewController daily = self.dailyControlViewController();
+    VNTDailyToolBarViewController daily = self.page<VNTDailyToolBarViewController>();
     daily.toggleContainerView().setFrame(daily.view().bounds());
     state.visualEffectView.setFrame(rect(0, 0, screen.width, screen.height));
     self.grabberView().setFrame(grabberFrame(screen.width));
 
-    const double pages = static_cast<double>(self.pages().count());
     UIScrollView scrollView = self.vantoriScrollView();
     scrollView.setFrame(rect(0, 0, screen.width, self.maxHeight()));
-    scrollView.setContentSize({stacked ? screen.width : screen.width * pages, self.maxHeight()});
+    scrollView.setContentSize(contentSizeFor(self, direction, screen.width));
 }
 
 void placeGrid(VNTSBToolBarController self) {
@@ -58,16 +57,17 @@ void placeGrid(VNTSBToolBarController self) {
     const double side = std::min(screen.width, screen.height);
     const double left = (std::max(screen.width, screen.height) - 2 * side) / 2;
     for (const Page& page : allPages()) {
-        if (!page.cell) continue;
-        page.controller(self).view().setFrame(rect(left + side * page.cell->column,
-                                                   bandHeight + pageHeight * page.cell->row, side,
+        if (!page.place.isInGrid()) continue;
+        page.controller(self).view().setFrame(rect(left + side * page.place.column,
+                                                   bandHeight + pageHeight * page.place.row, side,
                                                    pageHeight));
     }
 }
 
 void showGrid(VNTSBToolBarController self) {
     self.ccTogglesViewController().view().setAlpha(0);
-    for (const Page& page : allPages()) page.controller(self).view().setAlpha(page.cell ? 1 : 0);
+    for (const Page& page : allPages())
+        page.controller(self).view().setAlpha(page.place.isInGrid() ? 1 : 0);
 }
 
 // Before there is a window, those that it will have: turned by a quarter, its sides are the screen's.

@@ -38,8 +38,8 @@ void refreshToolbars(VNTToolBarController toolbar, VNTSBToolBarController spring
     keepPageInFront(springBoardToolbar, springBoardContent);
     placeApplicationToolbar(toolbar);
 
-    toolbar.mediaPlayerViewController().setAllowOpenNowPlayingApp(tapToOpen);
-    springBoardToolbar.mediaPlayerViewController().setAllowOpenNowPlayingApp(tapToOpen);
+    toolbar.page<VNTMediaPlayerViewController>().setAllowOpenNowPlayingApp(tapToOpen);
+    springBoardToolbar.page<VNTMediaPlayerViewController>().setAllowOpenNowPlayingApp(tapToOpen);
     springBoardToolbar.view().layer().setCornerRadius(noCornerRadius ? 0 : 30);
 }
 
@@ -100,8 +100,8 @@ void reloadPagesSettings(CFNotificationCenterRef, void*, CFStringRef, const void
 
 void reloadTogglesSettings(CFNotificationCenterRef, void*, CFStringRef, const void*,
                            CFDictionaryRef) {
-    VNTSBToolBarController::shared().connectivityBarViewController().refreshAllToggles();
-    VNTToolBarController::shared().connectivityBarViewController().refreshAllToggles();
+    VNTSBToolBarController::shared().page<VNTConnectivityBarViewController>().refreshAllToggles();
+    VNTToolBarController::shared().page<VNTConnectivityBarViewController>().refreshAllToggles();
 }
 
 void observeSettings() {

@@ -3,6 +3,7 @@
 import re
 
 from auditing.forms import rows_of, systems_of
+from auditing.handles import lineage
 from auditing.link_map import BLOCK_DESCRIPTOR
 from auditing.macho import INITIALISERS
 from auditing.signature import signature_fault
@@ -195,6 +196,22 @@ def check_messages(messages, methods, platform):
                 f"the message {selector} is not known: add a row for it to device/platform/{PRIVATE} "
                 "(with the systems that have it) or, if it is documented, to public_methods.tsv"
             )
+
+
+def check_handles(handles, messages, platform):
+    """What a handle sends is known of its class, or of one that it derives from."""
+    known = {(row.class_name, row.kind, row.selector) for row in platform.methods}
+    sent = set(messages)
+    for name, handle in sorted(handles.items()):
+        if handle.class_name.startswith("VNT"):
+            continue
+        classes = list(lineage(name, handles))
+        for kind, selector in sorted(handle.sent):
+            if selector in sent and not any((one, kind, selector) in known for one in classes):
+                yield (
+                    f"nothing says that the system has {kind}[{handle.class_name} {selector}], which {name} sends: "
+                    f"add a row for it to a table of device/platform"
+                )
 
 
 def check_classes(classes, methods, platform):

@@ -1,6 +1,7 @@
 #include "simulator/phone/launch.hpp"
 
 #include <filesystem>
+#include <utility>
 
 #include "simulator/foundation/bundles.hpp"
 #include "simulator/foundation/conversions.hpp"
@@ -14,6 +15,7 @@
 #include "simulator/hardware/uikit_bridge.hpp"
 #include "simulator/phone/extension.hpp"
 #include "simulator/phone/hook_report_notes.hpp"
+#include "simulator/rendering/text.hpp"
 #include "simulator/runtime/associations.hpp"
 #include "simulator/runtime/clock.hpp"
 #include "simulator/runtime/crash.hpp"
@@ -112,6 +114,8 @@ void startSpringBoard() {
 }  // namespace
 
 void prepareProcess() {
+    static bool prepared = false;
+    if (std::exchange(prepared, true)) return;
     AutoreleasePool pool;
     makeFirstUses();
     SystemLog::shared().install();
@@ -122,6 +126,11 @@ void prepareProcess() {
     installConversions();
     installNotificationCounts();
     installObservers();
+}
+
+void warmUp() {
+    prepareProcess();
+    rendering::measure("9:41", 17, 400);  // finds the fonts
 }
 
 void registerSpringBoard() {

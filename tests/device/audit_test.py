@@ -166,6 +166,12 @@ class AuditTest(Auditing):
         self.drop_row("private_methods", "BSPlatform\t-\thomeButtonType\t")
         self.refused("error: the message homeButtonType is not known: add a row for it")
 
+    def test_message_that_only_other_classes_have(self):
+        self.drop_row("private_methods", "FBProcessManager\t+\tsharedInstance\t")
+        self.refused(
+            "error: nothing says that the system has +[FBProcessManager sharedInstance], which FBProcessManager sends"
+        )
+
     def test_class_that_no_table_knows(self):
         self.drop_row("public_methods", "UIImpactFeedbackGenerator\t")
         self.refused("error: the class UIImpactFeedbackGenerator is not known")

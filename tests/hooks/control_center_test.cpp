@@ -131,7 +131,8 @@ TEST_F(ControlCenter, TheFirstStatusBarPullOfAllIsSeen) {
     boot();
     pullStatusBar(400, 0);
     EXPECT_TRUE((toolbar().send<"vantoriHostWindow", Object>()));
-    EXPECT_TRUE((toolbar().connectivityBarViewController().send<"hasBeenLayouted", bool>()));
+    EXPECT_TRUE(
+        (toolbar().page<VNTConnectivityBarViewController>().send<"hasBeenLayouted", bool>()));
     EXPECT_TRUE(toolbar().isEnabled());
     EXPECT_EQ(toolbarY(), 667 - 515);
 }

@@ -178,10 +178,11 @@ TEST_F(MusicTransport, AFingerThatLeavesTheButtonStillSkips) {
     openToolbar();
     ASSERT_TRUE(VNTToolBarController::shared().isEnabled());
     UIView next = applicationPage().send<"rightButton", UIView>();
-    phone_->touchDown(336.5, 460.5);
+    const CGPoint start = middleOf(next);
+    touch(start);
     phone_->wait(0.3);
     EXPECT_EQ(transformOf(next), (CGAffineTransform{0.5, 0, 0, 0.5, 0, 0}));
-    phone_->touchMove(120, 460.5, 0.5);
+    phone_->touchMove(120, start.y, 0.5);
     phone_->touchUp();
     EXPECT_EQ(skips(), 1);
     EXPECT_EQ(transformOf(next), identityTransform);
@@ -191,9 +192,7 @@ TEST_F(MusicTransport, ATapOnTheButtonInTheOpenToolbarPauses) {
     boot();
     play("T", "", "", "");
     openToolbar();
-    phone_->touchDown(300, 460.5);
-    phone_->wait(0.05);
-    phone_->touchUp();
+    tapOn(get<"middleButton", UIView>());
     phone_->wait(1);
     EXPECT_EQ(called("SBMediaController", "pauseForEventSource:"), 1);
     EXPECT_TRUE(showsPlay());

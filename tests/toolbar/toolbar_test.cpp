@@ -29,10 +29,11 @@ class Toolbar : public LibraryPhone {
         phone_->wait(1);
     }
     static void expectPages(VNTToolBarController toolbar, CGRect first, double dx, double dy) {
-        UIViewController pages[] = {
-            toolbar.connectivityBarViewController(), toolbar.mediaPlayerViewController(),
-            toolbar.brightnessSliderContainerViewController(),
-            toolbar.volumeSliderContainerViewController(), toolbar.iconsContainerViewController()};
+        UIViewController pages[] = {toolbar.page<VNTConnectivityBarViewController>(),
+                                    toolbar.page<VNTMediaPlayerViewController>(),
+                                    toolbar.page<VNTBrightnessSliderContainerViewController>(),
+                                    toolbar.page<VNTVolumeSliderContainerViewController>(),
+                                    toolbar.page<VNTIconsContainerViewController>()};
         for (int i = 0; i < 5; ++i) {
             CGRect expected = first;
             expected.origin.x += dx * i;
@@ -40,7 +41,7 @@ class Toolbar : public LibraryPhone {
             EXPECT_EQ(frameOf(pages[i]), expected) << "page " << i;
             EXPECT_EQ(alphaOf(pages[i]), 1) << "page " << i;
         }
-        EXPECT_EQ(alphaOf(toolbar.dailyControlViewController()), 0);
+        EXPECT_EQ(alphaOf(toolbar.page<VNTDailyToolBarViewController>()), 0);
     }
 };
 
@@ -139,12 +140,12 @@ INSTANTIATE_TEST_SUITE_P(Levels, TouchInSlider, testing::Values(0, 1, 2, 3));
 // The page's bounds shrink to the strip about the middle of the screen: (812 - 100) / 2 = 356.
 TEST_F(Toolbar, TheEverydayPageKeepsItsFirstFrame) {
     boot();
-    const CGRect first = frameOf(app().dailyControlViewController());
+    const CGRect first = frameOf(app().page<VNTDailyToolBarViewController>());
     EXPECT_EQ(first, (rect(0, 356, 375, 100)));
     set("layoutDirection", 1);
     announceSettings();
-    EXPECT_EQ(frameOf(app().dailyControlViewController()), first);
-    EXPECT_EQ(alphaOf(app().dailyControlViewController()), 0);
+    EXPECT_EQ(frameOf(app().page<VNTDailyToolBarViewController>()), first);
+    EXPECT_EQ(alphaOf(app().page<VNTDailyToolBarViewController>()), 0);
 }
 
 TEST_F(Toolbar, FixedViews) {
@@ -552,11 +553,13 @@ TEST_F(Toolbar, UpsideDownLeavesTheWindowAndLaysOutTheGrid) {
     sb().layoutForOrientation(2);
     EXPECT_EQ(sb().vantoriHostWindow().frame(), (rect(0, 0, 375, 812)));
     // s = 375, l = 812, x0 = 31.
-    EXPECT_EQ(frameOf(sb().connectivityBarViewController()), (rect(31, 15, 375, 100)));
-    EXPECT_EQ(frameOf(sb().volumeSliderContainerViewController()), (rect(31, 115, 375, 100)));
-    EXPECT_EQ(frameOf(sb().brightnessSliderContainerViewController()), (rect(406, 115, 375, 100)));
-    EXPECT_EQ(frameOf(sb().mediaPlayerViewController()), (rect(406, 15, 375, 100)));
-    EXPECT_EQ(alphaOf(sb().iconsContainerViewController()), 0);
+    EXPECT_EQ(frameOf(sb().page<VNTConnectivityBarViewController>()), (rect(31, 15, 375, 100)));
+    EXPECT_EQ(frameOf(sb().page<VNTVolumeSliderContainerViewController>()),
+              (rect(31, 115, 375, 100)));
+    EXPECT_EQ(frameOf(sb().page<VNTBrightnessSliderContainerViewController>()),
+              (rect(406, 115, 375, 100)));
+    EXPECT_EQ(frameOf(sb().page<VNTMediaPlayerViewController>()), (rect(406, 15, 375, 100)));
+    EXPECT_EQ(alphaOf(sb().page<VNTIconsContainerViewController>()), 0);
     EXPECT_EQ(alphaOf(sb().ccTogglesViewController()), 0);
     EXPECT_EQ(sb().maxHeight(), 215);
     EXPECT_EQ(sb().suggestedY(), 215);

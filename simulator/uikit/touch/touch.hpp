@@ -16,7 +16,7 @@ struct TouchState {
     double time;
     double startTime;
     long phase;  // UITouchPhase: began 0, moved 1, stationary 2, ended 3, cancelled 4
-    long taps;
+    unsigned long taps;
     Strong<UIView> view;
     Strong<UIWindow> window;
     bool delivered;  // the view has been told that it began
