@@ -18,7 +18,7 @@ DEVICE = pathlib.Path(__file__).resolve().parents[2] / "device"
 sys.path[:0] = [str(DEVICE), str(pathlib.Path(__file__).resolve().parent)]
 
 import damage  # noqa: E402 (found by the path above)
-from auditing import fat, link_map, macho  # noqa: E402
+from auditing import fat, link_map, macho, selectors  # noqa: E402
 
 LC_VERSION_MIN_IPHONEOS, LC_CODE_SIGNATURE, LC_UUID = 0x25, 0x1D, 0x1B
 LC_BUILD_VERSION = 0x32
@@ -177,7 +177,7 @@ class AuditTest(Auditing):
         self.refused("leads to no name of a selector")
 
     def test_selectors_that_the_runtime_would_pass_over(self):
-        at = self.data.index(b"__objc_imageinfo\0")
+        at = self.data.index(b"__objc_imageinfo")
         self.data[at : at + 16] = b"__other_imageinf"
         self.edit(self.map, "__objc_imageinfo", "__other_imageinf")
         self.refused("error: __DATA,__objc_imageinfo is not eight zero bytes")
