@@ -1,11 +1,23 @@
 // The library on its phone: an updated pull and the opening of the toolbar, each beside the system
 // messages alone; memory asked for by an updated pull; frames of the moving toolbar as they are
 // drawn, at one, two and three pixels for each of 375 x 812 points.
+//
+// How many icons are in the dock, and how many toggles in the list, can be said before the options of
+// the measurements: benchmark-phone [--icons=N] [--toggles=N] [...]
 #include <benchmark/benchmark.h>
 
+#include <malloc.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
 #include <cstring>
+#include <iterator>
 #include <nlohmann/json.hpp>
+#include <optional>
+#include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "benchmarks/allocations.hpp"
@@ -143,20 +155,43 @@ constexpr int openingFrames = 60;  // one second, in which every spring ends
 void passFrames() { simulator::Clock::shared().advance(openingFrames * simulator::Clock::frame); }
 
 // Began, ten reports, released, settled.
+void pullUp() {
+    phone->grabber(PullPhase::began, edge, 10, 0);
+    for (int i = 1; i <= 10; ++i) phone->grabber(PullPhase::updated, edge, 30.0 * i, 200);
+    phone->grabber(PullPhase::ended, edge, 300, 0);
+    passFrames();
+}
+
 void openToolbar(benchmark::State& state) {
     phone->setting("alwaysSpringBoardStyle", true);
     for (auto _ : state) {
         AutoreleasePool pool;
-        phone->grabber(PullPhase::began, edge, 10, 0);
-        for (int i = 1; i <= 10; ++i) phone->grabber(PullPhase::updated, edge, 30.0 * i, 200);
-        phone->grabber(PullPhase::ended, edge, 300, 0);
-        passFrames();
+        pullUp();
         state.PauseTiming();
         if (!springBoardToolbar().send<"isEnabled", bool>()) state.SkipWithError("it stayed shut");
         springBoardToolbar().send<"dismissVNTSB">();
         passFrames();
         state.ResumeTiming();
     }
+}
+
+// What the process has allocated after so many openings, in bytes more than after the first.
+void memoryAfterOpenings(benchmark::State& state) {
+    phone->setting("alwaysSpringBoardStyle", true);
+    auto openAndClose = [] {
+        AutoreleasePool pool;
+        pullUp();
+        springBoardToolbar().send<"dismissVNTSB">();
+        passFrames();
+    };
+    openAndClose();
+    const auto allocated = [] { return static_cast<double>(mallinfo2().uordblks); };
+    const double before = allocated();
+    for (auto _ : state) {
+        for (long opened = 0; opened < state.range(0); ++opened) openAndClose();
+    }
+    state.counters["bytes"] = allocated() - before;
+    state.counters["all"] = before;
 }
 
 // The same movement of the toolbar's view and shadow by the system alone.
@@ -240,16 +275,58 @@ void registerBenchmarks() {
         ->Unit(benchmark::kMicrosecond);
     registerFrames("a drawn frame, application", Style::application);
     registerFrames("a drawn frame, home screen", Style::springBoard);
+    for (long opened : {1, 10, 100, 1000}) {
+        RegisterBenchmark("memory after openings", &memoryAfterOpenings)
+            ->Arg(opened)
+            ->Iterations(1)
+            ->Unit(benchmark::kMicrosecond);
+    }
+}
+
+// As many toggles as there are slots for, by their keys in the settings.
+constexpr const char* toggleKeys[] = {"OrientationLock", "Mute",       "LowPower",
+                                      "flashlight",      "Appearance", "DND"};
+
+void listToggles(int count) {
+    nlohmann::json keys = nlohmann::json::array();
+    for (const char* key : std::span(toggleKeys).first(static_cast<std::size_t>(count)))
+        keys.push_back(key);
+    phone->plist("/var/mobile/Library/Preferences/com.ferolin.VNTDailyToggleList.plist",
+                 nlohmann::json::array({keys}));
+}
+
+// The number that an argument --NAME=N gives, which is taken out; nothing when there is none.
+std::optional<int> takeNumber(std::vector<char*>& arguments, std::string_view start, int most) {
+    const auto found = std::ranges::find_if(
+        arguments, [&](const char* one) { return std::string_view(one).starts_with(start); });
+    if (found == arguments.end()) return std::nullopt;
+    const std::string text = *found + start.size();
+    arguments.erase(found);
+    char* end = nullptr;
+    const long number = std::strtol(text.c_str(), &end, 10);
+    if (text.empty() || *end || number < 0 || number > most) {
+        std::fprintf(stderr, "benchmark-phone: %s takes a number from 0 to %d\n",
+                     std::string(start).c_str(), most);
+        std::exit(1);
+    }
+    return static_cast<int>(number);
 }
 
 }  // namespace
 
 int main(int count, char** arguments) {
-    benchmark::Initialize(&count, arguments);
-    if (benchmark::ReportUnrecognizedArguments(count, arguments)) return 1;
+    std::vector<char*> all(arguments, arguments + count);
+    const std::optional<int> icons = takeNumber(all, "--icons=", 6);
+    const std::optional<int> toggles =
+        takeNumber(all, "--toggles=", static_cast<int>(std::size(toggleKeys)));
+    count = static_cast<int>(all.size());
+    benchmark::Initialize(&count, all.data());
+    if (benchmark::ReportUnrecognizedArguments(count, all.data())) return 1;
     AutoreleasePool pool;
     auto owned = simulator::makePhone({});
     phone = owned.get();
+    if (icons) phone->dock(*icons);
+    if (toggles) listToggles(*toggles);
     // The welcome pager has been seen.
     phone->plist("/var/mobile/Library/Preferences/com.ferolin.VantoriHistoryVersion.plist",
                  nlohmann::json::array({"1.2.1"}));

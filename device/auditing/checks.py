@@ -6,6 +6,7 @@ from auditing.forms import rows_of, systems_of
 from auditing.handles import lineage
 from auditing.link_map import BLOCK_DESCRIPTOR
 from auditing.macho import INITIALISERS
+from auditing.selectors import IMAGE_INFO, contents
 from auditing.signature import signature_fault
 from auditing.tables import LOOKED_UP, OWN, PRIVATE, SYMBOLS
 from auditing.threads import Signing
@@ -184,6 +185,17 @@ def check_methods(methods, platform):
                 f"{like}; if it only shares the name, add '{owner} {method.selector} {method.encoding}' to "
                 f"device/platform/{OWN}"
             )
+
+
+def check_references(dylib, references):
+    """The object runtime finds the references to selectors, and the name of each."""
+    if contents(dylib, IMAGE_INFO) != bytes(8):
+        yield f"{IMAGE_INFO} is not eight zero bytes: the object runtime would pass over the selectors, or expect more"
+    if not references:
+        yield "it has no references to selectors, so it could send nothing"
+    for reference in references:
+        if reference.name is None:
+            yield f"the reference at {reference.address:#x} leads to no name of a selector"
 
 
 def check_messages(messages, methods, platform):
