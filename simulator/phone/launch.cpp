@@ -8,6 +8,7 @@
 #include "simulator/foundation/files.hpp"
 #include "simulator/foundation/first_use.hpp"
 #include "simulator/foundation/notification_counts.hpp"
+#include "simulator/foundation/notification_order.hpp"
 #include "simulator/foundation/observers.hpp"
 #include "simulator/hardware/configuration.hpp"
 #include "simulator/hardware/uikit_bridge.hpp"
@@ -119,6 +120,7 @@ void prepareProcess() {
     installFiles();
     installBundles();
     installConversions();
+    installNotificationOrder();
     installNotificationCounts();
     installObservers();
 }
