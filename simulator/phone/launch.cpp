@@ -93,6 +93,7 @@ std::string imagePath(const std::string& path) {
 }
 
 void startSpringBoard() {
+    loadConnectivityModule();
     auto application = create<SpringBoard>();
     if (application) setSharedApplication(UIApplication(application.get()));
     fillVariables(application);
