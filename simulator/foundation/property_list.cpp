@@ -225,6 +225,28 @@ nlohmann::json propertyListJson(Object value) {
     return value.send<"description", NSString>().utf8();
 }
 
+bool isPropertyList(Object value) {
+    using platform::as;
+    for (const char* leaf : {"NSString", "NSNumber", "NSDate", "NSData"}) {
+        if (value.isKindOfClass(objc_getClass(leaf))) return true;
+    }
+    if (value.isKindOfClass(platform::classOf<NSArray>())) {
+        const auto list = as<NSArray>(value);
+        for (unsigned long i = 0; i < list.count(); ++i) {
+            if (!isPropertyList(list.at(i))) return false;
+        }
+        return true;
+    }
+    if (!value.isKindOfClass(platform::classOf<platform::NSDictionary>())) return false;
+    const auto keys = value.send<"allKeys", NSArray>();
+    for (unsigned long i = 0; i < keys.count(); ++i) {
+        const Object key = keys.at(i);
+        if (!key.isKindOfClass(platform::classOf<NSString>())) return false;
+        if (!isPropertyList(value.send<"objectForKey:", Object>(key))) return false;
+    }
+    return true;
+}
+
 std::string encodePropertyList(Object root, PropertyListFormat format) {
     NSData data = sendClass<NSPropertyListSerialization,
                             "dataWithPropertyList:format:options:error:", NSData>(

@@ -24,6 +24,8 @@ platform::Object propertyListObject(const nlohmann::json& value);
 // The way back. Dates and data, which JSON lacks, become the text that describes them.
 nlohmann::json propertyListJson(platform::Object value);
 
+// Strings, numbers, dates, data, and arrays and dictionaries of these by strings.
+bool isPropertyList(platform::Object value);
 std::string encodePropertyList(platform::Object root, PropertyListFormat format);
 
 // The root object (autoreleased); empty when the bytes are no property list, or too large (1 MiB, or

@@ -10,6 +10,7 @@
 #include "simulator/foundation/first_use.hpp"
 #include "simulator/foundation/language.hpp"
 #include "simulator/foundation/notification_counts.hpp"
+#include "simulator/foundation/notification_order.hpp"
 #include "simulator/foundation/observers.hpp"
 #include "simulator/hardware/configuration.hpp"
 #include "simulator/hardware/uikit_bridge.hpp"
@@ -95,6 +96,7 @@ std::string imagePath(const std::string& path) {
 }
 
 void startSpringBoard() {
+    loadConnectivityModule();
     auto application = create<SpringBoard>();
     if (application) setSharedApplication(UIApplication(application.get()));
     fillVariables(application);
@@ -124,6 +126,7 @@ void prepareProcess() {
     installFiles();
     installBundles();
     installConversions();
+    installNotificationOrder();
     installNotificationCounts();
     installObservers();
 }
