@@ -333,8 +333,8 @@ void addPages(const auto& toolbar, PageRows<Rows...>) {
 }  // namespace
 
 void showLevels(VNTToolBarController toolbar) {
-    toolbar.brightnessSliderContainerViewController().brightnessSlider().refreshValue();
-    toolbar.volumeSliderContainerViewController().volumeSlider().refreshValue();
+    toolbar.page<VNTBrightnessSliderContainerViewController>().brightnessSlider().refreshValue();
+    toolbar.page<VNTVolumeSliderContainerViewController>().volumeSlider().refreshValue();
 }
 
 void registerToolBarController() {

@@ -62,10 +62,10 @@ class Seen : public LibraryPhone {
         EXPECT_NEAR(brightness, 0.5 + 20.0 / 120, 1e-6);
     }
     static VNTSlider brightnessOf(VNTToolBarController toolbar) {
-        return toolbar.brightnessSliderContainerViewController().brightnessSlider();
+        return toolbar.page<VNTBrightnessSliderContainerViewController>().brightnessSlider();
     }
     static VNTSlider volumeOf(VNTToolBarController toolbar) {
-        return toolbar.volumeSliderContainerViewController().volumeSlider();
+        return toolbar.page<VNTVolumeSliderContainerViewController>().volumeSlider();
     }
     static std::string glyphOf(VNTSlider slider) {
         NSString state = slider.packageView().send<"stateName", NSString>();
@@ -114,7 +114,7 @@ TEST_F(Seen, OpenedByReachabilityBehindAnApplication) {
     phone_->wait(1);
     reachForTop();
     ASSERT_TRUE(app().isEnabled());
-    EXPECT_TRUE((app().connectivityBarViewController().send<"hasBeenLayouted", bool>()));
+    EXPECT_TRUE((app().page<VNTConnectivityBarViewController>().send<"hasBeenLayouted", bool>()));
     expectLevelsShownBy(app());
     expectBrightnessFollowsAt(294, 562);
 }
