@@ -70,12 +70,17 @@ VANTORI_FORWARDED inline R sendMessage(id receiver, A... arguments) {
 
 #else
 
+// By a selector that is known only at run time, as the phone sends actions.
+template <class R, class... A>
+R sendMessage(id receiver, SEL selector, A... arguments) {
+    if (!receiver) return R();
+    return reinterpret_cast<R (*)(id, SEL, A...)>(objc_msg_lookup(receiver, selector))(
+        receiver, selector, arguments...);
+}
+
 template <FixedString message, class R, class... A>
 R sendMessage(id receiver, A... arguments) {
-    if (!receiver) return R();
-    SEL found = selector<message>();
-    return reinterpret_cast<R (*)(id, SEL, A...)>(objc_msg_lookup(receiver, found))(receiver, found,
-                                                                                    arguments...);
+    return sendMessage<R>(receiver, selector<message>(), arguments...);
 }
 
 #endif
