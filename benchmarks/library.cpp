@@ -1,5 +1,6 @@
-// The library by itself: a hooked message beside a plain one, and start-up beside the file reads,
-// the loading of frameworks and the hook installs that it cannot do without.
+// The library by itself: a hooked message beside a plain one, and start-up beside the file reads, the
+// loading of frameworks, the hook installs and the registration of classes that it cannot do without; the
+// last by itself beside the runtime's own calls for the same classes.
 //
 // Start-up runs once in a process, so every round is a child that is forked just before the phone
 // would load the library; the child sends back its time.
@@ -7,11 +8,15 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <ctime>
 #include <nlohmann/json.hpp>
 #include <sstream>
 #include <stdexcept>
+#include <utility>
+#include <vector>
 
 #include "hooks/start_up.hpp"
 #include "platform/definition.hpp"
@@ -166,6 +171,106 @@ void readLoadAndInstall(const Needs& needs) {
     }
 }
 
+// One of the library's classes, as the runtime's calls take it.
+struct MethodOfClass {
+    std::string selector, types;
+    bool ofClass;
+};
+struct DefinedClass {
+    std::string name, parent, variable;
+    std::size_t size;
+    std::vector<MethodOfClass> methods;
+};
+
+void appendMethods(Class cls, bool ofClass, std::vector<MethodOfClass>& methods) {
+    unsigned count = 0;
+    Method* list = class_copyMethodList(cls, &count);
+    for (unsigned i = 0; i < count; ++i)
+        methods.push_back(
+            {sel_getName(method_getName(list[i])), method_getTypeEncoding(list[i]), ofClass});
+    std::free(list);
+}
+
+DefinedClass describe(Class cls) {
+    DefinedClass described{class_getName(cls), class_getName(class_getSuperclass(cls)), {}, 0, {}};
+    unsigned count = 0;
+    Ivar* variables = class_copyIvarList(cls, &count);
+    if (count > 0) {
+        described.variable = ivar_getName(variables[0]);
+        described.size =
+            class_getInstanceSize(cls) - static_cast<std::size_t>(ivar_getOffset(variables[0]));
+    }
+    std::free(variables);
+    appendMethods(cls, false, described.methods);
+    appendMethods(object_getClass(classObject(cls)), true, described.methods);
+    return described;
+}
+
+// What the library registers, each class after the one below which it stands.
+std::vector<DefinedClass> surveyClasses() {
+    std::istringstream answer(inChild([] {
+        vantori::registerClasses();
+        const int count = objc_getClassList(nullptr, 0);
+        std::vector<Class> all(static_cast<std::size_t>(count));
+        objc_getClassList(all.data(), count);
+        std::ostringstream text;
+        for (Class cls : all) {
+            const std::string name = class_getName(cls);
+            if (!name.starts_with("VNT")) continue;
+            const DefinedClass one = describe(cls);
+            text << one.name << ' ' << one.parent << ' ' << (one.size ? one.variable : "-") << ' '
+                 << one.size << ' ' << one.methods.size() << '\n';
+            for (const MethodOfClass& method : one.methods)
+                text << method.selector << ' ' << method.types << ' ' << method.ofClass << '\n';
+        }
+        return text.str();
+    }));
+    std::vector<DefinedClass> classes;
+    std::size_t count = 0;
+    for (DefinedClass one; answer >> one.name >> one.parent >> one.variable >> one.size >> count;) {
+        one.methods.resize(count);
+        for (auto& method : one.methods)
+            answer >> method.selector >> method.types >> method.ofClass;
+        classes.push_back(one);
+    }
+    // Parents first.
+    for (std::size_t at = 0; at < classes.size(); ++at) {
+        const auto parent =
+            std::find_if(classes.begin() + static_cast<std::ptrdiff_t>(at), classes.end(),
+                         [&](const DefinedClass& one) { return one.name == classes[at].parent; });
+        if (parent == classes.end()) continue;
+        std::iter_swap(classes.begin() + static_cast<std::ptrdiff_t>(at), parent);
+        --at;
+    }
+    return classes;
+}
+
+// By the runtime's calls alone.
+void registerBare(const std::vector<DefinedClass>& classes) {
+    for (const DefinedClass& one : classes) {
+        Class cls = objc_allocateClassPair(objc_getClass(one.parent.c_str()), one.name.c_str(), 0);
+        if (one.size) class_addIvar(cls, one.variable.c_str(), one.size, 3, "{?=}");
+        objc_registerClassPair(cls);
+        for (const MethodOfClass& method : one.methods)
+            class_addMethod(method.ofClass ? object_getClass(classObject(cls)) : cls,
+                            sel_registerName(method.selector.c_str()),
+                            reinterpret_cast<IMP>(&doNothing), method.types.c_str());
+    }
+}
+
+void registration(benchmark::State& state) {
+    for (auto _ : state) state.SetIterationTime(secondsInChild(&vantori::registerClasses));
+}
+
+void registrationFloor(benchmark::State& state) {
+    const std::vector<DefinedClass> classes = surveyClasses();
+    std::size_t methods = 0;
+    for (const DefinedClass& one : classes) methods += one.methods.size();
+    for (auto _ : state) state.SetIterationTime(secondsInChild([&] { registerBare(classes); }));
+    state.counters["classes"] = static_cast<double>(classes.size());
+    state.counters["methods"] = static_cast<double>(methods);
+}
+
 void startUpWhole(benchmark::State& state) {
     for (auto _ : state) state.SetIterationTime(secondsInChild(&vantori::startUp));
 }
@@ -173,7 +278,10 @@ void startUpWhole(benchmark::State& state) {
 void startUpFloor(benchmark::State& state) {
     const Needs needs = surveyStartUp();
     for (auto _ : state) {
-        state.SetIterationTime(secondsInChild([&] { readLoadAndInstall(needs); }));
+        state.SetIterationTime(secondsInChild([&] {
+            vantori::registerClasses();
+            readLoadAndInstall(needs);
+        }));
     }
     state.counters["reads"] = static_cast<double>(needs.reads);
     state.counters["hooks"] = static_cast<double>(needs.rows.size());
@@ -185,14 +293,15 @@ void registerBenchmarks() {
     registerSpecimens();
     benchmark::RegisterBenchmark("message, hooked", &sendNext<Hooked>);
     benchmark::RegisterBenchmark("message, hooked/floor", &sendNext<Plain>);
-    benchmark::RegisterBenchmark("start-up", &startUpWhole)
-        ->UseManualTime()
-        ->Iterations(startUps)
-        ->Unit(benchmark::kMicrosecond);
-    benchmark::RegisterBenchmark("start-up/floor", &startUpFloor)
-        ->UseManualTime()
-        ->Iterations(startUps)
-        ->Unit(benchmark::kMicrosecond);
+    for (const auto& [name, measured] :
+         {std::pair{"start-up", &startUpWhole}, std::pair{"start-up/floor", &startUpFloor},
+          std::pair{"registration of the classes", &registration},
+          std::pair{"registration of the classes/floor", &registrationFloor}}) {
+        benchmark::RegisterBenchmark(name, measured)
+            ->UseManualTime()
+            ->Iterations(startUps)
+            ->Unit(benchmark::kMicrosecond);
+    }
 }
 
 // Instead of the library the phone "loads" the measurements; it need not go on booting.

@@ -1,10 +1,23 @@
 // The library on its phone: an updated pull and the opening of the toolbar, each beside the system
 // messages alone; memory asked for by an updated pull; frames of the moving toolbar as they are
-// drawn. 375 x 812 points at three pixels.
+// drawn, at one, two and three pixels for each of 375 x 812 points.
+//
+// How many icons are in the dock, and how many toggles in the list, can be said before the options of
+// the measurements: benchmark-phone [--icons=N] [--toggles=N] [...]
 #include <benchmark/benchmark.h>
 
+#include <malloc.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
 #include <cstring>
+#include <iterator>
 #include <nlohmann/json.hpp>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
 #include <vector>
 
 #include "benchmarks/allocations.hpp"
@@ -142,20 +155,43 @@ constexpr int openingFrames = 60;  // one second, in which every spring ends
 void passFrames() { simulator::Clock::shared().advance(openingFrames * simulator::Clock::frame); }
 
 // Began, ten reports, released, settled.
+void pullUp() {
+    phone->grabber(PullPhase::began, edge, 10, 0);
+    for (int i = 1; i <= 10; ++i) phone->grabber(PullPhase::updated, edge, 30.0 * i, 200);
+    phone->grabber(PullPhase::ended, edge, 300, 0);
+    passFrames();
+}
+
 void openToolbar(benchmark::State& state) {
     phone->setting("alwaysSpringBoardStyle", true);
     for (auto _ : state) {
         AutoreleasePool pool;
-        phone->grabber(PullPhase::began, edge, 10, 0);
-        for (int i = 1; i <= 10; ++i) phone->grabber(PullPhase::updated, edge, 30.0 * i, 200);
-        phone->grabber(PullPhase::ended, edge, 300, 0);
-        passFrames();
+        pullUp();
         state.PauseTiming();
         if (!springBoardToolbar().send<"isEnabled", bool>()) state.SkipWithError("it stayed shut");
         springBoardToolbar().send<"dismissVNTSB">();
         passFrames();
         state.ResumeTiming();
     }
+}
+
+// What the process has allocated after so many openings, in bytes more than after the first.
+void memoryAfterOpenings(benchmark::State& state) {
+    phone->setting("alwaysSpringBoardStyle", true);
+    auto openAndClose = [] {
+        AutoreleasePool pool;
+        pullUp();
+        springBoardToolbar().send<"dismissVNTSB">();
+        passFrames();
+    };
+    openAndClose();
+    const auto allocated = [] { return static_cast<double>(mallinfo2().uordblks); };
+    const double before = allocated();
+    for (auto _ : state) {
+        for (long opened = 0; opened < state.range(0); ++opened) openAndClose();
+    }
+    state.counters["bytes"] = allocated() - before;
+    state.counters["all"] = before;
 }
 
 // The same movement of the toolbar's view and shadow by the system alone.
@@ -177,35 +213,55 @@ void openToolbarFloor(benchmark::State& state) {
     }
 }
 
-constexpr double pixelsPerPoint = 3;
+void countFrames(benchmark::State& state) {
+    state.counters["frames"] =
+        benchmark::Counter(static_cast<double>(state.iterations()), benchmark::Counter::kIsRate);
+}
 
-void movingFrames(benchmark::State& state) {
-    begin(Style::application);
+// A report of the finger, what passes in a frame, and the picture as a window gets it.
+void movingFrames(benchmark::State& state, Style style, int pixelsPerPoint) {
+    begin(style);
+    simulator::ScreenPainter painter;
     unsigned long round = 0;
-    // The first frame draws what later ones keep: wallpaper, icons, glyphs, layouts of texts.
-    report(distanceAt(0));
-    simulator::screenPicture(pixelsPerPoint);
-    for (auto _ : state) {
+    const auto frame = [&] {
         AutoreleasePool pool;
         report(distanceAt(4 * ++round));
         simulator::Clock::shared().advance(simulator::Clock::frame);
-        benchmark::DoNotOptimize(simulator::screenPicture(pixelsPerPoint).get());
+        return painter.paint(pixelsPerPoint);
+    };
+    // The first frame draws what later ones keep, the second finds out what that is.
+    frame();
+    frame();
+    for (auto _ : state) {
+        if (frame().empty()) state.SkipWithError("nothing moved");
     }
-    state.counters["frames"] =
-        benchmark::Counter(static_cast<double>(state.iterations()), benchmark::Counter::kIsRate);
+    countFrames(state);
     end();
 }
 
 // No drawing is faster than one copy of the pixels.
-void copyFrames(benchmark::State& state) {
-    const std::size_t bytes = 375 * 3 * 812 * 3 * 4;
+void copyFrames(benchmark::State& state, int pixelsPerPoint) {
+    const std::size_t bytes =
+        4 * std::size_t{375 * 812} * static_cast<std::size_t>(pixelsPerPoint * pixelsPerPoint);
     std::vector<unsigned char> from(bytes, 1), to(bytes);
     for (auto _ : state) {
         std::memcpy(to.data(), from.data(), bytes);
         benchmark::ClobberMemory();
     }
-    state.counters["frames"] =
-        benchmark::Counter(static_cast<double>(state.iterations()), benchmark::Counter::kIsRate);
+    countFrames(state);
+}
+
+void registerFrames(const std::string& name, Style style) {
+    for (const int pixelsPerPoint : {1, 2, 3}) {
+        const std::string full = name + ", " + std::to_string(375 * pixelsPerPoint) + " x " +
+                                 std::to_string(812 * pixelsPerPoint);
+        benchmark::RegisterBenchmark(full.c_str(), [=](benchmark::State& state) {
+            movingFrames(state, style, pixelsPerPoint);
+        })->Unit(benchmark::kMicrosecond);
+        benchmark::RegisterBenchmark((full + "/floor").c_str(), [=](benchmark::State& state) {
+            copyFrames(state, pixelsPerPoint);
+        })->Unit(benchmark::kMicrosecond);
+    }
 }
 
 void registerBenchmarks() {
@@ -217,19 +273,60 @@ void registerBenchmarks() {
     RegisterBenchmark("opening the toolbar", &openToolbar)->Unit(benchmark::kMicrosecond);
     RegisterBenchmark("opening the toolbar/floor", &openToolbarFloor)
         ->Unit(benchmark::kMicrosecond);
-    RegisterBenchmark("a drawn frame while it moves", &movingFrames)->Unit(benchmark::kMicrosecond);
-    RegisterBenchmark("a drawn frame while it moves/floor", &copyFrames)
-        ->Unit(benchmark::kMicrosecond);
+    registerFrames("a drawn frame, application", Style::application);
+    registerFrames("a drawn frame, home screen", Style::springBoard);
+    for (long opened : {1, 10, 100, 1000}) {
+        RegisterBenchmark("memory after openings", &memoryAfterOpenings)
+            ->Arg(opened)
+            ->Iterations(1)
+            ->Unit(benchmark::kMicrosecond);
+    }
+}
+
+// As many toggles as there are slots for, by their keys in the settings.
+constexpr const char* toggleKeys[] = {"OrientationLock", "Mute",       "LowPower",
+                                      "flashlight",      "Appearance", "DND"};
+
+void listToggles(int count) {
+    nlohmann::json keys = nlohmann::json::array();
+    for (const char* key : std::span(toggleKeys).first(static_cast<std::size_t>(count)))
+        keys.push_back(key);
+    phone->plist("/var/mobile/Library/Preferences/com.ferolin.VNTDailyToggleList.plist",
+                 nlohmann::json::array({keys}));
+}
+
+// The number that an argument --NAME=N gives, which is taken out; nothing when there is none.
+std::optional<int> takeNumber(std::vector<char*>& arguments, std::string_view start, int most) {
+    const auto found = std::ranges::find_if(
+        arguments, [&](const char* one) { return std::string_view(one).starts_with(start); });
+    if (found == arguments.end()) return std::nullopt;
+    const std::string text = *found + start.size();
+    arguments.erase(found);
+    char* end = nullptr;
+    const long number = std::strtol(text.c_str(), &end, 10);
+    if (text.empty() || *end || number < 0 || number > most) {
+        std::fprintf(stderr, "benchmark-phone: %s takes a number from 0 to %d\n",
+                     std::string(start).c_str(), most);
+        std::exit(1);
+    }
+    return static_cast<int>(number);
 }
 
 }  // namespace
 
 int main(int count, char** arguments) {
-    benchmark::Initialize(&count, arguments);
-    if (benchmark::ReportUnrecognizedArguments(count, arguments)) return 1;
+    std::vector<char*> all(arguments, arguments + count);
+    const std::optional<int> icons = takeNumber(all, "--icons=", 6);
+    const std::optional<int> toggles =
+        takeNumber(all, "--toggles=", static_cast<int>(std::size(toggleKeys)));
+    count = static_cast<int>(all.size());
+    benchmark::Initialize(&count, all.data());
+    if (benchmark::ReportUnrecognizedArguments(count, all.data())) return 1;
     AutoreleasePool pool;
     auto owned = simulator::makePhone({});
     phone = owned.get();
+    if (icons) phone->dock(*icons);
+    if (toggles) listToggles(*toggles);
     // The welcome pager has been seen.
     phone->plist("/var/mobile/Library/Preferences/com.ferolin.VantoriHistoryVersion.plist",
                  nlohmann::json::array({"1.2.1"}));

@@ -3,7 +3,8 @@
 it hooks, answers and sends is what the system has. A file for several processors is looked at part by
 part (slice), and the parts are compared.
 
-Reads the dylib, the linker's map of each slice, the text stubs and the tables of device/platform. Every
+Reads the dylib, the linker's map of each slice, the text stubs, the tables of device/platform and the handles
+of the sources. Every
 finding is one line that says what to do; the exit status is 1 when there is an error. Sizes are bytes.
 """
 
@@ -15,8 +16,10 @@ import sys
 from auditing import checks
 from auditing.fat import read_slices
 from auditing.forms import spans, systems_of
+from auditing.handles import read_handles
 from auditing.link_map import LinkMap
 from auditing.macho import Malformed
+from auditing.selectors import read_references
 from auditing.tables import Platform, read_stub
 from auditing.threads import read_threads
 
@@ -29,19 +32,21 @@ class Slice:
         self.map = next((one for one in maps if one.fits(dylib)), None)
         if not self.map:
             raise Malformed(f"no map fits its {self.name} slice: each is the map of another file")
-        self.hooks = list(self.map.hooks(dylib))
-        self.methods = list(self.map.methods(dylib))
+        self.hooks = list(self.map.hooks())
+        self.methods = list(self.map.methods())
         self.features = list(self.map.features(dylib))
         self.pointers = list(read_threads(dylib)) if self.name == "arm64e" else []
+        self.references = read_references(dylib, self.pointers)
+        self.messages = sorted({one.name for one in self.references if one.name})
         self.contents = {
             "the hook": {f"{hook.class_name} {hook.selector} {hook.encoding}" for hook in self.hooks},
             "the method": {f"{one.kind}[{one.class_name} {one.selector}]" for one in self.methods},
-            "the message": set(self.map.messages()),
+            "the message": set(self.messages),
             "the class": set(self.map.classes(dylib)),
             "the symbol": set(dylib.undefined),
         }
 
-    def errors(self, stubs, platform, forbidden):
+    def errors(self, stubs, platform, handles, forbidden):
         dylib = self.dylib
         yield from checks.check_file(dylib)
         yield from checks.check_pointers(dylib, self.pointers, self.map)
@@ -50,7 +55,9 @@ class Slice:
         yield from checks.check_stubs(dylib, stubs, platform)
         yield from checks.check_hooks(self.hooks, platform)
         yield from checks.check_methods(self.methods, platform)
-        yield from checks.check_messages(self.map.messages(), self.methods, platform)
+        yield from checks.check_references(dylib, self.references)
+        yield from checks.check_messages(self.messages, self.methods, platform)
+        yield from checks.check_handles(handles, self.messages, platform)
         yield from checks.check_classes(self.map.classes(dylib), self.methods, platform)
         yield from checks.check_features(self.features, platform)
 
@@ -60,13 +67,13 @@ class Slice:
         return (
             f"{self.name}: {len(self.dylib.data)} bytes, {len(self.dylib.undefined)} system symbols from "
             f"{len(self.dylib.libraries)} libraries, {len(self.hooks)} hooks, "
-            f"{len(self.map.messages())} messages, {len(self.features)} features with forms{threads}"
+            f"{len(self.messages)} messages, {len(self.features)} features with forms{threads}"
         )
 
 
-def describe_messages(link_map, platform):
+def describe_messages(messages, platform):
     """Each private message that the library sends or takes over, with where it was found."""
-    for selector in link_map.messages():
+    for selector in messages:
         rows = platform.of_selector(selector)
         if not rows or not all(row.private for row in rows):
             continue
@@ -140,8 +147,9 @@ def main():
         maps = [LinkMap(path) for path in arguments.map]
         data = arguments.dylib.read_bytes()
         slices = [Slice(one, maps) for one in read_slices(data)]
+        handles = read_handles(here.parent)
         forbidden = {str(here.parent), *arguments.forbid}
-        errors = {one.name: list(one.errors(stubs, platform, forbidden)) for one in slices}
+        errors = {one.name: list(one.errors(stubs, platform, handles, forbidden)) for one in slices}
         errors["both"] = list(checks.check_same(slices))
     except (OSError, Malformed) as problem:
         sys.exit(f"audit: {problem}")
@@ -149,7 +157,7 @@ def main():
         sys.exit(f"audit: {arguments.dylib} is cut short or damaged: {problem}")
 
     if arguments.messages:
-        describe_messages(slices[0].map, platform)
+        describe_messages(slices[0].messages, platform)
     if arguments.forms:
         describe_forms(slices[0].features, platform)
     if arguments.room:

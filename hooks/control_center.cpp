@@ -37,10 +37,11 @@ void releaseStatusBarPull(VNTSBToolBarController toolbar, double velocity, doubl
 }
 
 // The zone test makes a bottom-edge pull ready; here the first pull of all would find no window to be
-// seen in and a heap of buttons.
-void prepareForFirstPull(VNTSBToolBarController toolbar) {
+// seen in, a heap of buttons and full sliders.
+void prepareForPull(VNTSBToolBarController toolbar) {
     toolbar.makeKeyWindow();
     toolbar.layoutConnectivityButton();
+    showLevels(toolbar);
 }
 
 void followStatusBarPull(UIPanGestureRecognizer pan) {
@@ -52,7 +53,7 @@ void followStatusBarPull(UIPanGestureRecognizer pan) {
         UIScreen::mainScreen().bounds().size.height - rubberBand(distance, toolbar.suggestedY());
     switch (pan.state()) {
         case UIGestureRecognizer::began:
-            prepareForFirstPull(toolbar);
+            prepareForPull(toolbar);
             toolbar.updateYValueWithAnimation(y);
             pan.setTranslation({0, 0}, container);
             break;
@@ -94,6 +95,10 @@ void controlCenterPullBegan(const TongueReport& system, Object self, Object tong
     if (leavesToSystem()) {
         letSystemPull(system, tongue, distance, velocity);
         return;
+    }
+    if (replaceCC) {  // no zone test will have the sliders refreshed
+        showLevels(VNTSBToolBarController::shared());
+        showLevels(VNTToolBarController::shared());
     }
     beginPull(system, sourceOf(self), tongue, distance, velocity);
 }

@@ -9,11 +9,11 @@ namespace vantori {
 namespace {
 
 VNTIconsContainerViewController springBoardPage() {
-    return VNTSBToolBarController::shared().iconsContainerViewController();
+    return VNTSBToolBarController::shared().page<VNTIconsContainerViewController>();
 }
 
 VNTIconsContainerViewController applicationPage() {
-    return VNTToolBarController::shared().iconsContainerViewController();
+    return VNTToolBarController::shared().page<VNTIconsContainerViewController>();
 }
 
 void handOver(VNTIconsContainerViewController page, NSArray icons, CGSize size) {

@@ -16,8 +16,8 @@ bool isSwitcherInFront() {
 // An empty list changes nothing: the row that is there stays. The application side's page first.
 void showRecents(SBRecentAppLayouts recents) {
     VNTIconsContainerViewController pages[] = {
-        VNTToolBarController::shared().iconsContainerViewController(),
-        VNTSBToolBarController::shared().iconsContainerViewController()};
+        VNTToolBarController::shared().page<VNTIconsContainerViewController>(),
+        VNTSBToolBarController::shared().page<VNTIconsContainerViewController>()};
     const bool newer = isSystem13OrLater();
     NSArray layouts = newer ? recents.allRecents() : recents.recents();
     if (layouts.count() == 0) return;

@@ -8,15 +8,22 @@ namespace vantori {
 
 namespace {
 
+// Before the first pull there is no window to be seen in, the buttons of the toolbar behind
+// applications are a heap, and nothing has refreshed the sliders.
 void openToolbar() {
     VNTSBToolBarController springBoardToolbar = VNTSBToolBarController::shared();
     springBoardToolbar.layoutConnectivityButton();
     if (alwaysSpringBoardStyle) {
+        springBoardToolbar.makeKeyWindow();
+        showLevels(springBoardToolbar);
         const double height = UIScreen::mainScreen().bounds().size.height;
         springBoardToolbar.updateYValueWithAnimation(height - MAX_SIZE);
         springBoardToolbar.setIsEnabled(true);
     } else {
-        VNTToolBarController::shared().setIsEnabled(true);
+        VNTToolBarController toolbar = VNTToolBarController::shared();
+        toolbar.layoutConnectivityButton();
+        showLevels(toolbar);
+        toolbar.setIsEnabled(true);
         springScene(MAX_SIZE, CORNER_RADIUS);
     }
 }

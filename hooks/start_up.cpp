@@ -30,18 +30,6 @@ struct Frameworks {
         NSBundle::withPath("/System/Library/ControlCenter/Bundles/ReplayKitModule.bundle"_ns);
 };
 
-void registerClasses() {
-    registerWelcomePager();
-    registerHostWindows();
-    registerApplicationHost();
-    registerPages();
-    registerControls();
-    registerEverydayPage();
-    registerToolBarController();
-    registerSBToolBarController();
-    registerHookReport();
-}
-
 void loadModules(const Frameworks& frameworks) {
     frameworks.doNotDisturb.load();
     frameworks.replayKit.load();
@@ -108,6 +96,18 @@ void installControlCenterHooks() {
 }
 
 }  // namespace
+
+void registerClasses() {
+    registerWelcomePager();
+    registerHostWindows();
+    registerApplicationHost();
+    registerPages();
+    registerControls();
+    registerEverydayPage();
+    registerToolBarController();
+    registerSBToolBarController();
+    registerHookReport();
+}
 
 void startUp() {
     AutoreleasePool pool;

@@ -24,7 +24,7 @@ void launchSuspended(NSString identifier) {
 }
 
 // The process is the manager's; a later creation may give another one.
-Strong<FBProcess> createProcess(NSString identifier) {
+Strong<FBApplicationProcess> createProcess(NSString identifier) {
     return retained(FBProcessManager::shared().createProcess(identifier));
 }
 
@@ -32,7 +32,7 @@ Strong<FBProcess> createProcess(NSString identifier) {
 // also leaves one more attempt for a second later. Deliberate.
 void waitForScene(VNTApplicationHostViewController, SBApplication, NSString of) {
     Strong<NSString> identifier = retained(of);
-    Strong<FBProcess> process = createProcess(identifier);
+    Strong<FBApplicationProcess> process = createProcess(identifier);
     while (!process.mainScene()) {
         log("[Vantori] mainScene not found, create process again."_ns);
         launchSuspended(identifier);
@@ -54,7 +54,8 @@ constexpr Hosting inProcess{&waitForScene};
 constexpr Hosting inView{&showLive};
 
 using CreateProcess =
-    InstanceMethod<"FBProcessManager", "createApplicationProcessForBundleID:", FBProcess(NSString)>;
+    InstanceMethod<"FBProcessManager",
+                   "createApplicationProcessForBundleID:", FBApplicationProcess(NSString)>;
 using MainScene = InstanceMethod<"FBApplicationProcess", "mainScene", Object()>;
 
 // Where processes know nothing of scenes, waiting for one would never end.

@@ -114,14 +114,14 @@ NSMutableArray defaultToggles(const PageState& state) {
 }
 
 NSMutableArray listedToggles(const PageState& state) {
-    return toggleSlots(toggleList(), {{{"Appearance"_ns, state.appearance},
-                                       {"OrientationLock"_ns, state.orientation},
-                                       {"Mute"_ns, state.mute},
-                                       {"LowPower"_ns, state.lowPower},
-                                       {"DND"_ns, state.doNotDisturb},
-                                       {"flashlight"_ns, state.flashlight},
-                                       {"display"_ns, state.brightness},
-                                       {"volume"_ns, state.volume}}});
+    return toggleSlots(toggleList(), {{"Appearance"_ns, state.appearance},
+                                      {"OrientationLock"_ns, state.orientation},
+                                      {"Mute"_ns, state.mute},
+                                      {"LowPower"_ns, state.lowPower},
+                                      {"DND"_ns, state.doNotDisturb},
+                                      {"flashlight"_ns, state.flashlight},
+                                      {"display"_ns, state.brightness},
+                                      {"volume"_ns, state.volume}});
 }
 
 // Kept as it is, not as a copy, which could not change any more.

@@ -41,12 +41,12 @@ struct Defined {
 
 // Runs the implementation of the superclass of the definition (not of the object).
 template <Handle Definer, FixedString message, class R = void, class... A>
-R super(const Object& self, A... arguments) {
-    Class parent = class_getSuperclass(Defined<Definer>::value);
+VANTORI_FORWARDED inline R super(const Object& self, A... arguments) {
+    Class definer = Defined<Definer>::value;
     if constexpr (std::is_void_v<R>) {
-        sendSuper<void>(self.get(), parent, selector<message>(), Object::wire(arguments)...);
+        sendSuper<void>(self.get(), definer, selector<message>(), Object::wire(arguments)...);
     } else {
-        return R(sendSuper<WireOf<R>>(self.get(), parent, selector<message>(),
+        return R(sendSuper<WireOf<R>>(self.get(), definer, selector<message>(),
                                       Object::wire(arguments)...));
     }
 }
@@ -68,14 +68,13 @@ auto toWire(T&& value) {
     return Object::wire(value);
 }
 
-// The implementation that the runtime calls for a plain function fn(self, arguments...). The message is a
-// part of its name, so that the audit of the device build can tell what answers it, with which encoding.
-template <class Definer, class Trace, FixedString message, auto fn>
+// The implementation that the runtime calls for a plain function fn(self, arguments...). Message and
+// encoding are a part of its name, so that the audit of the device build can tell what answers what.
+template <class Definer, class Trace, FixedString message, FixedString encoding, auto fn>
 struct Thunk;
-template <class Definer, class Trace, FixedString message, class R, class Self, class... A,
-          R (*fn)(Self, A...)>
-struct Thunk<Definer, Trace, message, fn> {
-    static constexpr auto encoding = MethodEncoding<R, A...>::value;
+template <class Definer, class Trace, FixedString message, FixedString encoding, class R,
+          class Self, class... A, R (*fn)(Self, A...)>
+struct Thunk<Definer, Trace, message, encoding, fn> {
     static WireOf<R> run(id self, SEL command, WireOf<A>... arguments) {
         [[maybe_unused]] const auto running =
             Trace::record(Defined<Definer>::value, self, command, arguments...);
@@ -106,12 +105,12 @@ struct Storage {  // plain values and handles that are not owned
 template <Handle T>
 struct Storage<Strong<T>> {
     using Value = T;
-    static void write(Strong<T>& member, T value) { member = retained(value); }
+    static void write(Strong<T>& member, T value) { detail::replaceRetaining(member, value.get()); }
 };
 template <Handle T>
 struct Storage<Copied<T>> {
     using Value = T;
-    static void write(Copied<T>& member, T value) { member = Copied<T>(value); }
+    static void write(Copied<T>& member, T value) { detail::replaceCopying(member, value.get()); }
 };
 
 template <auto member>
@@ -124,6 +123,10 @@ struct Accessors<member> {
         Storage<Member>::write(stateOf<State>(self).*member, value);
     }
 };
+
+VANTORI_SHARED inline void addTo(Class cls, SEL message, IMP implementation, const char* types) {
+    if (cls) class_addMethod(cls, message, implementation, types);
+}
 
 struct NoState {};
 struct NoVariables {
@@ -141,17 +144,19 @@ class Definition {
 
     template <FixedString message, auto fn>
     const Definition& method() const {
-        using Implementation = detail::Thunk<T, Trace, message, fn>;
-        add(class_, selector<message>(), reinterpret_cast<IMP>(&Implementation::run),
-            Implementation::encoding.data());
+        constexpr auto encoding = encodingOf<fn>;
+        using Implementation = detail::Thunk<T, Trace, message, encoding, fn>;
+        detail::addTo(class_, selector<message>(), reinterpret_cast<IMP>(&Implementation::run),
+                      sharedText<encoding>());
         return *this;
     }
 
     template <FixedString message, auto fn>
     const Definition& classMethod() const {
-        using Implementation = detail::Thunk<T, Trace, message, fn>;
-        add(object_getClass(classObject(class_)), selector<message>(),
-            reinterpret_cast<IMP>(&Implementation::runOnClass), Implementation::encoding.data());
+        constexpr auto encoding = encodingOf<fn>;
+        using Implementation = detail::Thunk<T, Trace, message, encoding, fn>;
+        detail::addTo(object_getClass(classObject(class_)), selector<message>(),
+                      reinterpret_cast<IMP>(&Implementation::runOnClass), sharedText<encoding>());
         return *this;
     }
 
@@ -167,9 +172,6 @@ class Definition {
     }
 
   private:
-    static void add(Class cls, SEL message, IMP implementation, const char* types) {
-        if (cls) class_addMethod(cls, message, implementation, types);
-    }
     Class class_;
 };
 
@@ -177,10 +179,10 @@ class Definition {
 // missing class, and one that has the method, stay as they are.
 template <FixedString message, auto fn>
 void addMethod(Class cls) {
-    using Implementation = detail::Thunk<Object, NoTrace, message, fn>;
-    if (!cls) return;
-    class_addMethod(cls, selector<message>(), reinterpret_cast<IMP>(&Implementation::run),
-                    Implementation::encoding.data());
+    constexpr auto encoding = encodingOf<fn>;
+    using Implementation = detail::Thunk<Object, NoTrace, message, encoding, fn>;
+    detail::addTo(cls, selector<message>(), reinterpret_cast<IMP>(&Implementation::run),
+                  sharedText<encoding>());
 }
 
 namespace detail {
@@ -198,37 +200,59 @@ constexpr unsigned char alignmentPower(std::size_t bytes) {
     return power;
 }
 
+// What making a class needs to know of it.
+struct ClassInTheMaking {
+    const char* name;
+    const char* variable;
+    std::size_t size;  // of the state in bytes; 0 for none
+    unsigned char alignment;
+    void (*deallocate)(id, SEL);  // null where nothing is to be destroyed
+};
+
+// Up to the registration, when variables can be added. Nil when there is nothing to make.
+VANTORI_SHARED inline Class allocateClass(const char* parentName, const ClassInTheMaking& made) {
+    Class parent = objc_getClass(parentName);
+    if (!parent || objc_getClass(made.name)) return nullptr;
+    Class cls = objc_allocateClassPair(parent, made.name, 0);
+    if (!cls || !made.size) return cls;
+    class_addIvar(cls, made.variable, made.size, made.alignment, "{?=}");
+    if (made.deallocate)
+        class_addMethod(cls, selector<"dealloc">(), reinterpret_cast<IMP>(made.deallocate), "v@:");
+    return cls;
+}
+
+// The offset of the state is asked for after the registration (GCC's runtime answers 0 before it).
+VANTORI_SHARED inline void registerClass(Class cls, const char* variable, Class& defined,
+                                         std::ptrdiff_t* offset) {
+    objc_registerClassPair(cls);
+    defined = cls;
+    if (offset) *offset = ivar_getOffset(class_getInstanceVariable(cls, variable));
+}
+
 }  // namespace detail
 
-// Makes and registers the class T::name below Super. The offset of the state is asked for after the
-// registration (GCC's runtime answers 0 before it). If a class of that name exists or Super does
+// Makes and registers the class T::name below Super. If a class of that name exists or Super does
 // not, nothing is made and the table has no effect. Variables under names of their own can be added
 // only before the registration: addVariables(class) is called then.
 template <Handle T, Handle Super, class State = detail::NoState, class Trace = NoTrace,
           class AddVariables = detail::NoVariables>
 Definition<T, State, Trace> define(AddVariables addVariables = {}) {
-    Class parent = objc_getClass(Super::name.data());
-    if (!parent || objc_getClass(T::name.data())) return Definition<T, State, Trace>(nullptr);
     if (StateSlot<State>::offset != 0) return Definition<T, State, Trace>(nullptr);
-    Class cls = objc_allocateClassPair(parent, T::name.data(), 0);
-    if (!cls) return Definition<T, State, Trace>(nullptr);
     constexpr bool stateful = !std::is_same_v<State, detail::NoState>;
     // Named after the class: the runtime refuses a variable whose name a superclass has too.
     static constexpr auto variable = FixedString{"_state"} + T::name;
-    if constexpr (stateful) {
-        class_addIvar(cls, variable.data(), sizeof(State), detail::alignmentPower(alignof(State)),
-                      "{?=}");
-        if constexpr (!std::is_trivially_destructible_v<State>) {
-            class_addMethod(cls, selector<"dealloc">(),
-                            reinterpret_cast<IMP>(&detail::deallocate<T, State>), "v@:");
-        }
-    }
+    detail::ClassInTheMaking made{.name = T::name.data(),
+                                  .variable = variable.data(),
+                                  .size = stateful ? sizeof(State) : 0,
+                                  .alignment = detail::alignmentPower(alignof(State)),
+                                  .deallocate = nullptr};
+    if constexpr (stateful && !std::is_trivially_destructible_v<State>)
+        made.deallocate = &detail::deallocate<T, State>;
+    Class cls = detail::allocateClass(Super::name.data(), made);
+    if (!cls) return Definition<T, State, Trace>(nullptr);
     addVariables(cls);
-    objc_registerClassPair(cls);
-    Defined<T>::value = cls;
-    if constexpr (stateful) {
-        StateSlot<State>::offset = ivar_getOffset(class_getInstanceVariable(cls, variable.data()));
-    }
+    detail::registerClass(cls, variable.data(), Defined<T>::value,
+                          stateful ? &StateSlot<State>::offset : nullptr);
     return Definition<T, State, Trace>(cls);
 }
 

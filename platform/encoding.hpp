@@ -70,4 +70,17 @@ struct MethodEncoding {
         ((TypeCode<R>::value + FixedString{"@:"}) + ... + TypeCode<std::remove_cvref_t<A>>::value);
 };
 
+namespace detail {
+
+template <class Function>
+struct EncodingOfFunction;
+template <class R, class Self, class... A>
+struct EncodingOfFunction<R (*)(Self, A...)> : MethodEncoding<R, A...> {};
+
+}  // namespace detail
+
+// The encoding of a method that a plain function fn(self, arguments...) answers.
+template <auto fn>
+inline constexpr auto encodingOf = detail::EncodingOfFunction<decltype(fn)>::value;
+
 }  // namespace platform

@@ -29,6 +29,12 @@ constexpr auto operator+(const FixedString<left>& a, const FixedString<right>& b
     return sum;
 }
 
+// The text, of which there is one for all that say the same.
+template <FixedString text>
+constexpr const char* sharedText() {
+    return text.data();
+}
+
 // "isEnabled" becomes "setIsEnabled:", as key-value coding expects of an accessor.
 template <FixedString name>
 constexpr auto setterName() {

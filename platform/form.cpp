@@ -29,14 +29,14 @@ std::atomic<const FeatureRecord*> latest{nullptr};
 
 const FeatureRecord* usedFeatures() { return latest; }
 
-void detail::list(FeatureRecord& feature) {
+VANTORI_WHOLE void detail::list(FeatureRecord& feature) {
     if (feature.isListed.exchange(true)) return;
     feature.next = latest;
     while (!latest.compare_exchange_weak(feature.next, &feature)) {
     }
 }
 
-void switchOff(FeatureRecord& feature, const char* reason, Object error) {
+VANTORI_WHOLE void switchOff(FeatureRecord& feature, const char* reason, Object error) {
     if (!feature.isOff.exchange(true)) report(feature, reason, error);
 }
 

@@ -18,17 +18,25 @@ struct NSString : Object {
     unsigned long length() const { return send<"length", unsigned long>(); }
 };
 
-// A string constant: "musicBar"_ns is made once and kept for ever.
-template <FixedString text>
-NSString operator""_ns() {
-    static std::atomic<id> cached{nullptr};
+namespace detail {
+
+VANTORI_SHARED VANTORI_WHOLE inline id constantString(std::atomic<id>& cached, const char* text) {
     id found = cached.load(std::memory_order_acquire);
     if (!found) {
-        id fresh = NSString::from(text.data()).template send<"copy", Object>().get();
-        if (cached.compare_exchange_strong(found, fresh)) return NSString(fresh);
-        Object(fresh).template send<"release">();
+        id fresh = NSString::from(text).send<"copy", Object>().get();
+        if (cached.compare_exchange_strong(found, fresh)) return fresh;
+        Object(fresh).send<"release">();
     }
-    return NSString(found);
+    return found;
+}
+
+}  // namespace detail
+
+// A string constant: "musicBar"_ns is made once and kept for ever.
+template <FixedString text>
+VANTORI_SHARED NSString operator""_ns() {
+    static std::atomic<id> cached{nullptr};
+    return NSString(detail::constantString(cached, text.data()));
 }
 
 struct NSNumber : Object {

@@ -65,12 +65,17 @@ struct HookSlot {
     static inline HookRecord record;
 };
 
-template <FixedString className, FixedString message, auto fn>
+template <class Function>
+struct EncodingOfHook;
+template <class R, class Self, class... A>
+struct EncodingOfHook<R (*)(System<R(A...)>, Self, A...)> : MethodEncoding<R, A...> {};
+
+// The row is a part of its name, so that the audit of the device build can tell what is hooked.
+template <FixedString className, FixedString message, FixedString encoding, auto fn>
 struct HookThunk;
-template <FixedString className, FixedString message, class R, class Self, class... A,
-          R (*fn)(System<R(A...)>, Self, A...)>
-struct HookThunk<className, message, fn> {
-    static constexpr auto encoding = MethodEncoding<R, A...>::value;
+template <FixedString className, FixedString message, FixedString encoding, class R, class Self,
+          class... A, R (*fn)(System<R(A...)>, Self, A...)>
+struct HookThunk<className, message, encoding, fn> {
     static WireOf<R> run(id self, SEL command, WireOf<A>... arguments) {
         HookRecord& record = HookSlot<className, message>::record;
         ++record.calls;
@@ -87,10 +92,11 @@ struct HookThunk<className, message, fn> {
 
 template <FixedString className, FixedString message, auto fn>
 HookRow hook() {
-    using Thunk = detail::HookThunk<className, message, fn>;
+    constexpr auto encoding = detail::EncodingOfHook<decltype(fn)>::value;
+    using Thunk = detail::HookThunk<className, message, encoding, fn>;
     return {className.data(),       message.data(),
             &selector<message>,     reinterpret_cast<IMP>(&Thunk::run),
-            Thunk::encoding.data(), &detail::HookSlot<className, message>::record};
+            sharedText<encoding>(), &detail::HookSlot<className, message>::record};
 }
 
 // Hands the row to the injection framework. A missing class is passed on as nothing.

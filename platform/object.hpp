@@ -10,23 +10,13 @@
 #include <concepts>
 #include <type_traits>
 
+#include "platform/code_size.hpp"
 #include "platform/fixed_string.hpp"
 #include "platform/geometry.hpp"
 #include "platform/runtime.hpp"
+#include "platform/selector.hpp"
 
 namespace platform {
-
-// The selector of that name, registered on first use.
-template <FixedString name>
-SEL selector() {
-    static std::atomic<SEL> cached{nullptr};
-    SEL found = cached.load(std::memory_order_relaxed);
-    if (!found) {
-        found = sel_registerName(name.data());
-        cached.store(found, std::memory_order_relaxed);
-    }
-    return found;
-}
 
 class Object;
 
@@ -45,22 +35,61 @@ struct Wire<T> {
 template <class T>
 using WireOf = typename Wire<std::remove_cvref_t<T>>::Type;
 
+#if defined(__APPLE__)
+
+namespace detail {
+
+// Whether the runtime's answer to a message to nothing, zero in every register of a result, is the
+// whole result; larger structures are written to memory, which it leaves as it is.
+template <class R>
+inline constexpr bool isInRegisters = sizeof(R) <= 2 * sizeof(void*);
+template <>
+inline constexpr bool isInRegisters<void> = true;
+template <>
+inline constexpr bool isInRegisters<CGRect> = true;  // four numbers are in four
+
+// One function a message: it puts the selector into its register, where callers leave room for it, and
+// goes on to the runtime. So a place that sends takes the arguments and a call, and no more.
+template <FixedString message, class R, class... A>
+VANTORI_SHARED R messageStub(id receiver, SEL, A... arguments) {
+    return reinterpret_cast<R (*)(id, SEL, A...)>(objc_msgSend)(receiver, selector<message>(),
+                                                                arguments...);
+}
+
+}  // namespace detail
+
+template <FixedString message, class R, class... A>
+VANTORI_FORWARDED inline R sendMessage(id receiver, A... arguments) {
+    if constexpr (!detail::isInRegisters<R>) {
+        if (!receiver) return R();
+    }
+    SEL room;
+    asm("" : "=r"(room));  // whatever is there
+    return detail::messageStub<message, R, A...>(receiver, room, arguments...);
+}
+
+#else
+
+// By a selector that is known only at run time, as the phone sends actions.
 template <class R, class... A>
 R sendMessage(id receiver, SEL selector, A... arguments) {
     if (!receiver) return R();
-#if defined(__APPLE__)
-    return reinterpret_cast<R (*)(id, SEL, A...)>(objc_msgSend)(receiver, selector, arguments...);
-#else
     return reinterpret_cast<R (*)(id, SEL, A...)>(objc_msg_lookup(receiver, selector))(
         receiver, selector, arguments...);
-#endif
 }
 
-// Runs the implementation that superclass has for the selector, on receiver.
+template <FixedString message, class R, class... A>
+R sendMessage(id receiver, A... arguments) {
+    return sendMessage<R>(receiver, selector<message>(), arguments...);
+}
+
+#endif
+
+// Runs the implementation that the superclass of definer has for the selector, on receiver.
 template <class R, class... A>
-R sendSuper(id receiver, Class superclass, SEL selector, A... arguments) {
+VANTORI_SHARED R sendSuper(id receiver, Class definer, SEL selector, A... arguments) {
     if (!receiver) return R();
-    objc_super target{receiver, superclass};
+    objc_super target{receiver, class_getSuperclass(definer)};
 #if defined(__APPLE__)
     return reinterpret_cast<R (*)(objc_super*, SEL, A...)>(objc_msgSendSuper)(&target, selector,
                                                                               arguments...);
@@ -86,11 +115,11 @@ class Object {
     // Sends the message; the argument types decide how they travel, so name numbers by their
     // platform type (double for CGFloat, long for NSInteger, float for float).
     template <FixedString message, class R = void, class... A>
-    R send(A... arguments) const {
+    VANTORI_FORWARDED R send(A... arguments) const {
         if constexpr (std::is_void_v<R>) {
-            sendMessage<void>(object_, selector<message>(), wire(arguments)...);
+            sendMessage<message, void>(object_, wire(arguments)...);
         } else {
-            return R(sendMessage<WireOf<R>>(object_, selector<message>(), wire(arguments)...));
+            return R(sendMessage<message, WireOf<R>>(object_, wire(arguments)...));
         }
     }
 
@@ -132,24 +161,32 @@ constexpr T as(const Object& object) {
     return T(object.get());
 }
 
-// The class that a handle type names; nil while it does not exist (looked up again each time until
-// it does, since frameworks load late).
-template <Handle T>
-Class classOf() {
-    static std::atomic<Class> cached{nullptr};
+namespace detail {
+
+VANTORI_SHARED inline Class lookUpClass(std::atomic<Class>& cached, const char* name) {
     Class found = cached.load(std::memory_order_relaxed);
     if (!found) {
-        found = objc_getClass(T::name.data());
+        found = objc_getClass(name);
         cached.store(found, std::memory_order_relaxed);
     }
     return found;
+}
+
+}  // namespace detail
+
+// The class that a handle type names; nil while it does not exist (looked up again each time until
+// it does, since frameworks load late).
+template <Handle T>
+VANTORI_SHARED Class classOf() {
+    static std::atomic<Class> cached{nullptr};
+    return detail::lookUpClass(cached, T::name.data());
 }
 
 inline id classObject(Class cls) { return reinterpret_cast<id>(cls); }
 
 // A message to a class; zero when the class does not exist.
 template <Handle T, FixedString message, class R = void, class... A>
-R sendClass(A... arguments) {
+VANTORI_FORWARDED inline R sendClass(A... arguments) {
     return Object(classObject(classOf<T>())).template send<message, R>(arguments...);
 }
 

@@ -10,20 +10,46 @@
 
 namespace platform {
 
+namespace detail {
+
+// What owners do, whatever they own.
+VANTORI_SHARED inline id retain(id object) {
+    Object(object).send<"retain", Object>();
+    return object;
+}
+VANTORI_SHARED inline void release(id object) { Object(object).send<"release">(); }
+// Takes over the new reference and releases the old one, in this order.
+VANTORI_SHARED inline void replace(Object& owner, id object) {
+    release(std::exchange(owner, Object(object)).get());
+}
+VANTORI_SHARED inline void replaceRetaining(Object& owner, id object) {
+    replace(owner, retain(object));
+}
+VANTORI_SHARED inline id copyOf(id object) { return Object(object).send<"copy", Object>().get(); }
+VANTORI_SHARED inline void replaceCopying(Object& owner, id object) {
+    replace(owner, copyOf(object));
+}
+
+}  // namespace detail
+
 template <Handle T>
 class [[nodiscard]] Strong : public T {
   public:
     constexpr Strong() = default;
-    Strong(const Strong& other) : T(other.get()) { this->template send<"retain", Object>(); }
+    Strong(const Strong& other) : T(detail::retain(other.get())) {}
     Strong(Strong&& other) noexcept : T(other.leak()) {}
     template <std::derived_from<T> U>
         requires(!std::same_as<U, T>)
     Strong(Strong<U>&& other) : T(other.leak()) {}
-    Strong& operator=(Strong other) noexcept {
-        swap(other);
+    Strong& operator=(const Strong& other) noexcept {
+        detail::replaceRetaining(*this, other.get());
         return *this;
     }
-    ~Strong() { static_cast<T&>(*this).template send<"release">(); }
+    Strong& operator=(Strong&& other) noexcept {
+        detail::replace(*this, other.leak());
+        return *this;
+    }
+    ~Strong() { detail::release(this->get()); }
 
     // Gives up the reference without releasing it.
     id leak() { return std::exchange(static_cast<T&>(*this), T()).get(); }
@@ -49,8 +75,7 @@ Strong<T> adopted(T object) {
 
 template <Handle T>
 Strong<T> retained(T object) {
-    object.template send<"retain", Object>();
-    return Strong<T>::adopt(object);
+    return Strong<T>::adopt(T(detail::retain(object.get())));
 }
 
 // Owns a copy, as "copy" properties do.
@@ -58,14 +83,13 @@ template <Handle T>
 class Copied : public Strong<T> {
   public:
     constexpr Copied() = default;
-    explicit Copied(T original)
-        : Strong<T>(Strong<T>::adopt(T(original.template send<"copy", Object>().get()))) {}
+    explicit Copied(T original) : Strong<T>(Strong<T>::adopt(T(detail::copyOf(original.get())))) {}
 };
 
 // A new object by the named initialiser: create<UIView, "initWithFrame:">(frame). Empty when the
 // class does not exist or the initialiser gives nothing.
 template <Handle T, FixedString initialiser = "init", class... A>
-Strong<T> create(A... arguments) {
+VANTORI_FORWARDED inline Strong<T> create(A... arguments) {
     Object raw = sendClass<T, "alloc", Object>();
     return Strong<T>::adopt(raw.send<initialiser, T>(arguments...));
 }
@@ -79,7 +103,7 @@ class AutoreleasePool {
     AutoreleasePool& operator=(const AutoreleasePool&) = delete;
 
   private:
-    static Object makePool() {
+    VANTORI_SHARED static Object makePool() {
         Object cls(classObject(objc_getClass("NSAutoreleasePool")));
         return cls.send<"alloc", Object>().send<"init", Object>();
     }

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/form.hpp"
-#include "platform/uikit.hpp"
+#include "platform/uikit_controls.hpp"
 
 namespace platform {
 
@@ -13,9 +13,9 @@ struct SBApplication : Object {
 };
 
 // The shared application of the process is SpringBoard itself.
-struct SpringBoard : UIResponder {
+struct SpringBoard : UIApplication {
     static constexpr FixedString name{"SpringBoard"};
-    using UIResponder::UIResponder;
+    using UIApplication::UIApplication;
     static SpringBoard shared() {
         return Object(classObject(objc_getClass("UIApplication")))
             .send<"sharedApplication", SpringBoard>();

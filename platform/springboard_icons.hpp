@@ -114,8 +114,8 @@ struct SBApplicationController : Object {
     }
 };
 
-struct FBProcess : Object {
-    static constexpr FixedString name{"FBProcess"};
+struct FBApplicationProcess : Object {
+    static constexpr FixedString name{"FBApplicationProcess"};
     using Object::Object;
     // Empty until the application has a scene.
     Object mainScene() const { return send<"mainScene", Object>(); }
@@ -127,8 +127,8 @@ struct FBProcessManager : Object {
     static FBProcessManager shared() {
         return sendClass<FBProcessManager, "sharedInstance", FBProcessManager>();
     }
-    FBProcess createProcess(NSString identifier) const {
-        return send<"createApplicationProcessForBundleID:", FBProcess>(identifier);
+    FBApplicationProcess createProcess(NSString identifier) const {
+        return send<"createApplicationProcessForBundleID:", FBApplicationProcess>(identifier);
     }
 };
 

@@ -135,6 +135,7 @@ struct UIScrollView : UIView {
     CGSize contentSize() const { return send<"contentSize", CGSize>(); }
     void setContentSize(CGSize size) const { send<"setContentSize:">(size); }
     CGPoint contentOffset() const { return send<"contentOffset", CGPoint>(); }
+    void setContentOffset(CGPoint offset) const { send<"setContentOffset:">(offset); }
     void setScrollEnabled(bool enabled) const { send<"setScrollEnabled:">(enabled); }
     void setPagingEnabled(bool enabled) const { send<"setPagingEnabled:">(enabled); }
     void setShowsHorizontalScrollIndicator(bool shows) const {

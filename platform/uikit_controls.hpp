@@ -19,7 +19,7 @@ struct UIFont : Object {
 
 // The room that a text takes in lines of at most that width.
 inline CGSize textSize(NSString text, UIFont font, double width) {
-    constexpr unsigned long inLines = 1, withLeading = 2;
+    constexpr long inLines = 1, withLeading = 2;
     constexpr double anyHeight = 1e6;
     // The key is the value of UIKit's NSFontAttributeName.
     return text

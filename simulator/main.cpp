@@ -14,6 +14,7 @@
 #include "simulator/live/live_phone.hpp"
 #include "simulator/live/settings_command.hpp"
 #include "simulator/phone/extension.hpp"
+#include "simulator/phone/launch.hpp"
 #include "simulator/scenario/known_names.hpp"
 #include "simulator/scenario/phone.hpp"
 #include "simulator/scenario/runner.hpp"
@@ -233,6 +234,7 @@ int main(int argc, char** argv) {
             options.settings = parsed(runSettings);
             if (everySystem) options.matrix = simulator::knownSystems();
             if (!slice.empty()) simulator::nameSlice(slice);
+            simulator::warmUp();  // once for the processes of all files
             return simulator::scenario::runFiles(files, options, simulator::makePhone, std::cout);
         }
         if (devicesCommand->parsed()) {

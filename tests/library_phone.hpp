@@ -34,6 +34,19 @@ class LibraryPhone : public testing::Test {
     }
     long posted(const std::string& name) const { return phone_->postedCount(name); }
 
+    // Where a finger meets the middle of a view.
+    static CGPoint middleOf(UIView view) {
+        const CGSize size = view.bounds().size;
+        UIView window = view.send<"window", UIView>();
+        return window.convertPointFrom({size.width / 2, size.height / 2}, view);
+    }
+    void touch(CGPoint place) { phone_->touchDown(place.x, place.y); }
+    void tapOn(UIView view) {
+        touch(middleOf(view));
+        phone_->wait(0.05);
+        phone_->touchUp();
+    }
+
     AutoreleasePool pool_;
     std::unique_ptr<simulator::Phone> phone_;
 };

@@ -1,7 +1,7 @@
 // The panel of the brightness slider: three toggles, then the slider, in a strip 100 points high.
 #pragma once
 
-#include "platform/uikit.hpp"
+#include "toggles/slider.hpp"
 
 namespace vantori {
 
@@ -11,6 +11,7 @@ struct VNTBrightnessSliderContainerViewController : UIViewController {
     static constexpr FixedString name{"VNTBrightnessSliderContainerViewController"};
     using UIViewController::UIViewController;
     void setupSliderView() const { send<"setupSliderView">(); }
+    VNTSlider brightnessSlider() const { return send<"brightnessSlider", VNTSlider>(); }
     // Kept, and read by nothing.
     void setShouldShowSwitcher(bool shows) const { send<"setShouldShowSwitcher:">(shows); }
 };

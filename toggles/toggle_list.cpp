@@ -35,7 +35,7 @@ NSArray toggleList() {
     return list.isKindOfClass(arrayClass()) ? as<NSArray>(list) : NSArray();
 }
 
-NSMutableArray toggleSlots(NSArray list, const std::array<KeyedToggle, 8>& toggles) {
+NSMutableArray toggleSlots(NSArray list, std::initializer_list<KeyedToggle> toggles) {
     NSMutableArray slots = NSMutableArray::withCapacity(list.count());
     for (unsigned long i = 0; i < slotCount; ++i) slots.add(NSNull::null());
     for (const auto& [key, toggle] : toggles) {

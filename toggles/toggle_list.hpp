@@ -2,7 +2,7 @@
 // root is an array whose first element is the array of keys; a key's slot is its index there.
 #pragma once
 
-#include <array>
+#include <initializer_list>
 
 #include "platform/foundation.hpp"
 
@@ -25,7 +25,7 @@ struct KeyedToggle {
 
 // Six slots, each with the null object or the toggle whose key stands first at that index of the
 // list; the toggles are placed in the order given here.
-NSMutableArray toggleSlots(NSArray list, const std::array<KeyedToggle, 8>& toggles);
+NSMutableArray toggleSlots(NSArray list, std::initializer_list<KeyedToggle> toggles);
 
 // Whether a slot holds a toggle.
 bool isFilled(Object slot);

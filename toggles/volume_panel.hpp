@@ -1,7 +1,7 @@
 // The panel of the volume slider: three toggles, then the slider, in a strip 100 points high.
 #pragma once
 
-#include "platform/uikit.hpp"
+#include "toggles/slider.hpp"
 
 namespace vantori {
 
@@ -11,6 +11,7 @@ struct VNTVolumeSliderContainerViewController : UIViewController {
     static constexpr FixedString name{"VNTVolumeSliderContainerViewController"};
     using UIViewController::UIViewController;
     void setupSliderView() const { send<"setupSliderView">(); }
+    VNTSlider volumeSlider() const { return send<"volumeSlider", VNTSlider>(); }
 };
 
 void registerVolumePanel();

@@ -1,6 +1,7 @@
 #include "toolbar/arrangement.hpp"
 
 #include <algorithm>
+#include <array>
 
 #include "settings/settings_file.hpp"
 
@@ -8,59 +9,35 @@ namespace vantori {
 
 namespace {
 
-// In the order in which pages are made, placed and put above one another.
-constexpr Page table[] = {
-    {.identifier = [] { return "connectivityBar"_ns; },
-     .controller = [](VNTToolBarController toolbar) -> UIViewController {
-         return toolbar.connectivityBarViewController();
-     },
-     .listed = 0,
-     .cell = GridCell{.column = 0, .row = 0}},
-    {.identifier = [] { return "musicBar"_ns; },
-     .controller = [](VNTToolBarController toolbar) -> UIViewController {
-         return toolbar.mediaPlayerViewController();
-     },
-     .listed = 1,
-     .cell = GridCell{.column = 1, .row = 0}},
-    {.identifier = [] { return "appsBar"_ns; },
-     .controller = [](VNTToolBarController toolbar) -> UIViewController {
-         return toolbar.iconsContainerViewController();
-     },
-     .listed = 4,
-     .cell = {}},
-    {.identifier = [] { return "dailyBar"_ns; },
-     .controller = [](VNTToolBarController toolbar) -> UIViewController {
-         return toolbar.dailyControlViewController();
-     },
-     .listed = {},
-     .cell = {}},
-    {.identifier = [] { return "brightnessBar"_ns; },
-     .controller = [](VNTToolBarController toolbar) -> UIViewController {
-         return toolbar.brightnessSliderContainerViewController();
-     },
-     .listed = 2,
-     .cell = GridCell{.column = 1, .row = 1}},
-    {.identifier = [] { return "volumeBar"_ns; },
-     .controller = [](VNTToolBarController toolbar) -> UIViewController {
-         return toolbar.volumeSliderContainerViewController();
-     },
-     .listed = 3,
-     .cell = GridCell{.column = 0, .row = 1}},
-};
+template <class Row>
+constexpr Page pageOf() {
+    return {.identifier = [] { return operator""_ns < Row::identifier>(); },
+            .controller = [](VNTToolBarController toolbar) -> UIViewController {
+                return toolbar.page<typename Row::Controller>();
+            },
+            .place = Row::place};
+}
 
-constexpr const Page* pageListedAt(unsigned long place) {
+template <class... Rows>
+constexpr std::array<Page, sizeof...(Rows)> pagesOf(PageRows<Rows...>) {
+    return {pageOf<Rows>()...};
+}
+
+constexpr auto table = pagesOf(PageTable{});
+
+constexpr const Page* pageListedAt(int index) {
     for (const Page& page : table) {
-        if (page.listed == place) return &page;
+        if (page.place.listed == index) return &page;
     }
     return nullptr;
 }
 
-constexpr auto listedCount = static_cast<unsigned long>(
-    std::ranges::count_if(table, [](const Page& page) { return page.listed.has_value(); }));
+constexpr auto listedCount = static_cast<int>(
+    std::ranges::count_if(table, [](const Page& page) { return page.place.isListed(); }));
 
 constexpr bool isListWithoutGaps() {
-    for (unsigned long place = 0; place < listedCount; ++place) {
-        if (!pageListedAt(place)) return false;
+    for (int index = 0; index < listedCount; ++index) {
+        if (!pageListedAt(index)) return false;
     }
     return true;
 }
@@ -79,9 +56,7 @@ double screenLongSide() {
 
 NSArray fixedPageList() {
     NSMutableArray list = NSMutableArray::empty();
-    for (unsigned long place = 0; place < listedCount; ++place) {
-        list.add(pageListedAt(place)->identifier());
-    }
+    for (int index = 0; index < listedCount; ++index) list.add(pageListedAt(index)->identifier());
     return list;
 }
 
@@ -91,6 +66,12 @@ double stackedHeight(VNTToolBarController toolbar) {
 
 double heightFor(VNTToolBarController toolbar, int direction) {
     return direction == directionStacked ? stackedHeight(toolbar) : stripHeight;
+}
+
+// The height of a strip whatever the list, and of a stack the one that the toolbar was given last.
+CGSize contentSizeFor(VNTToolBarController toolbar, int direction, double width) {
+    if (direction == directionStacked) return {width, toolbar.maxHeight()};
+    return {width * static_cast<double>(toolbar.pages().count()), stripHeight};
 }
 
 CGRect pageFrame(unsigned long index, int direction) {
@@ -104,6 +85,16 @@ CGRect pageFrame(unsigned long index, int direction) {
 CGRect grabberFrame(double width) { return rect((width - 100) / 2, 10, 100, 5); }
 
 double grabberAlpha(bool isHidden) { return isHidden ? 0 : 0.5; }
+
+void keepPageInFront(VNTToolBarController toolbar, CGSize contentBefore) {
+    UIScrollView scrollView = toolbar.vantoriScrollView();
+    const CGSize content = scrollView.contentSize();
+    const double furthest = content.width - scrollView.frame().size.width;
+    const double offset = scrollView.contentOffset().x;
+    if (offset == 0 || (content.height == contentBefore.height && offset <= furthest)) return;
+    scrollView.setContentOffset({0, 0});
+    toolbar.scrollViewPageController().setCurrentPage(0);
+}
 
 void placePages(VNTToolBarController toolbar, int direction) {
     NSArray pages = toolbar.pages();

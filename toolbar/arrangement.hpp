@@ -1,7 +1,6 @@
 // Where the pages stand. Lengths in points; W and H are the main screen's bounds, read fresh.
 #pragma once
 
-#include <optional>
 #include <span>
 
 #include "pages/page_height.hpp"
@@ -12,16 +11,11 @@ namespace vantori {
 CGSize screenSize();
 double screenLongSide();
 
-// A place in the grid that pages form when the phone lies on its side, from the upper left.
-struct GridCell {
-    int column, row;
-};
-
+// A row of the table, for those that go through it.
 struct Page {
     NSString (*identifier)();
     UIViewController (*controller)(VNTToolBarController);
-    std::optional<unsigned long> listed;  // its index in the list of pages
-    std::optional<GridCell> cell;
+    PagePlace place;
 };
 
 // All that a toolbar has but the modules page, which stands beside them: what is done for each page
@@ -31,14 +25,21 @@ std::span<const Page> allPages();
 // The pages shown, in display order. No setting chooses them.
 NSArray fixedPageList();
 
-// The everyday page is never in the list: its view keeps alpha 0 and its first frame. Deliberate.
+// What follows from a direction and the list of pages as the toolbar has it: its height, and the size of
+// what scrolls in it on a screen of that width.
 double stackedHeight(VNTToolBarController toolbar);
 double heightFor(VNTToolBarController toolbar, int direction);
+CGSize contentSizeFor(VNTToolBarController toolbar, int direction, double width);
 
 // The frame of the page at an index of the list.
 CGRect pageFrame(unsigned long index, int direction);
 CGRect grabberFrame(double width);
 double grabberAlpha(bool isHidden);
+
+// For when the pages have been arranged anew: in another arrangement (the content's height tells them
+// apart), or in a content too narrow for what was in front, the first page comes to the front. Else
+// the toolbar could open where no page is.
+void keepPageInFront(VNTToolBarController toolbar, CGSize contentBefore);
 
 // Gives each listed page its frame, and every page alpha 1 or 0 by whether it is listed.
 void placePages(VNTToolBarController toolbar, int direction);

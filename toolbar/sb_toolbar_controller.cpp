@@ -121,6 +121,8 @@ void makeKeyWindow(VNTSBToolBarController self) {
     if (state.hostWindow) return;
     state.hostWindow = create<VNTSBHostWindow, "initWithFrame:">(UIScreen::mainScreen().bounds());
     VNTSBHostWindow window = state.hostWindow;
+    // Made on a phone that has been turned already, it is turned as one that was there would be.
+    turnHostWindow(window, state.orientation);
     window.setWindowLevel(toolbarWindowLevel);
     window.layer().setMasksToBounds(true);
     window.makeKeyAndVisible();

@@ -15,32 +15,9 @@ namespace {
 
 using State = SBToolBarState;
 
-constexpr double gridHeight = bandHeight + 2 * pageHeight;
-
 CGAffineTransform rotation(double radians) {
     const double sine = std::sin(radians), cosine = std::cos(radians);
     return {cosine, sine, -sine, cosine, 0, 0};
-}
-
-// Upside down and unknown orientations leave the window as it is.
-void turnHostWindow(UIWindow window, long orientation) {
-    const CGSize screen = screenSize();
-    switch (orientation) {
-        case orientationPortrait:
-            window.setTransform(identityTransform);
-            window.setFrame(rect(0, 0, screen.width, screen.height));
-            break;
-        case orientationLandscapeRight:
-            window.setTransform(rotation(std::numbers::pi / 2));
-            window.setFrame(rect(0, 0, screen.height, screen.width));
-            break;
-        case orientationLandscapeLeft:
-            window.setTransform(rotation(3 * std::numbers::pi / 2));
-            window.setFrame(rect(0, 0, screen.height, screen.width));
-            break;
-        default:
-            break;
-    }
 }
 
 void placeModulesPage(VNTSBToolBarController self, bool stacked) {
@@ -65,15 +42,14 @@ void layoutPortrait(VNTSBToolBarController self, State& state) {
     self.setMaxHeight(heightFor(self, direction));
     placeModulesPage(self, stacked);
 
-    VNTDailyToolBarViewController daily = self.dailyControlViewController();
+    VNTDailyToolBarViewController daily = self.page<VNTDailyToolBarViewController>();
     daily.toggleContainerView().setFrame(daily.view().bounds());
     state.visualEffectView.setFrame(rect(0, 0, screen.width, screen.height));
     self.grabberView().setFrame(grabberFrame(screen.width));
 
-    const double pages = static_cast<double>(self.pages().count());
     UIScrollView scrollView = self.vantoriScrollView();
     scrollView.setFrame(rect(0, 0, screen.width, self.maxHeight()));
-    scrollView.setContentSize({stacked ? screen.width : screen.width * pages, self.maxHeight()});
+    scrollView.setContentSize(contentSizeFor(self, direction, screen.width));
 }
 
 void placeGrid(VNTSBToolBarController self) {
@@ -81,16 +57,24 @@ void placeGrid(VNTSBToolBarController self) {
     const double side = std::min(screen.width, screen.height);
     const double left = (std::max(screen.width, screen.height) - 2 * side) / 2;
     for (const Page& page : allPages()) {
-        if (!page.cell) continue;
-        page.controller(self).view().setFrame(rect(left + side * page.cell->column,
-                                                   bandHeight + pageHeight * page.cell->row, side,
+        if (!page.place.isInGrid()) continue;
+        page.controller(self).view().setFrame(rect(left + side * page.place.column,
+                                                   bandHeight + pageHeight * page.place.row, side,
                                                    pageHeight));
     }
 }
 
 void showGrid(VNTSBToolBarController self) {
     self.ccTogglesViewController().view().setAlpha(0);
-    for (const Page& page : allPages()) page.controller(self).view().setAlpha(page.cell ? 1 : 0);
+    for (const Page& page : allPages())
+        page.controller(self).view().setAlpha(page.place.isInGrid() ? 1 : 0);
+}
+
+// Before there is a window, those that it will have: turned by a quarter, its sides are the screen's.
+CGRect boundsOfHostWindow(VNTSBToolBarController self) {
+    if (UIWindow window = self.vantoriHostWindow()) return window.bounds();
+    const CGSize screen = screenSize();
+    return rect(0, 0, screen.width, screen.height);
 }
 
 void layoutLandscape(VNTSBToolBarController self, State& state) {
@@ -104,7 +88,7 @@ void layoutLandscape(VNTSBToolBarController self, State& state) {
     self.setMaxHeight(gridHeight);
     self.setSuggestedY(gridHeight);
 
-    const CGRect hostBounds = self.vantoriHostWindow().bounds();
+    const CGRect hostBounds = boundsOfHostWindow(self);
     const double width = hostBounds.size.width;
     state.visualEffectView.setFrame(hostBounds);
     self.grabberView().setFrame(grabberFrame(width));
@@ -118,6 +102,27 @@ void layoutLandscape(VNTSBToolBarController self, State& state) {
 
 }  // namespace
 
+// Upside down and unknown orientations leave the window as it is.
+void turnHostWindow(UIWindow window, long orientation) {
+    const CGSize screen = screenSize();
+    switch (orientation) {
+        case orientationPortrait:
+            window.setTransform(identityTransform);
+            window.setFrame(rect(0, 0, screen.width, screen.height));
+            break;
+        case orientationLandscapeRight:
+            window.setTransform(rotation(std::numbers::pi / 2));
+            window.setFrame(rect(0, 0, screen.height, screen.width));
+            break;
+        case orientationLandscapeLeft:
+            window.setTransform(rotation(3 * std::numbers::pi / 2));
+            window.setFrame(rect(0, 0, screen.height, screen.width));
+            break;
+        default:
+            break;
+    }
+}
+
 void suggestPortraitHeight(VNTSBToolBarController self, int direction) {
     const CGSize screen = screenSize();
     const double height = direction == directionStrip ? stripHeight : stackedHeight(self);
@@ -127,12 +132,15 @@ void suggestPortraitHeight(VNTSBToolBarController self, int direction) {
 
 void layoutForOrientation(VNTSBToolBarController self, long orientation) {
     State& state = stateOf<State>(self);
+    const CGSize contentBefore = self.vantoriScrollView().contentSize();
     turnHostWindow(state.hostWindow, orientation);
     if (orientation == orientationPortrait) {
         layoutPortrait(self, state);
     } else {
         layoutLandscape(self, state);
     }
+    state.orientation = orientation;
+    keepPageInFront(self, contentBefore);
 }
 
 }  // namespace vantori

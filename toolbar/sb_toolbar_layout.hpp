@@ -10,6 +10,9 @@ namespace vantori {
 // stand side by side. Deliberate.
 void suggestPortraitHeight(VNTSBToolBarController self, int direction);
 
+// Upside down and unknown orientations leave the window as it is.
+void turnHostWindow(UIWindow window, long orientation);
+
 // The action of layoutForOritations:. Portrait follows the settings; every other orientation gets
 // a grid of two by two pages.
 void layoutForOrientation(VNTSBToolBarController self, long orientation);

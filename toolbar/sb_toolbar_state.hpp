@@ -13,6 +13,7 @@ struct SBToolBarState {
     CGRect suggestedFrame;
     double suggestedY;
     bool shouldAllowAutoRotate;
+    long orientation;  // that it was laid out for last; 0 before the first time
     // A page of its own: the inherited one, for the toolbar behind applications, is another.
     Strong<VNTCCTogglesBarViewController> springBoardModules;
 };

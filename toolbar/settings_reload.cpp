@@ -20,19 +20,39 @@ void reloadSettingsCallback(CFNotificationCenterRef, void*, CFStringRef, const v
 void reloadGestureSettings(CFNotificationCenterRef, void*, CFStringRef, const void*,
                            CFDictionaryRef) {}
 
+CGSize contentOf(VNTToolBarController toolbar) { return toolbar.vantoriScrollView().contentSize(); }
+
+void placeApplicationToolbar(VNTToolBarController toolbar) {
+    const CGSize screen = UIScreen::mainScreen().bounds().size;
+    MAX_SIZE = toolbar.maxHeight();
+    toolbar.view().setFrame(rect(0, screen.height - MAX_SIZE, screen.width, MAX_SIZE));
+}
+
 void refreshToolbars(VNTToolBarController toolbar, VNTSBToolBarController springBoardToolbar) {
+    const CGSize content = contentOf(toolbar), springBoardContent = contentOf(springBoardToolbar);
     toolbar.refreshLayoutForDirection(layoutDirection);
     springBoardToolbar.refreshLayoutForDirection(layoutDirection);
     toolbar.refreshAllPages();
     springBoardToolbar.refreshAllPages();
+    keepPageInFront(toolbar, content);
+    keepPageInFront(springBoardToolbar, springBoardContent);
+    placeApplicationToolbar(toolbar);
 
-    const CGSize screen = UIScreen::mainScreen().bounds().size;
-    MAX_SIZE = toolbar.maxHeight();
-    toolbar.view().setFrame(rect(0, screen.height - MAX_SIZE, screen.width, MAX_SIZE));
-
-    toolbar.mediaPlayerViewController().setAllowOpenNowPlayingApp(tapToOpen);
-    springBoardToolbar.mediaPlayerViewController().setAllowOpenNowPlayingApp(tapToOpen);
+    toolbar.page<VNTMediaPlayerViewController>().setAllowOpenNowPlayingApp(tapToOpen);
+    springBoardToolbar.page<VNTMediaPlayerViewController>().setAllowOpenNowPlayingApp(tapToOpen);
     springBoardToolbar.view().layer().setCornerRadius(noCornerRadius ? 0 : 30);
+}
+
+// Tells whether the file came with another arrangement, of which nobody else may tell: then the
+// content in which the pages now stand is made to fit them. The grid of a phone on its side stays
+// until the phone is turned.
+bool reloadPages(VNTToolBarController toolbar) {
+    const CGSize content = contentOf(toolbar);
+    toolbar.refreshAllPages();
+    const bool isRearranged = content.height != toolbar.maxHeight() && content.height != gridHeight;
+    if (isRearranged) toolbar.refreshLayoutForDirection(currentLayoutDirection());
+    keepPageInFront(toolbar, content);
+    return isRearranged;
 }
 
 }  // namespace
@@ -73,14 +93,15 @@ void reloadControllerSettings(CFNotificationCenterRef, void*, CFStringRef, const
 
 void reloadPagesSettings(CFNotificationCenterRef, void*, CFStringRef, const void*,
                          CFDictionaryRef) {
-    VNTSBToolBarController::shared().refreshAllPages();
-    VNTToolBarController::shared().refreshAllPages();
+    reloadPages(VNTSBToolBarController::shared());
+    VNTToolBarController toolbar = VNTToolBarController::shared();
+    if (reloadPages(toolbar)) placeApplicationToolbar(toolbar);
 }
 
 void reloadTogglesSettings(CFNotificationCenterRef, void*, CFStringRef, const void*,
                            CFDictionaryRef) {
-    VNTSBToolBarController::shared().connectivityBarViewController().refreshAllToggles();
-    VNTToolBarController::shared().connectivityBarViewController().refreshAllToggles();
+    VNTSBToolBarController::shared().page<VNTConnectivityBarViewController>().refreshAllToggles();
+    VNTToolBarController::shared().page<VNTConnectivityBarViewController>().refreshAllToggles();
 }
 
 void observeSettings() {

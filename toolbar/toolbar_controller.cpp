@@ -12,6 +12,21 @@ namespace vantori {
 
 namespace {
 
+// The controller of one page, in the state of a toolbar.
+template <class Row>
+struct Held {
+    Strong<typename Row::Controller> controller;
+};
+
+template <class Rows>
+struct HeldPages;
+template <class... Rows>
+struct HeldPages<PageRows<Rows...>> : Held<Rows>... {
+    void create() {
+        ((Held<Rows>::controller = platform::create<typename Rows::Controller>()), ...);
+    }
+};
+
 struct State {
     bool isEnabled;
     bool canToggleReachability;
@@ -20,12 +35,7 @@ struct State {
     Copied<NSArray> pages;
     Strong<UIScrollView> scrollView;
     Strong<UIPageControl> pageControl;
-    Strong<VNTConnectivityBarViewController> connectivity;
-    Strong<VNTMediaPlayerViewController> mediaPlayer;
-    Strong<VNTIconsContainerViewController> icons;
-    Strong<VNTDailyToolBarViewController> daily;
-    Strong<VNTBrightnessSliderContainerViewController> brightness;
-    Strong<VNTVolumeSliderContainerViewController> volume;
+    HeldPages<PageTable> held;
     Strong<VNTCCTogglesBarViewController> modulesForApp;
     Strong<NSMutableArray> connectivityButtonControllers;
     Strong<UIView> grabber;
@@ -38,6 +48,16 @@ struct State {
 };
 
 State& stateIn(VNTToolBarController self) { return stateOf<State>(self); }
+
+template <class Row>
+Strong<typename Row::Controller>& heldIn(State& state) {
+    return static_cast<Held<Row>&>(state.held).controller;
+}
+
+template <class Controller>
+Controller pageIn(State& state) {
+    return heldIn<RowOf<Controller>>(state);
+}
 
 // The single instance; the subclass has one of its own.
 Strong<VNTToolBarController> instance;
@@ -74,12 +94,6 @@ CGRect backdropFrame(double height) {
     return rect(0, height - screen.height, screen.width, screen.height);
 }
 
-CGSize contentSizeFor(VNTToolBarController self, int direction) {
-    const CGSize screen = screenSize();
-    if (direction == directionStacked) return {screen.width, self.maxHeight()};
-    return {screen.width * static_cast<double>(self.pages().count()), stripHeight};
-}
-
 void observeNotifications(VNTToolBarController self) {
     observeDarwin(darwin::refreshToggles(), &reloadPagesSettings);
     observeDarwin(darwin::reloadSettings(), &reloadControllerSettings);
@@ -88,14 +102,9 @@ void observeNotifications(VNTToolBarController self) {
 }
 
 void createPages(State& state) {
-    state.connectivity = create<VNTConnectivityBarViewController>();
-    state.mediaPlayer = create<VNTMediaPlayerViewController>();
-    state.icons = create<VNTIconsContainerViewController>();
-    state.daily = create<VNTDailyToolBarViewController>();
-    state.brightness = create<VNTBrightnessSliderContainerViewController>();
-    state.volume = create<VNTVolumeSliderContainerViewController>();
+    state.held.create();
     state.modulesForApp = create<VNTCCTogglesBarViewController>();
-    state.brightness.setShouldShowSwitcher(false);
+    pageIn<VNTBrightnessSliderContainerViewController>(state).setShouldShowSwitcher(false);
 }
 
 // The modules page stands beside the stacked pages only.
@@ -160,7 +169,7 @@ void prepareScrollView(VNTToolBarController self, State& state, int direction) {
     state.scrollView.setShowsVerticalScrollIndicator(false);
     state.scrollView.setShowsHorizontalScrollIndicator(false);
     state.scrollView.setPagingEnabled(true);
-    state.scrollView.setContentSize(contentSizeFor(self, direction));
+    state.scrollView.setContentSize(contentSizeFor(self, direction, screenSize().width));
     state.scrollView.setDelegate(self);
 }
 
@@ -186,14 +195,15 @@ void loadView(VNTToolBarController self) {
 
     const int direction = currentLayoutDirection();
     arrangePages(self, direction);
-    state.daily.toggleContainerView().setFrame(state.daily.view().bounds());
+    auto daily = pageIn<VNTDailyToolBarViewController>(state);
+    daily.toggleContainerView().setFrame(daily.view().bounds());
 
     const CGSize screen = screenSize();
     state.scrollView =
         create<UIScrollView, "initWithFrame:">(rect(0, 0, screen.width, self.maxHeight()));
     state.pageControl = create<UIPageControl>();
     createWallpaperBackdrop(state, self.maxHeight());
-    state.connectivity.setUpConnectivityButtonSet();
+    pageIn<VNTConnectivityBarViewController>(state).setUpConnectivityButtonSet();
     self.refreshLayoutForDirection(currentLayoutDirection());
     createTint(state);
     createGrabbers(state);
@@ -221,7 +231,7 @@ void refreshLayoutForDirection(VNTToolBarController self, int direction) {
     State& state = stateIn(self);
     self.setMaxHeight(heightFor(self, direction));
     placeContainers(state, self.maxHeight());
-    state.scrollView.setContentSize(contentSizeFor(self, direction));
+    state.scrollView.setContentSize(contentSizeFor(self, direction, screenSize().width));
     showModulesPage(state.modulesForApp, direction);
     state.pageControl.setAlpha(direction == directionStacked ? 0 : 0.9);
     self.refreshAllPages();
@@ -232,10 +242,10 @@ void refreshAllPages(VNTToolBarController self) {
     State& state = stateIn(self);
     const int direction = currentLayoutDirection();
     self.setPages(fixedPageList());
-    state.connectivity.reloadTransform();
+    pageIn<VNTConnectivityBarViewController>(state).reloadTransform();
     arrangePages(self, direction);
     placeContainers(state, self.maxHeight());
-    state.connectivity.reloadTransformByDevices();
+    pageIn<VNTConnectivityBarViewController>(state).reloadTransformByDevices();
 }
 
 void fixPageControl(VNTToolBarController self) {
@@ -249,11 +259,11 @@ void fixPageControl(VNTToolBarController self) {
 
 void setUpConnectivityButtonSet(VNTToolBarController self) {
     self.fixPageControl();
-    stateIn(self).connectivity.setUpConnectivityButtonSet();
+    pageIn<VNTConnectivityBarViewController>(stateIn(self)).setUpConnectivityButtonSet();
 }
 
 void layoutConnectivityButton(VNTToolBarController self) {
-    stateIn(self).connectivity.layoutConnectivityButton();
+    pageIn<VNTConnectivityBarViewController>(stateIn(self)).layoutConnectivityButton();
 }
 
 void scrollViewDidEndDecelerating(VNTToolBarController self, UIScrollView scrollView) {
@@ -303,11 +313,34 @@ void handleDismissGesture(VNTToolBarController self, UIGestureRecognizer) {
     closeApplicationToolbar(self);
 }
 
+template <class Row>
+typename Row::Controller page(VNTToolBarController self) {
+    return heldIn<Row>(stateIn(self));
+}
+template <class Row>
+void setPage(VNTToolBarController self, typename Row::Controller controller) {
+    heldIn<Row>(stateIn(self)) = retained(controller);
+}
+
+// The properties that hold the pages.
+template <class... Rows>
+void addPages(const auto& toolbar, PageRows<Rows...>) {
+    (toolbar.template method<Rows::property, &page<Rows>>()
+         .template method<setterName<Rows::property>(), &setPage<Rows>>(),
+     ...);
+}
+
 }  // namespace
 
+void showLevels(VNTToolBarController toolbar) {
+    toolbar.page<VNTBrightnessSliderContainerViewController>().brightnessSlider().refreshValue();
+    toolbar.page<VNTVolumeSliderContainerViewController>().volumeSlider().refreshValue();
+}
+
 void registerToolBarController() {
-    define<VNTToolBarController, UIViewController, State>()
-        .classMethod<"sharedInstance", &sharedInstance>()
+    const auto toolbar = define<VNTToolBarController, UIViewController, State>();
+    addPages(toolbar, PageTable{});
+    toolbar.classMethod<"sharedInstance", &sharedInstance>()
         .classMethod<"sharedInstanceIfExisted", &sharedInstanceIfExisted>()
         .method<"_canShowWhileLocked", &canShowWhileLocked>()
         .method<"loadView", &loadView>()
@@ -330,12 +363,6 @@ void registerToolBarController() {
         .property<"pages", &State::pages>()
         .property<"vantoriScrollView", &State::scrollView>()
         .property<"scrollViewPageController", &State::pageControl>()
-        .property<"connectivityBarViewController", &State::connectivity>()
-        .property<"mediaPlayerViewController", &State::mediaPlayer>()
-        .property<"iconsContainerViewController", &State::icons>()
-        .property<"dailyControlViewController", &State::daily>()
-        .property<"brightnessSliderContainerViewController", &State::brightness>()
-        .property<"volumeSliderContainerViewController", &State::volume>()
         .property<"ccTogglesViewControllerForApp", &State::modulesForApp>()
         .property<"connectivityButtonControllers", &State::connectivityButtonControllers>()
         .property<"grabberView", &State::grabber>()

@@ -3,10 +3,8 @@
 // the applications' scenes; its subclass VNTSBToolBarController has a window of its own.
 #pragma once
 
-#include "pages/everyday_page.hpp"
-#include "pages/pages.hpp"
 #include "platform/springboard.hpp"
-#include "toggles/controls.hpp"
+#include "toolbar/page_table.hpp"
 
 namespace vantori {
 
@@ -42,25 +40,10 @@ struct VNTToolBarController : UIViewController {
         return send<"backgroundWallpaperView", SBWallpaperEffectView>();
     }
 
-    VNTConnectivityBarViewController connectivityBarViewController() const {
-        return send<"connectivityBarViewController", VNTConnectivityBarViewController>();
-    }
-    VNTMediaPlayerViewController mediaPlayerViewController() const {
-        return send<"mediaPlayerViewController", VNTMediaPlayerViewController>();
-    }
-    VNTIconsContainerViewController iconsContainerViewController() const {
-        return send<"iconsContainerViewController", VNTIconsContainerViewController>();
-    }
-    VNTDailyToolBarViewController dailyControlViewController() const {
-        return send<"dailyControlViewController", VNTDailyToolBarViewController>();
-    }
-    VNTBrightnessSliderContainerViewController brightnessSliderContainerViewController() const {
-        return send<"brightnessSliderContainerViewController",
-                    VNTBrightnessSliderContainerViewController>();
-    }
-    VNTVolumeSliderContainerViewController volumeSliderContainerViewController() const {
-        return send<"volumeSliderContainerViewController",
-                    VNTVolumeSliderContainerViewController>();
+    // One of its pages, by the class of its controller.
+    template <class Controller>
+    Controller page() const {
+        return send<RowOf<Controller>::property, Controller>();
     }
     VNTCCTogglesBarViewController ccTogglesViewControllerForApp() const {
         return send<"ccTogglesViewControllerForApp", VNTCCTogglesBarViewController>();
@@ -76,6 +59,10 @@ struct VNTToolBarController : UIViewController {
     void setUpConnectivityButtonSet() const { send<"setUpConnectivityButtonSet">(); }
     void layoutConnectivityButton() const { send<"layoutConnectivityButton">(); }
 };
+
+// Has the sliders show the phone's brightness and volume, for openings without the zone test, which
+// posts for that. No post here: nobody but the sliders is to hear of it.
+void showLevels(VNTToolBarController toolbar);
 
 void registerToolBarController();
 

@@ -1,5 +1,8 @@
 #include "toolbar/welcome_pager.hpp"
 
+#include <array>
+#include <cmath>
+
 #include "platform/definition.hpp"
 #include "settings/device_profile.hpp"
 #include "toolbar/welcome_pages.hpp"
@@ -8,12 +11,22 @@ namespace vantori {
 
 namespace {
 
+struct PageViews {
+    Strong<UIImageView> picture;
+    Strong<UILabel> title;
+    Strong<UILabel> description;
+};
+
 struct State {
     Strong<NSArray> updatePictures;
     Strong<UIScrollView> scrollView;
     Strong<UILabel> header;
     Strong<UIPageControl> pageControl;
     Strong<UILabel> pageLabel;
+    std::array<PageViews, welcomePageCount> pages;
+    Strong<UIButton> fullVersionButton;
+    Strong<UIButton> backButton;
+    CGSize placedIn;  // the size for which all this was placed
 
     // A pager that another one replaced could no longer be left: its screen goes with it.
     ~State() {
@@ -24,10 +37,10 @@ struct State {
 
 State& stateIn(VNTUpdateViewController self) { return stateOf<State>(self); }
 
-WelcomeLayout layoutNow() {
-    return {UIScreen::mainScreen().bounds().size,
-            UIApplication::shared().statusBarFrame().size.height};
+WelcomeLayout layoutIn(CGSize size) {
+    return {size, UIApplication::shared().statusBarFrame().size.height};
 }
+WelcomeLayout layoutNow() { return layoutIn(UIScreen::mainScreen().bounds().size); }
 
 UIColor textColor() {
     return isSystem13OrLater() ? sendClass<UIColor, "labelColor", UIColor>() : UIColor::black();
@@ -65,8 +78,8 @@ Strong<NSArray> loadPictures() {
     return retained<NSArray>(pictures);
 }
 
-Strong<UILabel> createLabel(CGRect frame, NSString text, UIFont font) {
-    Strong<UILabel> label = create<UILabel, "initWithFrame:">(frame);
+Strong<UILabel> createLabel(NSString text, UIFont font) {
+    Strong<UILabel> label = create<UILabel>();
     label.setText(text);
     label.setFont(font);
     label.setTextColor(textColor());
@@ -79,38 +92,35 @@ NSString counterText(int page) {
     return number.send<"stringByAppendingString:", NSString>("/4"_ns);
 }
 
-void createHeader(State& state, const WelcomeLayout& layout) {
-    state.header =
-        createLabel(layout.header(), welcomeHeader(), UIFont::boldSystem(headerFontSize));
-    state.pageLabel =
-        createLabel(layout.counter(), counterText(0), UIFont::system(counterFontSize));
+void createHeader(State& state) {
+    state.header = createLabel(welcomeHeader(), UIFont::boldSystem(headerFontSize));
+    state.pageLabel = createLabel(counterText(0), UIFont::system(counterFontSize));
     state.pageLabel.setTextAlignment(UILabel::right);
 }
 
-void createScrollView(VNTUpdateViewController self, State& state, const WelcomeLayout& layout) {
-    state.scrollView = create<UIScrollView, "initWithFrame:">(layout.scroll());
+void createScrollView(VNTUpdateViewController self, State& state) {
+    state.scrollView = create<UIScrollView>();
     state.scrollView.setPagingEnabled(true);
     state.scrollView.setShowsHorizontalScrollIndicator(false);
     state.scrollView.setShowsVerticalScrollIndicator(false);
-    state.scrollView.setContentSize(layout.content());
     state.scrollView.setDelegate(self);
 }
 
 // The white dot of the current page shows on a white screen because of the grey behind the dots.
 // They only tell the page: a tap on them turns nothing.
-void createPageControl(State& state, const WelcomeLayout& layout) {
-    state.pageControl = create<UIPageControl, "initWithFrame:">(layout.dots());
+void createPageControl(State& state) {
+    state.pageControl = create<UIPageControl>();
     state.pageControl.setNumberOfPages(static_cast<long>(welcomePageCount));
     state.pageControl.setCurrentPage(0);
     state.pageControl.setCurrentPageIndicatorTintColor(UIColor::white());
     state.pageControl.setPageIndicatorTintColor(UIColor::rgba(0.5, 0.5, 0.5, 0.5));
     state.pageControl.setBackgroundColor(UIColor::rgba(0, 0, 0, 0.2));
-    state.pageControl.layer().setCornerRadius(layout.dots().size.height / 2);
     state.pageControl.setUserInteractionEnabled(false);
 }
 
-void addPicture(State& state, const WelcomeLayout& layout, unsigned long page) {
-    auto view = create<UIImageView, "initWithFrame:">(layout.picture(page));
+void addPicture(State& state, unsigned long page) {
+    Strong<UIImageView>& view = state.pages[page].picture;
+    view = create<UIImageView>();
     view.setContentMode(UIImageView::aspectFit);
     if (page < state.updatePictures.count()) {
         view.setImage(state.updatePictures.at<UIImage>(page));
@@ -118,23 +128,21 @@ void addPicture(State& state, const WelcomeLayout& layout, unsigned long page) {
     state.scrollView.addSubview(view);
 }
 
-void addTexts(State& state, const WelcomeLayout& layout, unsigned long page) {
+void addTexts(State& state, unsigned long page) {
     const WelcomeText text = welcomeText(page);
-    auto title = createLabel(layout.title(page), text.title, UIFont::boldSystem(titleFontSize));
-    title.setTextAlignment(UILabel::center);
-    state.scrollView.addSubview(title);
+    PageViews& views = state.pages[page];
+    views.title = createLabel(text.title, UIFont::boldSystem(titleFontSize));
+    views.title.setTextAlignment(UILabel::center);
+    state.scrollView.addSubview(views.title);
 
-    UIFont font = UIFont::system(descriptionFontSize);
-    const double height = textSize(text.description, font, layout.textWidth()).height;
-    auto description = createLabel(layout.description(page, height), text.description, font);
-    description.setTextAlignment(UILabel::center);
-    description.setNumberOfLines(0);
-    state.scrollView.addSubview(description);
+    views.description = createLabel(text.description, UIFont::system(descriptionFontSize));
+    views.description.setTextAlignment(UILabel::center);
+    views.description.setNumberOfLines(0);
+    state.scrollView.addSubview(views.description);
 }
 
-void addButton(VNTUpdateViewController self, CGRect frame, NSString title, SEL action) {
+Strong<UIButton> addButton(VNTUpdateViewController self, NSString title, SEL action) {
     UIButton button = UIButton::plain();
-    button.setFrame(frame);
     button.setTitle(title);
     button.setTitleColor(UIColor::white());
     button.titleLabel().setFont(UIFont::boldSystem(buttonFontSize));
@@ -142,31 +150,72 @@ void addButton(VNTUpdateViewController self, CGRect frame, NSString title, SEL a
     button.layer().setCornerRadius(20);
     button.addTarget(self, action, UIControl::touchUpInside);
     stateIn(self).scrollView.addSubview(button);
+    return retained(button);
+}
+
+void placePage(const State& state, const WelcomeLayout& layout, unsigned long page) {
+    const PageViews& views = state.pages[page];
+    views.picture.setFrame(layout.picture(page));
+    views.title.setFrame(layout.title(page));
+    const double height = textSize(welcomeText(page).description,
+                                   UIFont::system(descriptionFontSize), layout.textWidth())
+                              .height;
+    views.description.setFrame(layout.description(page, height));
+}
+
+// The page in front stays in front.
+void placeScrollView(const State& state, const WelcomeLayout& layout) {
+    const double width = state.scrollView.frame().size.width;
+    const double pages = width > 0 ? std::round(state.scrollView.contentOffset().x / width) : 0;
+    state.scrollView.setFrame(layout.scroll());
+    state.scrollView.setContentSize(layout.content());
+    state.scrollView.setContentOffset({pages * layout.scroll().size.width, 0});
+}
+
+void place(VNTUpdateViewController self) {
+    State& state = stateIn(self);
+    state.placedIn = self.view().bounds().size;
+    const WelcomeLayout layout = layoutIn(state.placedIn);
+    state.header.setFrame(layout.header());
+    state.pageLabel.setFrame(layout.counter());
+    state.pageControl.setFrame(layout.dots());
+    state.pageControl.layer().setCornerRadius(layout.dots().size.height / 2);
+    placeScrollView(state, layout);
+    for (unsigned long page = 0; page < welcomePageCount; ++page) placePage(state, layout, page);
+    state.fullVersionButton.setFrame(layout.fullVersionButton());
+    state.backButton.setFrame(layout.backButton());
 }
 
 void viewDidLoad(VNTUpdateViewController self) {
     super<VNTUpdateViewController, "viewDidLoad">(self);
     State& state = stateIn(self);
     UIView view = self.view();
-    const WelcomeLayout layout = layoutNow();
-    view.setFrame(layout.view());
+    view.setFrame(layoutNow().view());
     view.setBackgroundColor(groundColor());
 
-    createHeader(state, layout);
+    createHeader(state);
     state.updatePictures = loadPictures();
-    createScrollView(self, state, layout);
-    createPageControl(state, layout);
+    createScrollView(self, state);
+    createPageControl(state);
     for (unsigned long page = 0; page < welcomePageCount; ++page) {
-        addPicture(state, layout, page);
-        addTexts(state, layout, page);
+        addPicture(state, page);
+        addTexts(state, page);
     }
-    addButton(self, layout.fullVersionButton(), "Get Full Version"_ns, selector<"launchApp">());
-    addButton(self, layout.backButton(), "Back"_ns, selector<"back">());
+    state.fullVersionButton = addButton(self, "Get Full Version"_ns, selector<"launchApp">());
+    state.backButton = addButton(self, "Back"_ns, selector<"back">());
+    place(self);
 
     view.addSubview(state.header);
     view.addSubview(state.pageLabel);
     view.addSubview(state.scrollView);
     view.addSubview(state.pageControl);
+}
+
+// The home screen turns with the phone, and the pager with it.
+void viewDidLayoutSubviews(VNTUpdateViewController self) {
+    super<VNTUpdateViewController, "viewDidLayoutSubviews">(self);
+    const CGSize size = self.view().bounds().size, placed = stateIn(self).placedIn;
+    if (size.width != placed.width || size.height != placed.height) place(self);
 }
 
 void scrollViewDidEndDecelerating(VNTUpdateViewController self, UIScrollView scrollView) {
@@ -202,6 +251,7 @@ void launchApp(VNTUpdateViewController self) {
 void registerWelcomePager() {
     define<VNTUpdateViewController, UIViewController, State>()
         .method<"viewDidLoad", &viewDidLoad>()
+        .method<"viewDidLayoutSubviews", &viewDidLayoutSubviews>()
         .method<"scrollViewDidEndDecelerating:", &scrollViewDidEndDecelerating>()
         .method<"backToHome", &backToHome>()
         .method<"back", &back>()

@@ -14,6 +14,9 @@ constexpr double pictureShare = 0.4, spareShare = 0.15, smallestHeight = 478;
 constexpr double pictureHighest = 340;
 constexpr double dotsGap = 12, dotsHeight = 10, titleGap = 12, titleHeight = 32, textGap = 6;
 constexpr double buttonHeight = 40, buttonGap = 10;
+// On a phone on its side: half the gap between picture and text, the margin at the ends of phones so
+// long that a notch is there, and what is kept free above and below the buttons.
+constexpr double middleGap = 10, notchMargin = 44, longPhone = 2, flatButtonMargin = 10;
 
 }  // namespace
 
@@ -59,11 +62,19 @@ CGSize WelcomeLayout::content() const {
     return {screen_.width * static_cast<double>(welcomePageCount), scroll().size.height};
 }
 
+double WelcomeLayout::sideMargin() const {
+    return isFlat() && screen_.width > longPhone * screen_.height ? notchMargin : textMargin;
+}
+
 double WelcomeLayout::pictureTop() const {
+    if (isFlat()) return 0;
     return std::max((scroll().size.height - smallestHeight) * spareShare, 0.0);
 }
 
 double WelcomeLayout::pictureHeight() const {
+    if (isFlat()) {
+        return scroll().size.height - 2 * flatButtonMargin - buttonHeight - dotsHeight - dotsGap;
+    }
     return std::min(scroll().size.height * pictureShare, pictureHighest);
 }
 
@@ -71,10 +82,21 @@ double WelcomeLayout::left(unsigned long page) const {
     return screen_.width * static_cast<double>(page);
 }
 
-double WelcomeLayout::textWidth() const { return screen_.width - 2 * textMargin; }
+double WelcomeLayout::textWidth() const {
+    if (isFlat()) return screen_.width / 2 - middleGap - sideMargin();
+    return screen_.width - 2 * sideMargin();
+}
+
+double WelcomeLayout::textLeft(unsigned long page) const {
+    return left(page) + (isFlat() ? screen_.width / 2 + middleGap : sideMargin());
+}
+
+double WelcomeLayout::textTop() const {
+    return isFlat() ? 0 : pictureBottom() + dotsGap + dotsHeight + titleGap;
+}
 
 CGRect WelcomeLayout::picture(unsigned long page) const {
-    return rect(left(page) + textMargin, pictureTop(), textWidth(), pictureHeight());
+    return rect(left(page) + sideMargin(), pictureTop(), textWidth(), pictureHeight());
 }
 
 CGRect WelcomeLayout::dots() const {
@@ -84,8 +106,7 @@ CGRect WelcomeLayout::dots() const {
 }
 
 CGRect WelcomeLayout::title(unsigned long page) const {
-    return rect(left(page) + textMargin, pictureBottom() + dotsGap + dotsHeight + titleGap,
-                textWidth(), titleHeight);
+    return rect(textLeft(page), textTop(), textWidth(), titleHeight);
 }
 
 CGRect WelcomeLayout::description(unsigned long page, double height) const {
@@ -99,8 +120,18 @@ CGRect WelcomeLayout::button(double fromBelow) const {
                 screen_.width - 2 * lowerMargin, buttonHeight);
 }
 
-CGRect WelcomeLayout::fullVersionButton() const { return button(buttonHeight + buttonGap); }
-CGRect WelcomeLayout::backButton() const { return button(0); }
+CGRect WelcomeLayout::flatButton(int column) const {
+    const double margin = std::max(lowerMargin, sideMargin());
+    const double width = (screen_.width - 2 * margin - buttonGap) / 2;
+    const double bottom = scroll().size.height - flatButtonMargin;
+    return rect(left(welcomePageCount - 1) + margin + column * (width + buttonGap),
+                bottom - buttonHeight, width, buttonHeight);
+}
+
+CGRect WelcomeLayout::fullVersionButton() const {
+    return isFlat() ? flatButton(0) : button(buttonHeight + buttonGap);
+}
+CGRect WelcomeLayout::backButton() const { return isFlat() ? flatButton(1) : button(0); }
 
 CGRect WelcomeLayout::away() const {
     return rect(0, -50 - screen_.height, screen_.width, screen_.height);

@@ -1,5 +1,6 @@
 // What the welcome pager's four pages say, and where it lies on a screen. All in points; pages are
-// placed from the origin of the scroll view, everything else from that of the pager's view.
+// placed from the origin of the scroll view, everything else from that of the pager's view. On a phone
+// on its side the picture is on the left of its text, and the buttons stand side by side.
 #pragma once
 
 #include "platform/uikit_controls.hpp"
@@ -38,7 +39,7 @@ class WelcomeLayout {
     CGRect description(unsigned long page, double height) const;
     double textWidth() const;
 
-    // One above the other, on the last page.
+    // On the last page, one above the other.
     CGRect fullVersionButton() const;
     CGRect backButton() const;
 
@@ -46,11 +47,16 @@ class WelcomeLayout {
     CGRect away() const;
 
   private:
+    bool isFlat() const { return screen_.width > screen_.height; }
+    double sideMargin() const;
     double left(unsigned long page) const;
+    double textLeft(unsigned long page) const;
+    double textTop() const;
     double pictureTop() const;
     double pictureHeight() const;
     double pictureBottom() const { return pictureTop() + pictureHeight(); }
     CGRect button(double fromBelow) const;
+    CGRect flatButton(int column) const;
 
     CGSize screen_;
     double headerTop_;

@@ -3,8 +3,10 @@
 import re
 
 from auditing.forms import rows_of, systems_of
+from auditing.handles import lineage
 from auditing.link_map import BLOCK_DESCRIPTOR
 from auditing.macho import INITIALISERS
+from auditing.selectors import IMAGE_INFO, contents
 from auditing.signature import signature_fault
 from auditing.tables import LOOKED_UP, OWN, PRIVATE, SYMBOLS
 from auditing.threads import Signing
@@ -185,6 +187,17 @@ def check_methods(methods, platform):
             )
 
 
+def check_references(dylib, references):
+    """The object runtime finds the references to selectors, and the name of each."""
+    if contents(dylib, IMAGE_INFO) != bytes(8):
+        yield f"{IMAGE_INFO} is not eight zero bytes: the object runtime would pass over the selectors, or expect more"
+    if not references:
+        yield "it has no references to selectors, so it could send nothing"
+    for reference in references:
+        if reference.name is None:
+            yield f"the reference at {reference.address:#x} leads to no name of a selector"
+
+
 def check_messages(messages, methods, platform):
     """Each message is one that the system or the library itself has."""
     ours = {method.selector for method in methods}
@@ -195,6 +208,22 @@ def check_messages(messages, methods, platform):
                 f"the message {selector} is not known: add a row for it to device/platform/{PRIVATE} "
                 "(with the systems that have it) or, if it is documented, to public_methods.tsv"
             )
+
+
+def check_handles(handles, messages, platform):
+    """What a handle sends is known of its class, or of one that it derives from."""
+    known = {(row.class_name, row.kind, row.selector) for row in platform.methods}
+    sent = set(messages)
+    for name, handle in sorted(handles.items()):
+        if handle.class_name.startswith("VNT"):
+            continue
+        classes = list(lineage(name, handles))
+        for kind, selector in sorted(handle.sent):
+            if selector in sent and not any((one, kind, selector) in known for one in classes):
+                yield (
+                    f"nothing says that the system has {kind}[{handle.class_name} {selector}], which {name} sends: "
+                    f"add a row for it to a table of device/platform"
+                )
 
 
 def check_classes(classes, methods, platform):

@@ -1,9 +1,9 @@
-"""What the linker's map tells of a dylib: which hooks, methods, messages and classes are in it, and what
-takes the room.
+"""What the linker's map tells of a dylib: which hooks, methods and classes are in it, and what takes the
+room.
 
-Hooks and messages are templates whose arguments are the names (platform/hook.hpp, definition.hpp,
-object.hpp), so the mangled names spell them out; the encodings are read from the dylib itself, at the
-addresses that the map gives.
+Hooks and methods are templates whose arguments are names and encodings (platform/hook.hpp,
+definition.hpp), so the mangled names spell them out: what the compiler hands to the runtime is the very
+argument. Everything else is read from the dylib itself, at the addresses that the map gives.
 """
 
 import bisect
@@ -20,9 +20,9 @@ TEXT = re.compile(r"(?:Lc\d+E)+")  # the characters of a string that is a templa
 
 HOOK = "__ZN8platform6detail9HookThunkI"
 METHOD = "__ZN8platform6detail5ThunkI"
-MESSAGE = "__ZZN8platform8selectorI"
 FEATURE, FORM_TABLE = "__ZN8platform7FeatureI", "9formTableE"
-ENCODING = "8encodingE"
+# What the runtime calls: the last part of the name before the types of the arguments.
+IMPLEMENTATION = re.compile(r"^(.*)E(?:3run|(10runOnClass))EP11objc_object")
 LONGEST = 10000  # bytes of a text whose size the map does not know (it says 0 of local symbols)
 # The static descriptor of a block (platform/block.hpp): its last two pointers are functions.
 BLOCK_DESCRIPTOR = re.compile(r"^__ZN8platform5BlockI.*10descriptorE$")
@@ -121,36 +121,26 @@ class LinkMap:
     def starting(self, start):
         return (symbol for symbol in self.symbols if symbol.name.startswith(start))
 
-    def encodings(self, start, dylib):
+    def implementations(self, start):
+        """The arguments of each template of that name, and the kind of method."""
         for symbol in self.starting(start):
-            if symbol.name.endswith(ENCODING):
-                yield symbol, text_of(symbol, dylib) or ""
+            if found := IMPLEMENTATION.match(symbol.name):
+                yield found[1].removeprefix(start), "+" if found[2] else "-"
 
-    def hooks(self, dylib):
-        for symbol, encoding in self.encodings(HOOK, dylib):
-            yield Hook(*texts(symbol.name)[:2], encoding)
+    def hooks(self):
+        for arguments, _ in self.implementations(HOOK):
+            yield Hook(*texts(arguments)[:3])
 
-    def methods(self, dylib):
-        on_classes = {
-            symbol.name.split("10runOnClassE")[0]
-            for symbol in self.starting(METHOD)
-            if "10runOnClassE" in symbol.name
-        }
-        for symbol, encoding in self.encodings(METHOD, dylib):
-            stem = symbol.name.removesuffix(ENCODING)
-            owner = first_type(stem.removeprefix(METHOD))
-            kind = "+" if stem in on_classes else "-"
-            yield Method("" if owner == "Object" else owner, texts(stem)[0], encoding, kind)
+    def methods(self):
+        for arguments, kind in self.implementations(METHOD):
+            owner = first_type(arguments)
+            yield Method("" if owner == "Object" else owner, *texts(arguments)[:2], kind)
 
     def features(self, dylib):
         """The tables of forms."""
         for symbol in self.starting(FEATURE):
             if symbol.name.endswith(FORM_TABLE):
                 yield read_feature(text_of(symbol, dylib) or "")
-
-    def messages(self):
-        """Every selector that the code asks for."""
-        return sorted({texts(symbol.name)[0] for symbol in self.starting(MESSAGE)})
 
     def classes(self, dylib):
         """Every class that the code looks up by the name of a handle."""

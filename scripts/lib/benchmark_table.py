@@ -53,16 +53,18 @@ def rows(runs):
                    notes(run, floor))  # fmt: skip
 
 
+def runs_of(path):
+    """The runs that a measuring program wrote, in order. A filter that fits nothing leaves an empty file."""
+    with open(path, encoding="utf-8") as file:
+        text = file.read()
+    for run in json.loads(text)["benchmarks"] if text.strip() else []:
+        if run.get("error_occurred"):
+            sys.exit(f"{run['name']}: {run['error_message']}")
+        yield run
+
+
 def main():
-    runs = {}
-    for path in sys.argv[1:]:
-        with open(path, encoding="utf-8") as file:
-            text = file.read()
-        # A filter that fits nothing leaves an empty file.
-        for run in json.loads(text)["benchmarks"] if text.strip() else []:
-            if run.get("error_occurred"):
-                sys.exit(f"{run['name']}: {run['error_message']}")
-            runs[name_of(run)] = run
+    runs = {name_of(run): run for path in sys.argv[1:] for run in runs_of(path)}
     table = [("", "time", "floor", "ratio", "counted / floor"), *rows(runs)]
     widths = [max(len(row[i]) for row in table) for i in range(4)]
     for row in table:

@@ -54,10 +54,8 @@ SystemBundle systemBundle(const std::string& path) {
     return bundle;
 }
 
-bool load(SystemBundle self) {
-    // Whoever looks for what NSBundle did need not know of the class that does it here.
-    Journal::record(objc_getClass("NSBundle"), self.get(), sel_registerName("load"));
-    State& state = platform::stateOf<State>(self);
+bool bring(SystemBundle bundle) {
+    State& state = platform::stateOf<State>(bundle);
     std::string path = state.path.utf8();
     if (bundles().missing.contains(path)) return false;
     if (!std::exchange(state.loaded, true)) {
@@ -66,6 +64,12 @@ bool load(SystemBundle self) {
         }
     }
     return true;
+}
+
+bool load(SystemBundle self) {
+    // Whoever looks for what NSBundle did need not know of the class that does it here.
+    Journal::record(objc_getClass("NSBundle"), self.get(), sel_registerName("load"));
+    return bring(self);
 }
 
 NSString bundlePath(SystemBundle self) { return platform::stateOf<State>(self).path; }
@@ -104,6 +108,10 @@ void setMissingBundle(const std::string& path) {
 
 bool isMissingBundle(const std::string& path) {
     return bundles().missing.contains(withoutTrailingSlash(path));
+}
+
+bool bringBundle(const std::string& path) {
+    return bring(systemBundle(withoutTrailingSlash(path)));
 }
 
 void onBundleLoad(const std::string& path, std::function<void()> bringClasses) {

@@ -13,5 +13,7 @@ void installBundles();
 void setMissingBundle(const std::string& path);
 bool isMissingBundle(const std::string& path);
 void onBundleLoad(const std::string& path, std::function<void()> bringClasses);
+// Loads it as the system does, without a message that anyone counts; false when it is missing.
+bool bringBundle(const std::string& path);
 
 }  // namespace simulator

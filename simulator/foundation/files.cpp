@@ -90,6 +90,7 @@ id initArray(id self, SEL, id path) {
 // Lists are written as XML, as the platform does; the Foundation underneath would write its old text
 // form. What is no property list is not written.
 Boolean writeList(id self, SEL, id path, Boolean atomically) {
+    if (!isPropertyList(Object(self))) return 0;  // the Foundation underneath writes descriptions
     try {
         std::string text = encodePropertyList(Object(self), PropertyListFormat::xml);
         auto bytes = platform::sendClass<NSData, "dataWithBytes:length:", NSData>(

@@ -1,11 +1,14 @@
 #include "simulator/foundation/property_list.hpp"
 
+#include <plist/plist.h>
+
+#include <cstdlib>
 #include <fstream>
 #include <nlohmann/json.hpp>
 #include <stdexcept>
 
-#include "simulator/foundation/property_list_guard.hpp"
-#include "simulator/runtime/leaks.hpp"
+#include "simulator/foundation/binary_list.hpp"
+#include "simulator/foundation/text_list.hpp"
 
 namespace simulator {
 
@@ -24,6 +27,10 @@ struct NSMutableDictionary : platform::NSDictionary {
 };
 struct NSData : Object {
     static constexpr platform::FixedString name{"NSData"};
+    using Object::Object;
+};
+struct NSDate : Object {
+    static constexpr platform::FixedString name{"NSDate"};
     using Object::Object;
 };
 struct NSPropertyListSerialization : Object {
@@ -78,9 +85,110 @@ nlohmann::json dictionaryJson(platform::NSDictionary dictionary) {
     return result;
 }
 
-NSData dataOf(std::string_view bytes) {
-    return sendClass<NSData, "dataWithBytes:length:", NSData>(
-        static_cast<const void*>(bytes.data()), static_cast<unsigned long>(bytes.size()));
+// What a phone keeps is far smaller than this; the sums of it must not end the process.
+constexpr std::size_t largest = std::size_t{1} << 20;  // bytes
+constexpr std::size_t mostObjects = 100'000;
+constexpr int deepest = 200;
+
+bool isMarkup(std::string_view bytes) {
+    const std::size_t first = bytes.find_first_not_of(" \t\r\n");
+    if (first == std::string_view::npos) return false;
+    const std::string_view rest = bytes.substr(first);
+    return rest.starts_with("<?") || rest.starts_with("<!") || rest.starts_with("<plist");
+}
+
+// Text that is no UTF-8 yields nothing, as does everything that holds it.
+Object stringOf(plist_t node) {
+    char* text = nullptr;
+    plist_get_string_val(node, &text);
+    NSString string = text ? NSString::from(text) : NSString();
+    std::free(text);
+    return string;
+}
+
+Object dataOf(plist_t node) {
+    char* bytes = nullptr;
+    std::uint64_t size = 0;
+    plist_get_data_val(node, &bytes, &size);
+    auto data = sendClass<NSData, "dataWithBytes:length:", NSData>(
+        static_cast<const void*>(bytes), static_cast<unsigned long>(size));
+    std::free(bytes);
+    return data;
+}
+
+Object dateOf(plist_t node) {
+    std::int32_t seconds = 0, microseconds = 0;
+    plist_get_date_val(node, &seconds, &microseconds);
+    return sendClass<NSDate, "dateWithTimeIntervalSinceReferenceDate:", NSDate>(seconds +
+                                                                                microseconds / 1e6);
+}
+
+Object objectOf(plist_t node, int depth);
+
+Object arrayOf(plist_t node, int depth) {
+    NSMutableArray array = NSMutableArray::empty();
+    for (std::uint32_t i = 0; i < plist_array_get_size(node); ++i) {
+        Object element = objectOf(plist_array_get_item(node, i), depth + 1);
+        if (!element) return {};
+        array.add(element);
+    }
+    return array;
+}
+
+Object dictionaryOf(plist_t node, int depth) {
+    auto result = sendClass<NSMutableDictionary, "dictionary", NSMutableDictionary>();
+    plist_dict_iter position = nullptr;
+    plist_dict_new_iter(node, &position);
+    bool isWhole = true;
+    for (;;) {
+        char* key = nullptr;
+        plist_t value = nullptr;
+        plist_dict_next_item(node, position, &key, &value);
+        if (!key && !value) break;
+        NSString name = key ? NSString::from(key) : NSString();
+        Object element = objectOf(value, depth + 1);
+        std::free(key);
+        isWhole = name && element;
+        if (!isWhole) break;
+        result.send<"setObject:forKey:">(element, name);
+    }
+    std::free(position);
+    return isWhole ? Object(result) : Object();
+}
+
+Object objectOf(plist_t node, int depth) {
+    if (!node || depth > deepest) return {};
+    switch (plist_get_node_type(node)) {
+        case PLIST_BOOLEAN: {
+            std::uint8_t value = 0;
+            plist_get_bool_val(node, &value);
+            return sendClass<NSNumber, "numberWithBool:", NSNumber>(
+                static_cast<unsigned char>(value));
+        }
+        case PLIST_UINT: {  // negative ones in two's complement
+            std::uint64_t value = 0;
+            plist_get_uint_val(node, &value);
+            return sendClass<NSNumber, "numberWithLongLong:", NSNumber>(
+                static_cast<long long>(value));
+        }
+        case PLIST_REAL: {
+            double value = 0;
+            plist_get_real_val(node, &value);
+            return sendClass<NSNumber, "numberWithDouble:", NSNumber>(value);
+        }
+        case PLIST_STRING:
+            return stringOf(node);
+        case PLIST_DATA:
+            return dataOf(node);
+        case PLIST_DATE:
+            return dateOf(node);
+        case PLIST_ARRAY:
+            return arrayOf(node, depth);
+        case PLIST_DICT:
+            return dictionaryOf(node, depth);
+        default:
+            return {};
+    }
 }
 
 }  // namespace
@@ -117,6 +225,28 @@ nlohmann::json propertyListJson(Object value) {
     return value.send<"description", NSString>().utf8();
 }
 
+bool isPropertyList(Object value) {
+    using platform::as;
+    for (const char* leaf : {"NSString", "NSNumber", "NSDate", "NSData"}) {
+        if (value.isKindOfClass(objc_getClass(leaf))) return true;
+    }
+    if (value.isKindOfClass(platform::classOf<NSArray>())) {
+        const auto list = as<NSArray>(value);
+        for (unsigned long i = 0; i < list.count(); ++i) {
+            if (!isPropertyList(list.at(i))) return false;
+        }
+        return true;
+    }
+    if (!value.isKindOfClass(platform::classOf<platform::NSDictionary>())) return false;
+    const auto keys = value.send<"allKeys", NSArray>();
+    for (unsigned long i = 0; i < keys.count(); ++i) {
+        const Object key = keys.at(i);
+        if (!key.isKindOfClass(platform::classOf<NSString>())) return false;
+        if (!isPropertyList(value.send<"objectForKey:", Object>(key))) return false;
+    }
+    return true;
+}
+
 std::string encodePropertyList(Object root, PropertyListFormat format) {
     NSData data = sendClass<NSPropertyListSerialization,
                             "dataWithPropertyList:format:options:error:", NSData>(
@@ -126,32 +256,19 @@ std::string encodePropertyList(Object root, PropertyListFormat format) {
             data.send<"length", unsigned long>()};
 }
 
-static Object readPropertyList(std::string_view bytes) {
-    try {
-        return sendClass<NSPropertyListSerialization,
-                         "propertyListWithData:options:format:error:", Object>(
-            dataOf(bytes), 0UL, static_cast<unsigned long*>(nullptr), static_cast<id*>(nullptr));
-    } catch (...) {  // malformed binary lists raise
-        return {};
-    }
-}
-
-static bool isReadable(std::string_view bytes) {
-    LeaksAllowed allowed;
-    platform::AutoreleasePool pool;
-    return bool(readPropertyList(bytes));
-}
-
 Object decodePropertyList(std::string_view bytes) {
-    if (!isHarmlessPropertyList(bytes)) return {};
-    // The declaration is optional to the platform, but not to the reader underneath.
-    if (bytes.starts_with("<plist") || bytes.starts_with("<!DOCTYPE")) {
-        return decodePropertyList("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n" +
-                                  std::string(bytes));
-    }
-    // The reader loses a string when it gives up on a malformed list.
-    if (leaksAreChecked && !isReadable(bytes)) return {};
-    return readPropertyList(bytes);
+    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+    if (bytes.starts_with(byteOrderMark)) bytes.remove_prefix(byteOrderMark.size());
+    if (bytes.empty() || bytes.size() > largest) return {};
+    const bool isBinary = bytes.starts_with("bplist");
+    if (!isBinary && bytes.find('\0') != std::string_view::npos) return {};
+    if (!isBinary && !isMarkup(bytes)) return readTextList(bytes, deepest);
+    if (isBinary && !isBoundedBinaryList(bytes, deepest, mostObjects)) return {};
+    plist_t root = nullptr;
+    plist_from_memory(bytes.data(), static_cast<std::uint32_t>(bytes.size()), &root);
+    Object read = root ? objectOf(root, 0) : Object();
+    plist_free(root);
+    return read;
 }
 
 std::optional<std::string> readFile(const std::filesystem::path& path, std::size_t limit) {

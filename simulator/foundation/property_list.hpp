@@ -1,5 +1,5 @@
-// Property lists: from JSON, and from files that may hold anything. GNUstep's reader can be brought
-// to end the process by size or depth, so both are checked before it sees the bytes.
+// Property lists: from JSON, and from files that may hold anything. libplist reads them: GNUstep's own
+// reader can be brought to read past the end, and to end the process.
 #pragma once
 
 #include <filesystem>
@@ -24,10 +24,12 @@ platform::Object propertyListObject(const nlohmann::json& value);
 // The way back. Dates and data, which JSON lacks, become the text that describes them.
 nlohmann::json propertyListJson(platform::Object value);
 
+// Strings, numbers, dates, data, and arrays and dictionaries of these by strings.
+bool isPropertyList(platform::Object value);
 std::string encodePropertyList(platform::Object root, PropertyListFormat format);
 
-// The root object (autoreleased); empty when the bytes are no property list, or too large (1 MiB)
-// or too deep (200) for one that a phone keeps.
+// The root object (autoreleased); empty when the bytes are no property list, or too large (1 MiB, or
+// 100,000 objects) or too deep (200) for one that a phone keeps.
 platform::Object decodePropertyList(std::string_view bytes);
 
 // The bytes of a file of the host; nothing when it cannot be read or is longer than the limit.

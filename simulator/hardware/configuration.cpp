@@ -2,11 +2,14 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
+
+#include "simulator/runtime/system_table.hpp"
 
 namespace simulator {
 
 namespace {
+
+constexpr int latestRelease = 1408;
 
 constexpr std::array<InstalledApplication, 10> applications{{
     {"com.apple.mobilephone", "Phone"},
@@ -34,10 +37,14 @@ Configuration& configuration() {
     return phone;
 }
 
+// On a phone of any kind, for it pulls as its version reports them; later systems than those known do as
+// the latest.
 bool pullReportsNameTheGesture() {
-    int major = 0, minor = 0;
-    std::sscanf(configuration().systemVersion.c_str(), "%d.%d", &major, &minor);
-    return major > 13 || (major == 13 && minor >= 4);
+    const int release = releaseOf(configuration().systemVersion).value_or(latestRelease);
+    const auto known =
+        finding("SBFluidSwitcherGestureManager", Kind::method,
+                "grabberTongueBeganPulling:withDistance:andVelocity:andGesture:", release);
+    return known && known->found != Found::absent;
 }
 
 std::span<const InstalledApplication> installedApplications() { return applications; }

@@ -27,7 +27,7 @@ struct Configuration {
 
 Configuration& configuration();
 
-// From 13.4 on the system's reports of a pull name the gesture too, in a fourth part.
+// Whether the system's reports of a pull name the gesture too, in a fourth part.
 bool pullReportsNameTheGesture();
 
 struct InstalledApplication {

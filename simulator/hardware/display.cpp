@@ -48,6 +48,11 @@ CGPoint toDisplay(CGPoint p, long orientation) {
     }
 }
 
+CGPoint vectorToDisplay(CGPoint v, long orientation) {
+    const CGPoint end = toDisplay(v, orientation), start = toDisplay({0, 0}, orientation);
+    return {end.x - start.x, end.y - start.y};
+}
+
 CGPoint toInterface(CGPoint p, long orientation) {
     CGSize screen = configuration().screen;
     switch (orientation) {

@@ -12,6 +12,8 @@ CGSize interfaceSize(long orientation);
 // From points of the interface to points of the display, and how the interface lies on it.
 CGPoint toDisplay(CGPoint interfacePoint, long orientation);
 CGPoint toInterface(CGPoint displayPoint, long orientation);
+// The same for a length or a speed.
+CGPoint vectorToDisplay(CGPoint interfaceVector, long orientation);
 double rotationOf(long orientation);  // radians, clockwise
 
 // The finger's place in the display for a pull at the bottom edge of the interface: so far along the

@@ -134,6 +134,7 @@ std::vector<std::uint64_t> initialisers(const MachOFile& file, const Fixups& fix
 
 std::vector<SelectorReference> selectorReferences(const MachOFile& file, const Fixups& fixups) {
     std::vector<SelectorReference> found;
+    if (!file.section("__DATA", "__objc_imageinfo")) return found;
     for (const Section& section : file.sections) {
         if (section.name != "__objc_selrefs") continue;
         for (const Rebase& rebase : fixups.rebases) {

@@ -30,8 +30,9 @@ void applyFixups(const MachOFile& file, const Fixups& fixups, Memory memory, con
 // Throws BadImage when one lies outside the code, or when a phone could not call it for its signature.
 std::vector<std::uint64_t> initialisers(const MachOFile& file, const Fixups& fixups);
 
-// Pointers that a compiler left to names of selectors (__objc_selrefs): each must become the
-// selector of that name.
+// Pointers to names of selectors (__objc_selrefs): each must become the selector of that name. None in
+// an image that does not say that it has something for the object runtime (__objc_imageinfo): a phone's
+// passes over it.
 struct SelectorReference {
     std::uint64_t address;
     std::string_view name;

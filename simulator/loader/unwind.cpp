@@ -13,7 +13,9 @@ enum PageKind : std::uint32_t { regularPage = 2, compressedPage = 3 };
 // The 32 bits of arm64.
 constexpr std::uint32_t modeMask = 0x0f000000;
 constexpr std::uint32_t framelessMode = 0x02000000;
+constexpr std::uint32_t describedMode = 0x03000000;
 constexpr std::uint32_t frameMode = 0x04000000;
+constexpr std::uint32_t descriptionMask = 0x00ffffff;
 constexpr unsigned framelessSizeShift = 12;
 constexpr std::uint32_t framelessSizeMask = 0xfff;
 constexpr std::uint64_t framelessUnit = 16;
@@ -116,6 +118,43 @@ class Reader {
     std::vector<UnwindEntry> entries_;
 };
 
+// The image's own frame descriptions. All must start from what writeCommon() writes but for the form of
+// addresses, so that the instructions mean the same here.
+class Descriptions {
+  public:
+    explicit Descriptions(const MachOFile& file) {
+        if (const Section* section = file.section("__TEXT", "__eh_frame"))
+            bytes_ = file.contents(section->address, section->size, what);
+    }
+
+    Bytes instructionsAt(std::uint64_t at) const {
+        const Bytes description = bytes_.part(at + 4, length(at), what);
+        const auto back = description.read<std::uint32_t>(0, what);
+        if (back > at + 4) throw BadImage("a frame description names no common part");
+        checkCommon(at + 4 - back);
+        // Behind the link: start and size of the function, and no augmentation.
+        constexpr std::uint64_t head = 4 + 8 + 8 + 1;
+        return description.from(head, what);
+    }
+
+  private:
+    static constexpr std::string_view what = "the frame descriptions";
+
+    std::uint64_t length(std::uint64_t at) const { return bytes_.read<std::uint32_t>(at, what); }
+
+    void checkCommon(std::uint64_t at) const {
+        // Version, "zR", units of one byte and of eight bytes downwards, the link register, addresses
+        // from their own place; the frame lies where the stack pointer points.
+        constexpr std::uint8_t expected[] = {1,    'z',  'R',          0, 1, 0x78, linkRegister, 1,
+                                             0x10, 0x0c, stackPointer, 0};
+        const Bytes common = bytes_.part(at + 8, sizeof expected, what);
+        if (std::memcmp(common.span().data(), expected, sizeof expected) != 0)
+            throw BadImage("its frame descriptions are of another form than clang's");
+    }
+
+    Bytes bytes_;
+};
+
 // Writes the records of a .eh_frame section.
 class Writer {
   public:
@@ -188,7 +227,11 @@ void writeFunction(Writer& writer, const UnwindEntry& entry, std::uint64_t slide
     writer.put<std::uint64_t>(entry.start + slide);
     writer.put<std::uint64_t>(entry.end - entry.start);
     writer.uleb(0);
-    if ((entry.encoding & modeMask) == framelessMode) {
+    const std::uint32_t mode = entry.encoding & modeMask;
+    if (mode == describedMode) {
+        for (std::byte instruction : entry.instructions.span())
+            writer.put<std::uint8_t>(std::to_integer<std::uint8_t>(instruction));
+    } else if (mode == framelessMode) {
         const std::uint32_t size = (entry.encoding >> framelessSizeShift) & framelessSizeMask;
         writer.defineFrame(stackPointer, size * framelessUnit);
     } else {
@@ -210,7 +253,13 @@ void writeFunction(Writer& writer, const UnwindEntry& entry, std::uint64_t slide
 std::vector<UnwindEntry> readUnwindInfo(const MachOFile& file) {
     const Section* section = file.section("__TEXT", "__unwind_info");
     if (!section || section->size == 0) return {};
-    return Reader(file, file.contents(section->address, section->size, what)).read();
+    auto entries = Reader(file, file.contents(section->address, section->size, what)).read();
+    const Descriptions descriptions(file);
+    for (UnwindEntry& entry : entries) {
+        if ((entry.encoding & modeMask) == describedMode)
+            entry.instructions = descriptions.instructionsAt(entry.encoding & descriptionMask);
+    }
+    return entries;
 }
 
 std::vector<std::byte> frameDescriptions(const std::vector<UnwindEntry>& entries,
@@ -219,7 +268,7 @@ std::vector<std::byte> frameDescriptions(const std::vector<UnwindEntry>& entries
     writeCommon(writer);
     for (const UnwindEntry& entry : entries) {
         const std::uint32_t mode = entry.encoding & modeMask;
-        const bool known = mode == framelessMode || mode == frameMode;
+        const bool known = mode == framelessMode || mode == describedMode || mode == frameMode;
         if (known && entry.end > entry.start) writeFunction(writer, entry, slide);
     }
     writer.put<std::uint32_t>(0);

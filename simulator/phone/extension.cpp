@@ -6,9 +6,12 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <map>
 #include <stdexcept>
 
+#include "platform/runtime.hpp"
 #include "simulator/loader/library.hpp"
+#include "simulator/runtime/journal.hpp"
 #include "simulator/runtime/machine.hpp"
 
 namespace simulator {
@@ -49,19 +52,40 @@ bool isForThisMachine(const std::filesystem::path& path) {
     return magic == elf;
 }
 
-}  // namespace
+// What an extension may add to classes of the phone, with one object and nothing to answer.
+struct Addition {
+    const char* className;
+    const char* selector;
+};
+constexpr Addition additions[] = {
+    {"CCUIModuleCollectionViewController", "vntExpandModuleWithIdentifier:"},
+};
 
-void setExtensionLoader(std::function<void()> loader) { loaderSlot() = std::move(loader); }
-
-void nameExtension(const std::filesystem::path& path) {
-    setenv("VANTORI_LIBRARY", std::filesystem::absolute(path).c_str(), 1);
+using AddedMethod = void (*)(id, SEL, id);
+std::map<std::string, AddedMethod, std::less<>>& addedMethods() {
+    static auto& all = *new std::map<std::string, AddedMethod, std::less<>>;
+    return all;
 }
 
-void nameSlice(const std::string& name) {
-    setenv("VANTORI_SLICE", std::string(nameOf(loader::processNamed(name))).c_str(), 1);
+void runRecorded(id self, SEL command, id argument) {
+    Journal::record(object_getClass(self), self, command, argument);
+    addedMethods().find(sel_getName(command))->second(self, command, argument);
 }
 
-void loadExtension() {
+// The runs of what was added are in the journal like those of the phone's own methods.
+void recordAdditions() {
+    for (const Addition& addition : additions) {
+        Class cls = objc_getClass(addition.className);
+        SEL selector = sel_registerName(addition.selector);
+        Method added = cls ? class_getInstanceMethod(cls, selector) : nullptr;
+        if (!added || addedMethods().contains(addition.selector)) continue;
+        addedMethods()[addition.selector] =
+            reinterpret_cast<AddedMethod>(method_getImplementation(added));
+        method_setImplementation(added, reinterpret_cast<IMP>(&runRecorded));
+    }
+}
+
+void runLibrary() {
     if (loaderSlot()) return loaderSlot()();
     std::filesystem::path path = libraryPath();
     if (!isForThisMachine(path)) {
@@ -75,6 +99,23 @@ void loadExtension() {
         const char* reason = dlerror();
         refuse(reason ? reason : path.string());
     }
+}
+
+}  // namespace
+
+void setExtensionLoader(std::function<void()> loader) { loaderSlot() = std::move(loader); }
+
+void nameExtension(const std::filesystem::path& path) {
+    setenv("VANTORI_LIBRARY", std::filesystem::absolute(path).c_str(), 1);
+}
+
+void nameSlice(const std::string& name) {
+    setenv("VANTORI_SLICE", std::string(nameOf(loader::processNamed(name))).c_str(), 1);
+}
+
+void loadExtension() {
+    runLibrary();
+    recordAdditions();
 }
 
 }  // namespace simulator

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <filesystem>
+#include <utility>
 
 #include "simulator/foundation/bundles.hpp"
 #include "simulator/foundation/conversions.hpp"
@@ -10,11 +11,13 @@
 #include "simulator/foundation/first_use.hpp"
 #include "simulator/foundation/language.hpp"
 #include "simulator/foundation/notification_counts.hpp"
+#include "simulator/foundation/notification_order.hpp"
 #include "simulator/foundation/observers.hpp"
 #include "simulator/hardware/configuration.hpp"
 #include "simulator/hardware/uikit_bridge.hpp"
 #include "simulator/phone/extension.hpp"
 #include "simulator/phone/hook_report_notes.hpp"
+#include "simulator/rendering/text.hpp"
 #include "simulator/runtime/associations.hpp"
 #include "simulator/runtime/clock.hpp"
 #include "simulator/runtime/crash.hpp"
@@ -110,6 +113,7 @@ std::string imagePath(const std::string& path) {
 }
 
 void startSpringBoard() {
+    loadConnectivityModule();
     auto application = create<SpringBoard>();
     if (application) setSharedApplication(UIApplication(application.get()));
     fillVariables(application);
@@ -129,6 +133,8 @@ void startSpringBoard() {
 }  // namespace
 
 void prepareProcess() {
+    static bool prepared = false;
+    if (std::exchange(prepared, true)) return;
     AutoreleasePool pool;
     makeFirstUses();
     SystemLog::shared().install();
@@ -137,8 +143,14 @@ void prepareProcess() {
     installFiles();
     installBundles();
     installConversions();
+    installNotificationOrder();
     installNotificationCounts();
     installObservers();
+}
+
+void warmUp() {
+    prepareProcess();
+    rendering::measure("9:41", 17, 400);  // finds the fonts
 }
 
 void registerSpringBoard() {

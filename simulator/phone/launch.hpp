@@ -6,6 +6,8 @@ namespace simulator {
 
 // What Foundation and the runtime lack or do otherwise; once for each process, before anything else.
 void prepareProcess();
+// The same, and what every phone does first besides: for a process whose children are phones.
+void warmUp();
 void registerSpringBoard();
 
 enum class Extension { load, leaveOut };

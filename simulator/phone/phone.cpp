@@ -299,7 +299,7 @@ class SimulatedPhone final : public Phone {
     void statusBar(PullPhase phase, double x, double y, double velocity) override {
         requireOn();
         report("SBControlCenterController",
-               [&] { return reportStatusBarPull(stageOf(phase), {x, y}, velocity); });
+               [&] { return reportStatusBarPull(stageOf(phase), {x, y}, CGPoint{0, velocity}); });
     }
     void pull(const EdgePull& pull) override {
         requireOn();

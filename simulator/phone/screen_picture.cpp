@@ -56,7 +56,17 @@ std::optional<std::string> saveScreen(const std::filesystem::path& file, double 
     return write(screenPicture(pixelsPerPoint), file);
 }
 
-void FilmStrip::add() { frames_.push_back(screenPicture()); }
+rendering::Rows ScreenPainter::paint(double pixelsPerPoint) {
+    UprightScreen screen = uprightScreen();
+    size_ = screen.size;
+    return kept_.paint(std::move(screen.root), size_, pixelsPerPoint);
+}
+
+// Frames on which nothing changed share their pixels.
+void FilmStrip::add() {
+    const bool same = painter_.paint().empty();
+    frames_.push_back(same ? frames_.back() : rendering::copyOf(painter_.picture()));
+}
 
 std::optional<std::string> FilmStrip::save(const std::filesystem::path& file) const {
     return write(rendering::filmStrip(frames_), file);

@@ -1,8 +1,10 @@
-// Shrinking by means of blocks, running-sum box passes, and the colours of a system blur.
+// Shrinking by means of blocks, running-sum box passes, and the colours of a system blur. The loops
+// over pixels are written for the compiler's vectors; this file is compiled for them.
 #include "simulator/rendering/blur.hpp"
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cmath>
 #include <cstdint>
 #include <vector>
@@ -12,8 +14,9 @@ namespace simulator::rendering {
 namespace {
 
 constexpr int largestFactor = 8;
-constexpr double sigmaPerFactor = 2;  // at least so many small pixels of blur, or the blocks show
-constexpr double reachInSigmas = 2;   // how far outside the box its blur still looks
+constexpr double sigmaPerFactor = 2;   // at least so many small pixels of blur, or the blocks show
+constexpr double largestSigma = 4000;  // in the pixels that are blurred: boxes of 8000
+constexpr double reachInSigmas = 2;    // how far outside the box its blur still looks
 
 struct Pixels {
     std::uint32_t* data;
@@ -33,37 +36,60 @@ Pixels pixelsOf(cairo_surface_t* surface) {
             cairo_image_surface_get_format(surface) == CAIRO_FORMAT_RGB24};
 }
 
-// Means of blocks, `factor` pixels square, of one row of blocks. The sums of two channels share a
-// word: 64 pixels of 255 stay below 16 bits.
-void shrinkRow(const Pixels& from, int left, int top, int factor, const Pixels& to, int y) {
-    constexpr std::uint32_t mask = 0x00ff00ff;
-    const int lastY = std::min(top + factor, from.height);
+constexpr std::uint32_t everyOther = 0x00ff00ff;  // two of the four channels
+
+// The sums of a row of blocks, for each of its columns. Two channels share a word: 64 pixels of 255
+// stay below 16 bits.
+struct ColumnSums {
+    std::vector<std::uint32_t> even;
+    std::vector<std::uint32_t> odd;
+
+    void clear(int columns) {
+        even.assign(static_cast<std::size_t>(columns), 0);
+        odd.assign(static_cast<std::size_t>(columns), 0);
+    }
+    void add(const std::uint32_t* row) {
+        std::uint32_t* const evens = even.data();
+        std::uint32_t* const odds = odd.data();
+        const std::size_t count = even.size();
+        for (std::size_t i = 0; i < count; ++i) {
+            evens[i] += row[i] & everyOther;
+            odds[i] += (row[i] >> 8) & everyOther;
+        }
+    }
+};
+
+std::uint32_t meanOfBlock(std::uint32_t even, std::uint32_t odd, std::uint32_t count, bool opaque) {
+    if (count == 0) return 0;
+    const std::uint32_t blue = (even & 0xffff) / count;
+    const std::uint32_t red = (even >> 16) / count;
+    const std::uint32_t green = (odd & 0xffff) / count;
+    const std::uint32_t alpha = opaque ? 255 : (odd >> 16) / count;
+    return alpha << 24 | red << 16 | green << 8 | blue;
+}
+
+// Means of blocks, `factor` pixels square, of one row of blocks.
+void shrinkRow(const Pixels& from, int left, int top, int factor, const Pixels& to, int y,
+               ColumnSums& sums) {
+    const int firstColumn = std::clamp(left, 0, from.width);
+    const int lastColumn = std::clamp(left + to.width * factor, firstColumn, from.width);
+    const int firstLine = std::max(top, 0);
+    const int lastLine = std::min(top + factor, from.height);
+    sums.clear(lastColumn - firstColumn);
+    for (int line = firstLine; line < lastLine; ++line) sums.add(from.row(line) + firstColumn);
     std::uint32_t* out = to.row(y);
     for (int x = 0; x < to.width; ++x) {
-        const int firstX = left + x * factor;
-        const int begin = std::max(firstX, 0);
-        const int end = std::min(firstX + factor, from.width);
-        const int beginY = std::max(top, 0);
+        const int begin = std::max(left + x * factor, 0);
+        const int end = std::min(left + x * factor + factor, from.width);
         std::uint32_t even = 0;
         std::uint32_t odd = 0;
-        for (int line = beginY; line < lastY; ++line) {
-            const std::uint32_t* in = from.row(line);
-            for (int column = begin; column < end; ++column) {
-                even += in[column] & mask;
-                odd += (in[column] >> 8) & mask;
-            }
+        for (int column = begin; column < end; ++column) {
+            even += sums.even[static_cast<std::size_t>(column - firstColumn)];
+            odd += sums.odd[static_cast<std::size_t>(column - firstColumn)];
         }
-        const auto count =
-            static_cast<std::uint32_t>(std::max(0, end - begin) * std::max(0, lastY - beginY));
-        if (count == 0) {
-            out[x] = 0;
-            continue;
-        }
-        const std::uint32_t blue = (even & 0xffff) / count;
-        const std::uint32_t red = (even >> 16) / count;
-        const std::uint32_t green = (odd & 0xffff) / count;
-        const std::uint32_t alpha = from.opaque ? 255 : (odd >> 16) / count;
-        out[x] = alpha << 24 | red << 16 | green << 8 | blue;
+        const auto count = static_cast<std::uint32_t>(std::max(0, end - begin) *
+                                                      std::max(0, lastLine - firstLine));
+        out[x] = meanOfBlock(even, odd, count, from.opaque);
     }
 }
 
@@ -71,9 +97,10 @@ Surface shrunk(const PixelLayer& layer, const Smear& place, int width, int heigh
     Surface small(width, height);
     const Pixels from = pixelsOf(layer.surface);
     const Pixels to = pixelsOf(small.get());
+    ColumnSums sums;
     for (int y = 0; y < height; ++y) {
         shrinkRow(from, place.x - layer.x, place.y - layer.y + y * place.factor, place.factor, to,
-                  y);
+                  y, sums);
     }
     cairo_surface_mark_dirty(small.get());
     return small;
@@ -95,52 +122,95 @@ std::array<int, 3> boxesFor(double sigma) {
     return boxes;
 }
 
-using Wide = std::array<int, 4>;
+// The four channels of a pixel.
+using Channels [[gnu::vector_size(16)]] = std::int32_t;
+using Shares [[gnu::vector_size(16)]] = float;
+using Bytes [[gnu::vector_size(4)]] = std::uint8_t;
 
-void add(Wide& sum, std::uint32_t pixel, int sign) {
-    for (int channel = 0; channel < 4; ++channel) {
-        sum[static_cast<std::size_t>(channel)] +=
-            sign * static_cast<int>((pixel >> (8 * channel)) & 0xff);
-    }
+Channels channelsOf(std::uint32_t pixel) {
+    return __builtin_convertvector(std::bit_cast<Bytes>(pixel), Channels);
 }
 
-std::uint32_t meanOf(const Wide& sum, int size) {
-    std::uint32_t pixel = 0;
-    for (int channel = 0; channel < 4; ++channel) {
-        const int value = (sum[static_cast<std::size_t>(channel)] + size / 2) / size;
-        pixel |= static_cast<std::uint32_t>(value) << (8 * channel);
-    }
-    return pixel;
-}
+// A sum of `size` bytes, divided and rounded, by a product: half a step above the whole number it
+// is further from the next quotient than a float can be wrong, up to the largest box.
+struct Mean {
+    int half;
+    float share;
 
-// One box over a line of pixels whose ends are continued.
-void boxLine(const std::vector<std::uint32_t>& in, std::uint32_t* out, int step, int size) {
+    explicit Mean(int size) : half(size / 2), share(1.0f / static_cast<float>(size)) {}
+    int of(int sum) const {
+        return static_cast<int>((static_cast<float>(sum + half) + 0.5f) * share);
+    }
+    std::uint32_t of(Channels sum) const {
+        const Shares mean = (__builtin_convertvector(sum + half, Shares) + 0.5f) * share;
+        const Channels whole = __builtin_convertvector(mean, Channels);
+        return std::bit_cast<std::uint32_t>(__builtin_convertvector(whole, Bytes));
+    }
+};
+
+// One box along a row whose ends are continued.
+void boxAlong(const std::vector<std::uint32_t>& in, std::uint32_t* out, int size) {
     const int count = static_cast<int>(in.size());
     const int half = size / 2;
+    const Mean mean(size);
     const auto at = [&](int i) {
-        return in[static_cast<std::size_t>(std::clamp(i, 0, count - 1))];
+        return channelsOf(in[static_cast<std::size_t>(std::clamp(i, 0, count - 1))]);
     };
-    Wide sum{};
-    for (int i = -half; i <= half; ++i) add(sum, at(i), 1);
+    Channels sum{};
+    for (int i = -half; i <= half; ++i) sum += at(i);
     for (int i = 0; i < count; ++i) {
-        out[static_cast<std::ptrdiff_t>(i) * step] = meanOf(sum, size);
-        add(sum, at(i + half + 1), 1);
-        add(sum, at(i - half), -1);
+        out[i] = mean.of(sum);
+        sum += at(i + half + 1) - at(i - half);
     }
 }
 
-void boxPass(const Pixels& pixels, int size, std::vector<std::uint32_t>& line) {
-    line.resize(static_cast<std::size_t>(pixels.width));
+// One step of all columns at once, byte by byte: the means of the sums, then the box moves on.
+void stepDown(int* sums, const std::uint8_t* entering, const std::uint8_t* leaving,
+              std::uint8_t* __restrict out, std::size_t count, Mean mean) {
+    for (std::size_t i = 0; i < count; ++i) {
+        out[i] = static_cast<std::uint8_t>(mean.of(sums[i]));
+        sums[i] += entering[i] - leaving[i];
+    }
+}
+
+// Memory of the passes, used for one after the other.
+struct Scratch {
+    std::vector<std::uint32_t> pixels;
+    std::vector<int> sums;
+};
+
+// One box down every column, whose ends are continued.
+void boxDown(const Pixels& pixels, int size, Scratch& scratch) {
+    const int half = size / 2;
+    const auto width = static_cast<std::size_t>(pixels.width);
+    scratch.pixels.resize(width * static_cast<std::size_t>(pixels.height));
     for (int y = 0; y < pixels.height; ++y) {
-        std::copy_n(pixels.row(y), pixels.width, line.begin());
-        boxLine(line, pixels.row(y), 1, size);
+        std::copy_n(pixels.row(y), width,
+                    scratch.pixels.begin() + y * static_cast<std::ptrdiff_t>(width));
     }
-    line.resize(static_cast<std::size_t>(pixels.height));
-    for (int x = 0; x < pixels.width; ++x) {
-        for (int y = 0; y < pixels.height; ++y)
-            line[static_cast<std::size_t>(y)] = pixels.row(y)[x];
-        boxLine(line, pixels.data + x, pixels.stride, size);
+    const auto rowAt = [&](int y) {
+        const auto row = static_cast<std::size_t>(std::clamp(y, 0, pixels.height - 1));
+        return reinterpret_cast<const std::uint8_t*>(scratch.pixels.data() + row * width);
+    };
+    const std::size_t bytes = 4 * width;
+    scratch.sums.assign(bytes, 0);
+    for (int y = -half; y <= half; ++y) {
+        const std::uint8_t* row = rowAt(y);
+        for (std::size_t i = 0; i < bytes; ++i) scratch.sums[i] += row[i];
     }
+    for (int y = 0; y < pixels.height; ++y) {
+        stepDown(scratch.sums.data(), rowAt(y + half + 1), rowAt(y - half),
+                 reinterpret_cast<std::uint8_t*>(pixels.row(y)), bytes, Mean(size));
+    }
+}
+
+void boxPass(const Pixels& pixels, int size, Scratch& scratch) {
+    scratch.pixels.resize(static_cast<std::size_t>(pixels.width));
+    for (int y = 0; y < pixels.height; ++y) {
+        std::copy_n(pixels.row(y), pixels.width, scratch.pixels.begin());
+        boxAlong(scratch.pixels, pixels.row(y), size);
+    }
+    boxDown(pixels, size, scratch);
 }
 
 // Luma weights of ITU-R BT.709.
@@ -148,19 +218,38 @@ constexpr double lumaRed = 0.2126;
 constexpr double lumaGreen = 0.7152;
 constexpr double lumaBlue = 0.0722;
 
-std::uint32_t coloured(std::uint32_t pixel, Colour tint, double saturation) {
-    const double red = (pixel >> 16) & 0xff;
-    const double green = (pixel >> 8) & 0xff;
-    const double blue = pixel & 0xff;
-    const double grey = lumaRed * red + lumaGreen * green + lumaBlue * blue;
-    const auto channel = [&](double value, double over) {
-        const double vivid = std::clamp(grey + (value - grey) * saturation, 0.0, 255.0);
-        const double mixed = vivid * (1 - tint.alpha) + over * 255 * tint.alpha;
-        return static_cast<std::uint32_t>(std::clamp(mixed + 0.5, 0.0, 255.0));
-    };
-    return 0xff000000u | channel(red, tint.red) << 16 | channel(green, tint.green) << 8 |
-           channel(blue, tint.blue);
-}
+// The colours of one blur, worked out once for all pixels.
+class Glass {
+  public:
+    Glass(Colour tint, double saturation)
+        : saturation_(saturation),
+          rest_(1 - tint.alpha),
+          red_(tint.red * 255 * tint.alpha),
+          green_(tint.green * 255 * tint.alpha),
+          blue_(tint.blue * 255 * tint.alpha) {}
+
+    std::uint32_t over(std::uint32_t pixel) const {
+        const double red = (pixel >> 16) & 0xff;
+        const double green = (pixel >> 8) & 0xff;
+        const double blue = pixel & 0xff;
+        const double grey = lumaRed * red + lumaGreen * green + lumaBlue * blue;
+        return 0xff000000u | channel(red, grey, red_) << 16 | channel(green, grey, green_) << 8 |
+               channel(blue, grey, blue_);
+    }
+
+  private:
+    std::uint32_t channel(double value, double grey, double tint) const {
+        const double vivid = std::clamp(grey + (value - grey) * saturation_, 0.0, 255.0);
+        return static_cast<std::uint32_t>(
+            static_cast<int>(std::clamp(vivid * rest_ + tint + 0.5, 0.0, 255.0)));
+    }
+
+    double saturation_;
+    double rest_;
+    double red_;
+    double green_;
+    double blue_;
+};
 
 int factorFor(double sigma) {
     int factor = largestFactor;
@@ -186,12 +275,16 @@ PixelBox reachOf(PixelBox box, double sigma, int factor, const Pixels& canvas) {
 
 }  // namespace
 
+int blurReach(double sigma) {
+    return static_cast<int>(std::ceil(sigma * reachInSigmas)) + largestFactor;
+}
+
 void blurInPlace(const Surface& surface, double sigma) {
     if (!(sigma > 0) || !surface) return;
     const Pixels pixels = pixelsOf(surface.get());
-    std::vector<std::uint32_t> line;
-    for (const int size : boxesFor(sigma)) {
-        if (size > 1) boxPass(pixels, size, line);
+    Scratch scratch;
+    for (const int size : boxesFor(std::min(sigma, largestSigma))) {
+        if (size > 1) boxPass(pixels, size, scratch);
     }
     cairo_surface_mark_dirty(surface.get());
 }
@@ -213,9 +306,10 @@ Smear smearOf(const std::vector<PixelLayer>& layers, PixelBox box, double sigma,
     }
     blurInPlace(smear.surface, sigma / smear.factor);
     const Pixels pixels = pixelsOf(smear.surface.get());
+    const Glass glass(tint, saturation);
     for (int y = 0; y < pixels.height; ++y) {
         std::uint32_t* row = pixels.row(y);
-        for (int x = 0; x < pixels.width; ++x) row[x] = coloured(row[x], tint, saturation);
+        for (int x = 0; x < pixels.width; ++x) row[x] = glass.over(row[x]);
     }
     cairo_surface_mark_dirty(smear.surface.get());
     return smear;

@@ -37,6 +37,9 @@ struct Smear {
 Smear smearOf(const std::vector<PixelLayer>& layers, PixelBox box, double sigma, Colour tint,
               double saturation);
 
+// How many pixels beyond its box a blur looks at most.
+int blurReach(double sigma);
+
 // Three box passes, close to a Gaussian of `sigma` pixels, in place.
 void blurInPlace(const Surface& surface, double sigma);
 

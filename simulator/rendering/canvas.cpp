@@ -8,23 +8,24 @@
 
 namespace simulator::rendering {
 
-namespace {
 int pixelsFor(double points, double scale) {
     return static_cast<int>(std::clamp(std::round(points * scale), 1.0, 32767.0));
 }
-}  // namespace
+
+void fill(const Surface& surface, Colour colour, Rows rows) {
+    const Context context = contextOf(surface);
+    cairo_rectangle(context.get(), 0, rows.first, surface.width(), rows.count());
+    cairo_set_operator(context.get(), CAIRO_OPERATOR_SOURCE);
+    setSource(context.get(), colour);
+    cairo_fill(context.get());
+}
 
 Canvas::Canvas(Size points, double scale)
     : size_(points),
       scale_(scale > 0 ? scale : 1),
       surface_(pixelsFor(points.width, scale_), pixelsFor(points.height, scale_)) {}
 
-void Canvas::clear(Colour colour) {
-    const Context context = contextOf(surface_);
-    cairo_set_operator(context.get(), CAIRO_OPERATOR_SOURCE);
-    setSource(context.get(), colour);
-    cairo_paint(context.get());
-}
+void Canvas::clear(Colour colour) { fill(surface_, colour, rowsOf(surface_)); }
 
 void Canvas::draw(const Node& root) {
     const Context context = contextOf(surface_);

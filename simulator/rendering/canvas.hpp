@@ -2,10 +2,15 @@
 // All drawing belongs to one thread: pictures and wallpapers are kept without locks.
 #pragma once
 
+#include "simulator/rendering/rows.hpp"
 #include "simulator/rendering/scene.hpp"
 #include "simulator/rendering/surface.hpp"
 
 namespace simulator::rendering {
+
+// Pixels of a length in points: at least one, and no more than cairo can hold.
+int pixelsFor(double points, double scale);
+void fill(const Surface& surface, Colour colour, Rows rows);
 
 class Canvas {
   public:

@@ -10,6 +10,7 @@
 #include "simulator/rendering/image_layout.hpp"
 #include "simulator/rendering/outline.hpp"
 #include "simulator/rendering/picture.hpp"
+#include "simulator/rendering/steps.hpp"
 #include "simulator/rendering/symbols.hpp"
 #include "simulator/rendering/text.hpp"
 
@@ -17,54 +18,10 @@ namespace simulator::rendering {
 
 namespace {
 
-constexpr double invisible = 0.002;  // less than half a step of an 8-bit channel
-
-bool isShown(const Node& node) { return !node.hidden && node.opacity > invisible; }
-
-bool hasContent(const Node& node) { return !std::holds_alternative<std::monostate>(node.content); }
-
-// Things that would show through one another if each were drawn see-through on its own.
-int thingsToDraw(const Node& node) {
-    int things = 0;
-    if (node.background && node.background->alpha > 0) ++things;
-    if (hasContent(node)) ++things;
-    if (node.borderWidth > 0) ++things;
-    if (node.shadow) ++things;
-    for (const Node& child : node.children) {
-        if (isShown(child)) ++things;
-    }
-    return things;
-}
-
-bool isDrawable(const cairo_matrix_t& matrix) {
-    const double determinant = matrix.xx * matrix.yy - matrix.xy * matrix.yx;
-    return std::isfinite(determinant) && std::abs(determinant) > 1e-9 && std::isfinite(matrix.x0) &&
-           std::isfinite(matrix.y0);
-}
-
-double scaleOf(cairo_t* context) {
+double scaleIn(cairo_t* context) {
     cairo_matrix_t matrix;
     cairo_get_matrix(context, &matrix);
-    return std::sqrt(std::abs(matrix.xx * matrix.yy - matrix.xy * matrix.yx));
-}
-
-// From the parent's coordinates to those of the node's bounds.
-cairo_matrix_t placement(const Node& node) {
-    cairo_matrix_t result;
-    cairo_matrix_init_translate(&result, node.position.x, node.position.y);
-    const cairo_matrix_t own = matrixOf(node.transform);
-    cairo_matrix_multiply(&result, &own, &result);
-    cairo_matrix_t back;
-    cairo_matrix_init_translate(&back,
-                                -node.bounds.origin.x - node.anchor.x * node.bounds.size.width,
-                                -node.bounds.origin.y - node.anchor.y * node.bounds.size.height);
-    cairo_matrix_multiply(&result, &back, &result);
-    return result;
-}
-
-Rect inset(Rect rect, double by) {
-    return {{rect.origin.x + by, rect.origin.y + by},
-            {rect.size.width - 2 * by, rect.size.height - 2 * by}};
+    return scaleOf(matrix);
 }
 
 // The pixels that the current clip touches.
@@ -116,15 +73,16 @@ void Painter::paint(const Node& node, double alpha) {
     alpha *= std::min(node.opacity, 1.0);
     const cairo_matrix_t own = placement(node);
     if (!isDrawable(own)) return;
+    if (passOver()) return;
     cairo_save(context_);
     cairo_transform(context_, &own);
-    const bool grouped = node.mask || (alpha < 1 - invisible && thingsToDraw(node) > 1);
-    if (!grouped) {
-        paintInside(node, alpha);
+    const bool painted = beginStep();
+    if (!isGroup(node, alpha)) {
+        paintInside(node, alpha, painted);
     } else {
         if (node.masksToBounds) clipToOutline(node);
         pushGroup();
-        paintInside(node, 1);
+        paintInside(node, 1, true);
         if (node.mask) paintMasked(node);
         const Pattern group = popGroup();
         cairo_set_source(context_, group.get());
@@ -133,10 +91,37 @@ void Painter::paint(const Node& node, double alpha) {
     cairo_restore(context_);
 }
 
-void Painter::paintInside(const Node& node, double alpha) {
+void Painter::paintPart(const Node& root, const Steps& steps, Part part) {
+    steps_ = &steps;
+    step_ = 0;
+    part_ = part;
+    paint(root);
+    steps_ = nullptr;
+}
+
+// Steps are counted outside of groups only: a group is one.
+bool Painter::counts() const { return steps_ && groups_.empty(); }
+
+// Whether nothing of the node and of what is under it is to be painted.
+bool Painter::passOver() {
+    if (!counts()) return false;
+    const Step& step = (*steps_)[step_];
+    if (step.end > part_.first && step_ < part_.end && meet(step.under, part_.rows)) return false;
+    step_ = step.end;
+    return true;
+}
+
+bool Painter::beginStep() {
+    if (!counts()) return true;
+    const std::size_t step = step_++;
+    return step >= part_.first && step < part_.end && meet((*steps_)[step].drawn, part_.rows);
+}
+
+// Without `all` only what is under the node is painted, clipped by it as ever.
+void Painter::paintInside(const Node& node, double alpha, bool all) {
     cairo_save(context_);
-    if (node.shadow) paintShadow(node, alpha);
-    if (node.background && node.background->alpha > 0) {
+    if (all && node.shadow) paintShadow(node, alpha);
+    if (all && node.background && node.background->alpha > 0) {
         cairo_new_path(context_);
         addOutline(context_, node.bounds, node.cornerRadius, node.continuousCorners);
         setSource(context_, *node.background, alpha);
@@ -145,10 +130,10 @@ void Painter::paintInside(const Node& node, double alpha) {
         cairo_set_operator(context_, CAIRO_OPERATOR_OVER);
     }
     if (node.masksToBounds) clipToOutline(node);
-    if (hasContent(node)) paintContent(node, alpha);
+    if (all && hasContent(node)) paintContent(node, alpha);
     for (const Node& child : node.children) paint(child, alpha);
     cairo_restore(context_);
-    if (node.borderWidth > 0) paintBorder(node, alpha);
+    if (node.borderWidth > 0 && beginStep()) paintBorder(node, alpha);
 }
 
 // Keeps of the open group only what the mask covers.
@@ -165,11 +150,10 @@ void Painter::paintMasked(const Node& node) {
 
 void Painter::paintShadow(const Node& node, double alpha) {
     const Shadow& shadow = *node.shadow;
-    const double scale = scaleOf(context_);
+    const double scale = scaleIn(context_);
     // A quarter of the pixels each way: a shadow has no detail to lose.
     const double fine = std::clamp(shadow.radius > 2 ? scale / 4 : scale, 0.01, 8.0);
-    const double margin = shadow.radius * 3 + 1;
-    const Rect room = inset(node.bounds, -margin);
+    const Rect room = inset(node.bounds, -shadowMargin(shadow));
     if (!(room.size.width * fine < 8192 && room.size.height * fine < 8192)) return;
     Surface small(static_cast<int>(std::ceil(room.size.width * fine)),
                   static_cast<int>(std::ceil(room.size.height * fine)));
@@ -217,7 +201,7 @@ void Painter::paintImage(const Node& node, const Image& image, double alpha) {
     if (!(target.size.width > 0 && target.size.height > 0 && natural.width > 0)) return;
     const double stretch =
         std::max(target.size.width / natural.width, target.size.height / natural.height);
-    Surface pixels = image.picture->raster(scaleOf(context_) * stretch);
+    Surface pixels = image.picture->raster(scaleIn(context_) * stretch);
     if (node.multiply && !image.tint) pixels = tinted(pixels, *node.multiply);
     cairo_save(context_);
     cairo_translate(context_, target.origin.x, target.origin.y);
@@ -245,7 +229,7 @@ void Painter::paintBlur(const Node& node, const Blur& blur, double alpha) {
     clipToOutline(node);
     const PixelBox box = clipBox(context_);
     if (box.width > 0 && box.height > 0) {
-        const Smear smear = smearOf(layers(), box, std::max(blur.radius, 0.0) * scaleOf(context_),
+        const Smear smear = smearOf(layers(), box, std::max(blur.radius, 0.0) * scaleIn(context_),
                                     blur.tint, blur.saturation);
         cairo_identity_matrix(context_);
         cairo_translate(context_, smear.x, smear.y);

@@ -66,18 +66,22 @@ PictureRef Picture::pixels(Surface surface, double scale) {
     return picture;
 }
 
-PictureRef Picture::pixelsLater(Size size, double scale, std::function<Surface()> make) {
-    auto picture = std::make_shared<Picture>();
-    picture->size_ = size;
-    picture->scale_ = scale;
-    picture->make_ = std::move(make);
-    return picture;
+PictureRef Picture::drawing(Size size, Drawing draw) {
+    return painting(size, [size, draw = std::move(draw)](double scale) {
+        Surface surface(static_cast<int>(std::ceil(size.width * scale - 1e-6)),
+                        static_cast<int>(std::ceil(size.height * scale - 1e-6)));
+        const Context context = contextOf(surface);
+        cairo_scale(context.get(), surface.width() / std::max(size.width, 1e-6),
+                    surface.height() / std::max(size.height, 1e-6));
+        draw(context.get());
+        return surface;
+    });
 }
 
-PictureRef Picture::drawing(Size size, Drawing draw) {
+PictureRef Picture::painting(Size size, Painting paint) {
     auto picture = std::make_shared<Picture>();
     picture->size_ = size;
-    picture->draw_ = std::move(draw);
+    picture->paint_ = std::move(paint);
     return picture;
 }
 
@@ -87,7 +91,7 @@ PictureRef Picture::symbol(const std::string& name, Size size, Colour colour) {
 }
 
 const Surface& Picture::raster(double pixelsPerPoint) const {
-    if (draw_) return drawn(pixelsPerPoint);
+    if (paint_) return painted(pixelsPerPoint);
     const double ratio = pixelsPerPoint > 0 ? scale_ / pixelsPerPoint : 1;
     const int times = ratio > 1 ? static_cast<int>(std::log2(ratio) + 0.25) : 0;
     return halved(std::clamp(times, 0, mostHalvings));
@@ -96,24 +100,17 @@ const Surface& Picture::raster(double pixelsPerPoint) const {
 const Surface& Picture::halved(int times) const {
     const auto found = rasters_.find(times);
     if (found != rasters_.end()) return found->second;
-    return rasters_.emplace(times, times == 0 ? make_() : halfSize(halved(times - 1)))
-        .first->second;
+    return rasters_.emplace(times, halfSize(halved(times - 1))).first->second;
 }
 
-const Surface& Picture::drawn(double pixelsPerPoint) const {
+const Surface& Picture::painted(double pixelsPerPoint) const {
     const double wanted = std::isfinite(pixelsPerPoint) ? pixelsPerPoint : 1;
     const double steps = std::ceil(wanted / rasterStep - 1e-3);
     const double scale = std::clamp(steps * rasterStep, rasterStep, largestRaster);
     const int key = static_cast<int>(scale * 100);
     const auto found = rasters_.find(key);
     if (found != rasters_.end()) return found->second;
-    Surface surface(static_cast<int>(std::ceil(size_.width * scale - 1e-6)),
-                    static_cast<int>(std::ceil(size_.height * scale - 1e-6)));
-    const Context context = contextOf(surface);
-    cairo_scale(context.get(), surface.width() / std::max(size_.width, 1e-6),
-                surface.height() / std::max(size_.height, 1e-6));
-    draw_(context.get());
-    return rasters_.emplace(key, std::move(surface)).first->second;
+    return rasters_.emplace(key, paint_(scale)).first->second;
 }
 
 }  // namespace simulator::rendering

@@ -19,9 +19,10 @@ class Picture {
 
     // `scale` is pixels per point of the file (@2x: 2). Nothing for an empty surface.
     static PictureRef pixels(Surface surface, double scale = 1);
-    // The same, with pixels that are made when they are first shown: of that size in points.
-    static PictureRef pixelsLater(Size size, double scale, std::function<Surface()> make);
     static PictureRef drawing(Size size, Drawing draw);
+    // The same for what paints its surface itself, of so many pixels per point.
+    using Painting = std::function<Surface(double pixelsPerPoint)>;
+    static PictureRef painting(Size size, Painting paint);
     // A symbol (symbols.hpp) in a box of its own; black unless a colour is given.
     static PictureRef symbol(const std::string& name, Size size, Colour colour = {0, 0, 0, 1});
 
@@ -33,12 +34,11 @@ class Picture {
 
   private:
     const Surface& halved(int times) const;
-    const Surface& drawn(double pixelsPerPoint) const;
+    const Surface& painted(double pixelsPerPoint) const;
 
     Size size_;
     double scale_ = 1;
-    Drawing draw_;
-    std::function<Surface()> make_;
+    Painting paint_;
     mutable std::map<int, Surface> rasters_;  // by halvings, or by pixels per hundred points
 };
 

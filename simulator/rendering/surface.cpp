@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <cstring>
 
+#include "simulator/rendering/rows.hpp"
+
 namespace simulator::rendering {
 
 namespace {
@@ -33,6 +35,23 @@ unsigned Surface::pixel(int x, int y) const {
     std::uint32_t value = 0;
     std::memcpy(&value, row + 4 * x, sizeof value);
     return value;
+}
+
+void copyPixels(const Surface& from, const Surface& to, Rows rows) {
+    cairo_surface_flush(from.get());
+    cairo_surface_flush(to.get());
+    const std::ptrdiff_t stride = cairo_image_surface_get_stride(from.get());
+    const std::ptrdiff_t start = stride * rows.first;
+    std::memcpy(cairo_image_surface_get_data(to.get()) + start,
+                cairo_image_surface_get_data(from.get()) + start,
+                static_cast<std::size_t>(stride * rows.count()));
+    cairo_surface_mark_dirty(to.get());
+}
+
+Surface copyOf(const Surface& surface) {
+    Surface copy(surface.width(), surface.height(), cairo_image_surface_get_format(surface.get()));
+    copyPixels(surface, copy, rowsOf(copy));
+    return copy;
 }
 
 Context contextOf(const Surface& surface) { return Context(cairo_create(surface.get())); }

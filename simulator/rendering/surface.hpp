@@ -30,6 +30,8 @@ class Surface {
     std::shared_ptr<cairo_surface_t> surface_;
 };
 
+Surface copyOf(const Surface& surface);
+
 struct ContextDeleter {
     void operator()(cairo_t* context) const { cairo_destroy(context); }
 };

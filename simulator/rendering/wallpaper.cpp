@@ -135,18 +135,18 @@ Surface paintWallpaper(int width, int height, bool dark) {
 
 }  // namespace
 
-PictureRef wallpaper(Size points, double scale, bool dark) {
-    constexpr std::size_t kept = 6;  // both versions, turned and not, and one change of scale
-    static std::map<std::tuple<int, int, bool>, PictureRef> made;
-    const int width = static_cast<int>(std::lround(points.width * scale));
-    const int height = static_cast<int>(std::lround(points.height * scale));
-    const auto key = std::make_tuple(width, height, dark);
+PictureRef wallpaper(Size points, bool dark) {
+    constexpr std::size_t kept = 6;  // both versions, turned and not, and one other size
+    static std::map<std::tuple<double, double, bool>, PictureRef> made;
+    const auto key = std::make_tuple(points.width, points.height, dark);
     if (const auto found = made.find(key); found != made.end()) return found->second;
     if (made.size() >= kept) made.clear();
-    // A phone that shows no picture of itself paints none: most of a start would go into it.
-    auto paint = [=] { return paintWallpaper(width, height, dark); };
-    return made.emplace(key, Picture::pixelsLater({width / scale, height / scale}, scale, paint))
-        .first->second;
+    // Painted as large as it is shown, and when it is: most of a picture's time would go into it.
+    auto paint = [=](double scale) {
+        return paintWallpaper(static_cast<int>(std::lround(points.width * scale)),
+                              static_cast<int>(std::lround(points.height * scale)), dark);
+    };
+    return made.emplace(key, Picture::painting(points, paint)).first->second;
 }
 
 }  // namespace simulator::rendering

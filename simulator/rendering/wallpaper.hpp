@@ -5,7 +5,7 @@
 
 namespace simulator::rendering {
 
-// Opaque pixels for a screen of `points` at `scale`; made once for each size and kept.
-PictureRef wallpaper(Size points, double scale, bool dark);
+// Opaque pixels for a screen of `points`; made once for each size and kept.
+PictureRef wallpaper(Size points, bool dark);
 
 }  // namespace simulator::rendering

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/control_center.hpp"
+#include "simulator/foundation/bundles.hpp"
 #include "simulator/hardware/configuration.hpp"
 #include "simulator/hardware/uikit_bridge.hpp"
 #include "simulator/runtime/stand_in.hpp"
@@ -35,6 +36,8 @@ struct ConnectivityButton {
     std::array<double, 3> colour;  // 0 to 255
 };
 
+constexpr const char* moduleBundle =
+    "/System/Library/ControlCenter/Bundles/ConnectivityModule.bundle";
 constexpr double glyphSide = 24;  // points
 constexpr unsigned long flexibleSize = 2 | 16;
 constexpr long centred = 1;  // text alignment
@@ -137,6 +140,13 @@ void layoutRoundButton(CCUIRoundButton self) {
     if (state.selectedGlyph) state.selectedGlyph.setFrame(middle);
 }
 
+// In the tint of whatever the button stands in: the module's own is white.
+Strong<UIImageView> makeGlyph(const char* symbol) {
+    auto glyph = makeSymbolView(symbol, glyphSide);
+    glyph.send<"setTintColor:">(UIColor());
+    return glyph;
+}
+
 Strong<CCUIRoundButton> makeRoundButton(const ConnectivityButton& kind) {
     CGSize size = configuration().connectivityButton;
     auto button = create<CCUIRoundButton, "initWithFrame:">(rect(0, 0, size.width, size.height));
@@ -144,8 +154,8 @@ Strong<CCUIRoundButton> makeRoundButton(const ConnectivityButton& kind) {
     RoundButtonState& state = stateOf<RoundButtonState>(button);
     state.kind = &kind;
     state.self = button;
-    state.glyph = makeSymbolView(kind.symbol, glyphSide);
-    state.selectedGlyph = makeSymbolView(kind.symbol, glyphSide);
+    state.glyph = makeGlyph(kind.symbol);
+    state.selectedGlyph = makeGlyph(kind.symbol);
     addPart(button, state.glyph);
     addPart(button, state.selectedGlyph);
     roundButtons().push_back(&state);
@@ -259,6 +269,7 @@ void addButton(CCUIConnectivityModuleViewController self) {
 // In the order of the expanded module; the compact one has no room for the last.
 void moduleDidLoad(CCUIConnectivityModuleViewController self) {
     super<CCUIConnectivityModuleViewController, "viewDidLoad">(self);
+    self.view().send<"setTintColor:">(UIColor::white());
     addButton<CCUIConnectivityAirplaneViewController>(self);
     addButton<CCUIConnectivityCellularDataViewController>(self);
     addButton<CCUIConnectivityWifiViewController>(self);
@@ -309,14 +320,34 @@ Object initAirplane(CCUIConnectivityAirplaneViewController raw) {
     return super<CCUIConnectivityAirplaneViewController, "init", Object>(raw);
 }
 
+// These come with the module's own bundle.
+void registerModuleClasses() {
+    standIn<CCUIConnectivityButtonViewController, CCUILabeledRoundButtonViewController>();
+    standIn<CCUIConnectivityAirplaneViewController, CCUIConnectivityButtonViewController>()
+        .method<"init", &initAirplane>();
+    standIn<CCUIConnectivityCellularDataViewController, CCUIConnectivityButtonViewController>();
+    standIn<CCUIConnectivityHotspotViewController, CCUIConnectivityButtonViewController>();
+    standIn<CCUIConnectivityWifiViewController, CCUIConnectivityButtonViewController>();
+    standIn<CCUIConnectivityBluetoothViewController, CCUIConnectivityButtonViewController>();
+    standIn<CCUIConnectivityModuleViewController, UIViewController, ModuleState>()
+        .method<"viewDidLoad", &moduleDidLoad>()
+        .method<"viewDidLayoutSubviews", &layoutModule>()
+        .method<"preferredExpandedContentWidth", &moduleExpandedWidth>()
+        .method<"preferredExpandedContentHeight", &moduleExpandedHeight>()
+        .method<"willTransitionToExpandedContentMode:", &moduleWillTransition>();
+}
+
 }  // namespace
 
 Strong<UIViewController> makeConnectivityModule(const ModuleKind&) {
     return create<CCUIConnectivityModuleViewController>();
 }
 
+void loadConnectivityModule() { bringBundle(moduleBundle); }
+
 void registerConnectivity() {
     onRadioChange(&paintAll);
+    onBundleLoad(moduleBundle, &registerModuleClasses);
     standIn<CCUIRoundButton, UIControl, RoundButtonState>()
         .method<"intrinsicContentSize", &intrinsicContentSize>()
         .method<"glyphImageView", &glyphImageView>()
@@ -332,19 +363,6 @@ void registerConnectivity() {
         .method<"button", &button>()
         .realMethod<"buttonContainer", &buttonContainer>()
         .method<"buttonTapped:", &buttonTapped>();
-    standIn<CCUIConnectivityButtonViewController, CCUILabeledRoundButtonViewController>();
-    standIn<CCUIConnectivityAirplaneViewController, CCUIConnectivityButtonViewController>()
-        .method<"init", &initAirplane>();
-    standIn<CCUIConnectivityCellularDataViewController, CCUIConnectivityButtonViewController>();
-    standIn<CCUIConnectivityHotspotViewController, CCUIConnectivityButtonViewController>();
-    standIn<CCUIConnectivityWifiViewController, CCUIConnectivityButtonViewController>();
-    standIn<CCUIConnectivityBluetoothViewController, CCUIConnectivityButtonViewController>();
-    standIn<CCUIConnectivityModuleViewController, UIViewController, ModuleState>()
-        .method<"viewDidLoad", &moduleDidLoad>()
-        .method<"viewDidLayoutSubviews", &layoutModule>()
-        .method<"preferredExpandedContentWidth", &moduleExpandedWidth>()
-        .method<"preferredExpandedContentHeight", &moduleExpandedHeight>()
-        .method<"willTransitionToExpandedContentMode:", &moduleWillTransition>();
 }
 
 }  // namespace simulator

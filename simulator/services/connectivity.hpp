@@ -5,5 +5,7 @@
 namespace simulator {
 
 void registerConnectivity();
+// Control Center's modules are loaded as SpringBoard starts, with the classes that come with them.
+void loadConnectivityModule();
 
 }  // namespace simulator

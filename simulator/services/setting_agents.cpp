@@ -45,9 +45,9 @@ void tellClients() {
 }
 
 bool fill(BlueLightStatus* status) {
-    if (!status) return false;
-    const bool on = isOn(Setting::nightShift);
-    *status = BlueLightStatus{on, on, true, 0, 22, 0, 7, 0, 0, true};
+    if (!status || !nightShiftAnswers()) return false;
+    *status = BlueLightStatus{
+        isNightShiftActive(), isOn(Setting::nightShift), true, 0, 22, 0, 7, 0, 0, true};
     return true;
 }
 
@@ -58,6 +58,10 @@ void registerDisplayClients() {
             [](CBBlueLightClient, BlueLightStatus* status) -> bool { return fill(status); })
         .method<"setEnabled:">([](CBBlueLightClient, bool on) -> bool {
             setOn(Setting::nightShift, on);
+            return true;
+        })
+        .method<"setActive:">([](CBBlueLightClient, bool active) -> bool {
+            setNightShiftActive(active);
             return true;
         })
         .method<"setStatusNotificationBlock:">(

@@ -11,6 +11,8 @@ namespace {
 struct Settings {
     std::array<bool, static_cast<std::size_t>(Setting::count)> on{};
     bool flashlightAvailable = true;
+    bool nightShiftActive = true;
+    bool nightShiftAnswers = true;
     std::vector<std::function<void(Setting)>> listeners;
 };
 
@@ -51,6 +53,11 @@ void setFlashlightAvailable(bool available) {
         tell(Setting::flashlight);
     }
 }
+
+bool isNightShiftActive() { return settings().nightShiftActive; }
+void setNightShiftActive(bool active) { settings().nightShiftActive = active; }
+bool nightShiftAnswers() { return settings().nightShiftAnswers; }
+void setNightShiftAnswers(bool answers) { settings().nightShiftAnswers = answers; }
 
 void onSettingChange(std::function<void(Setting)> listener) {
     settings().listeners.push_back(std::move(listener));

@@ -39,6 +39,13 @@ void setOn(Setting setting, bool on);
 bool isFlashlightAvailable();
 void setFlashlightAvailable(bool available);
 
+// What Night Shift's service says beside being switched on: it is active unless someone made it rest,
+// and it may not answer at all.
+bool isNightShiftActive();
+void setNightShiftActive(bool active);
+bool nightShiftAnswers();
+void setNightShiftAnswers(bool answers);
+
 // Listeners stay for the life of the phone. A change of availability counts as one of the flashlight.
 void onSettingChange(std::function<void(Setting)> listener);
 

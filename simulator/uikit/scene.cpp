@@ -90,6 +90,7 @@ rendering::Node sceneOf(CALayer layer) {
     if (node.hidden || node.opacity <= 0) return node;
     node.content = contentOf(layer);
     if (state.mask) node.mask = std::make_shared<rendering::Node>(sceneOf(state.mask));
+    node.children.reserve(state.sublayers.size());
     for (const auto& sublayer : state.sublayers) node.children.push_back(sceneOf(sublayer));
     if (named.isKindOfClass(classOf<UIView>())) {
         for (NodeFinish finish : finishes()) finish(as<UIView>(named), node);

@@ -44,7 +44,8 @@ void registerUIKit() {
     registerEffects();
     registerFeedback();
     registerAlerts();
-    addToFoundation();
+    addValues();
+    addTimers();
     Clock::shared().everyFrame([] { layoutWindows(); });
 }
 

@@ -41,10 +41,13 @@ rendering::Surface fingerPicture(int width) {
     return disc;
 }
 
-void fill(SDL_Texture* texture, const rendering::Surface& picture) {
+void fill(SDL_Texture* texture, const rendering::Surface& picture, rendering::Rows rows) {
+    if (rows.empty()) return;
     cairo_surface_flush(picture.get());
-    SDL_UpdateTexture(texture, nullptr, cairo_image_surface_get_data(picture.get()),
-                      cairo_image_surface_get_stride(picture.get()));
+    const int stride = cairo_image_surface_get_stride(picture.get());
+    const SDL_Rect band{0, rows.first, picture.width(), rows.count()};
+    SDL_UpdateTexture(texture, &band,
+                      cairo_image_surface_get_data(picture.get()) + rows.first * stride, stride);
 }
 
 bool differ(rendering::Size a, rendering::Size b) {
@@ -118,15 +121,16 @@ Display::Texture Display::textureOf(const rendering::Surface& picture, SDL_Textu
     return texture;
 }
 
-void Display::show(const rendering::Surface& picture, rendering::Size screen,
+void Display::show(const rendering::Surface& picture, rendering::Rows changed, rendering::Size screen,
                    std::optional<rendering::Point> finger) {
     const int width = picture.width(), height = picture.height();
     if (width != textureWidth_ || height != textureHeight_ || !texture_) {
         texture_ = textureOf(picture, SDL_TEXTUREACCESS_STREAMING, SDL_BLENDMODE_NONE);
         textureWidth_ = width;
         textureHeight_ = height;
+        changed = rendering::rowsOf(picture);
     }
-    fill(texture_.get(), picture);
+    fill(texture_.get(), picture, changed);
     const double scale = density();
     const Fit place = fitOf(screen);
     const SDL_Rect target{whole(place.origin.x * scale), whole(place.origin.y * scale),
@@ -147,7 +151,7 @@ void Display::drawFinger(rendering::Point place, const Fit& fit) {
         const rendering::Surface disc = fingerPicture(width);
         finger_ = textureOf(disc, SDL_TEXTUREACCESS_STATIC, SDL_BLENDMODE_BLEND);
         SDL_SetTextureAlphaMod(finger_.get(), seenThrough);
-        fill(finger_.get(), disc);
+        fill(finger_.get(), disc, rendering::rowsOf(disc));
         fingerWidth_ = width;
     }
     const SDL_Rect target{whole((fit.origin.x + place.x * fit.scale) * density()) - width / 2,

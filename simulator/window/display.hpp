@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 
+#include "simulator/rendering/kept_screen.hpp"
 #include "simulator/rendering/surface.hpp"
 #include "simulator/window/fit.hpp"
 
@@ -26,8 +27,9 @@ class Display {
     Fit fitOf(rendering::Size screen) const;
     // Pixels of the display for a point of the screen.
     double pixelsPerPoint(rendering::Size screen) const;
-    // With a finger at that point of the screen.
-    void show(const rendering::Surface& picture, rendering::Size screen,
+    // `changed` are the rows that differ from the picture that was shown before; with a finger at that
+    // point of the screen.
+    void show(const rendering::Surface& picture, rendering::Rows changed, rendering::Size screen,
               std::optional<rendering::Point> finger);
     void title(const std::string& text);
 

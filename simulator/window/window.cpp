@@ -13,8 +13,6 @@
 #include "simulator/hardware/configuration.hpp"
 #include "simulator/live/pace.hpp"
 #include "simulator/phone/screen_picture.hpp"
-#include "simulator/rendering/canvas.hpp"
-#include "simulator/rendering/fingerprint.hpp"
 #include "simulator/springboard/display/lock_screen.hpp"
 #include "simulator/springboard/display/orientation.hpp"
 #include "simulator/uikit/screen/screen.hpp"
@@ -101,6 +99,7 @@ class PhoneWindow {
         if (pace_.isSlow()) title += " (slow motion)";
         display_.title(title);
     }
+
     void tellOfWelcome();
 
     void handle(const SDL_Event& event);
@@ -128,7 +127,8 @@ class PhoneWindow {
     std::filesystem::path pictures_;
     live::ConsoleInput input_;
     rendering::Size shown_;
-    std::optional<std::uint64_t> drawn_;
+    ScreenPainter painter_;
+    bool stale_ = true;  // the window shows something else than the screen as it was painted
     live::Pace pace_;
     bool open_ = true;
     std::optional<rendering::Point> finger_;       // where it is down
@@ -184,7 +184,7 @@ void PhoneWindow::handle(const SDL_Event& event) {
             return;
         case SDL_WINDOWEVENT:
             if (event.window.event == SDL_WINDOWEVENT_LEAVE) lift(true);
-            drawn_.reset();
+            stale_ = true;
             return;
         default:
             return finger(event);
@@ -246,20 +246,22 @@ void PhoneWindow::tellOfWelcome() {
 }
 
 void PhoneWindow::draw() {
-    const UprightScreen screen = uprightScreen();
-    if (screen.size.width != shown_.width) {
-        shown_ = screen.size;
+    const double scale = std::clamp(display_.pixelsPerPoint(shown_), 0.1, finestDrawing);
+    const rendering::Rows changed = painter_.paint(scale);
+    if (painter_.size().width != shown_.width) {
+        // It has turned: it is painted anew for the window's new shape.
+        shown_ = painter_.size();
         lift(true);
         display_.shape(shown_);
-        drawn_.reset();
+        stale_ = true;
+        return;
     }
-    const std::uint64_t print = rendering::fingerprint(screen.root);
-    const bool sameFinger = finger_ == drawnFinger_;
-    if (drawn_ == print && sameFinger) return;
-    drawn_ = print;
+    stale_ = stale_ || finger_ != drawnFinger_;
+    if (changed.empty() && !stale_) return;
+    const rendering::Surface& picture = painter_.picture();
+    display_.show(picture, stale_ ? rendering::rowsOf(picture) : changed, shown_, finger_);
     drawnFinger_ = finger_;
-    const double scale = std::clamp(display_.pixelsPerPoint(shown_), 0.1, finestDrawing);
-    display_.show(rendering::render(screen.root, shown_, scale), shown_, finger_);
+    stale_ = false;
 }
 
 std::filesystem::path PhoneWindow::freeName() const {

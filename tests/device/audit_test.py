@@ -18,7 +18,7 @@ DEVICE = pathlib.Path(__file__).resolve().parents[2] / "device"
 sys.path[:0] = [str(DEVICE), str(pathlib.Path(__file__).resolve().parent)]
 
 import damage  # noqa: E402 (found by the path above)
-from auditing import fat, link_map, macho  # noqa: E402
+from auditing import fat, link_map, macho, selectors  # noqa: E402
 
 LC_VERSION_MIN_IPHONEOS, LC_CODE_SIGNATURE, LC_UUID = 0x25, 0x1D, 0x1B
 LC_BUILD_VERSION = 0x32
@@ -92,20 +92,20 @@ class Auditing(unittest.TestCase):
         path.write_text("".join(kept))
 
     def plant(self, kind, class_name, selector, old, new):
-        """Writes another encoding where the dylib holds that of a hook or of a method."""
+        """Gives a hook or a method another encoding, as the compiler would spell it."""
         start = {"hook": link_map.HOOK, "method": link_map.METHOD}[kind]
-        dylib = macho.read_dylib(bytes(self.data))
-        for symbol, encoding in link_map.LinkMap(self.map).encodings(start, dylib):
-            stem = symbol.name.removesuffix(link_map.ENCODING)
-            names = link_map.texts(stem)
-            owner = names.pop(0) if kind == "hook" else link_map.first_type(stem.removeprefix(start))
-            if (owner, names[0]) == (class_name, selector):
-                self.assertEqual((encoding, len(old)), (old, len(new)))
-                section = next(one for one in dylib.sections if one.holds(symbol.address))
-                at = section.offset + symbol.address - section.address
-                self.data[at : at + len(new)] = new.encode()
-                return
-        self.fail(f"no {kind} {class_name} {selector}")
+        mangled = {text: "".join(f"Lc{ord(one)}E" for one in text) for text in (class_name, selector, old, new)}
+        owner = mangled[class_name] if kind == "hook" else f"{len(class_name)}{class_name}E"
+        lines = self.map.read_text().splitlines(True)
+        wanted = [
+            index for index, line in enumerate(lines)
+            if start in line and line.index(start) < line.find(owner) < line.find(f"{mangled[selector]}E")
+        ]  # fmt: skip
+        self.assertEqual(len(wanted), 1, f"{kind} {class_name} {selector}")
+        line = lines[wanted[0]]
+        self.assertEqual(line.count(f"_c{mangled[old]}E"), 1)
+        lines[wanted[0]] = line.replace(f"_c{mangled[old]}E", f"_c{mangled[new]}E")
+        self.map.write_text("".join(lines))
 
 
 class AuditTest(Auditing):
@@ -165,6 +165,34 @@ class AuditTest(Auditing):
     def test_message_that_no_table_knows(self):
         self.drop_row("private_methods", "BSPlatform\t-\thomeButtonType\t")
         self.refused("error: the message homeButtonType is not known: add a row for it")
+
+    def test_message_that_only_other_classes_have(self):
+        self.drop_row("private_methods", "FBProcessManager\t+\tsharedInstance\t")
+        self.refused(
+            "error: nothing says that the system has +[FBProcessManager sharedInstance], which FBProcessManager sends"
+        )
+
+    def place_in(self, name):
+        """Where a section starts in the file."""
+        return selectors.section_of(macho.read_dylib(bytes(self.data)), name).offset
+
+    def test_selector_without_a_name(self):
+        at = self.place_in(selectors.REFERENCES)
+        first = struct.unpack_from("<Q", self.data, at)[0]
+        struct.pack_into("<Q", self.data, at, first + 1)
+        self.refused("leads to no name of a selector")
+
+    def test_selectors_that_the_runtime_would_pass_over(self):
+        at = self.data.index(b"__objc_imageinfo")
+        self.data[at : at + 16] = b"__other_imageinf"
+        self.edit(self.map, "__objc_imageinfo", "__other_imageinf")
+        self.refused("error: __DATA,__objc_imageinfo is not eight zero bytes")
+
+    def test_library_without_selectors(self):
+        at = self.data.index(b"__objc_selrefs\0")
+        self.data[at : at + 14] = b"__other_select"
+        self.edit(self.map, "__objc_selrefs", "__other_select")
+        self.refused("error: it has no references to selectors")
 
     def test_class_that_no_table_knows(self):
         self.drop_row("public_methods", "UIImpactFeedbackGenerator\t")
@@ -350,6 +378,13 @@ class SignedPointersTest(Auditing):
     def test_subtype_with_a_version(self):
         self.spoil("version")
         self.refused("neither arm64 nor arm64e: CPU 0x100000c, subtype 0x80000002")
+
+    def test_selector_that_is_in_no_thread(self):
+        dylib = macho.read_dylib(bytes(self.data))
+        section = selectors.section_of(dylib, selectors.REFERENCES)
+        pointers = [one for one in damage.threads.read_threads(dylib) if one.address != section.address]
+        read = selectors.read_references(dylib, pointers)
+        self.assertEqual([one.address for one in read if one.name is None], [section.address])
 
     def test_lowest_version(self):
         at = self.command(LC_BUILD_VERSION) + 12

@@ -11,6 +11,7 @@
 #include "simulator/foundation/conversions.hpp"
 #include "simulator/foundation/device_root.hpp"
 #include "simulator/foundation/notification_counts.hpp"
+#include "simulator/foundation/notification_order.hpp"
 #include "simulator/foundation/preferences.hpp"
 #include "simulator/foundation/property_list.hpp"
 
@@ -54,6 +55,20 @@ TEST_F(Files, PhonePathsLieInTheRootAndHostPathsStay) {
     EXPECT_EQ(root.map("/usr/share/x"), "/usr/share/x");
     EXPECT_EQ(root.map(root.map("/var/a")), root.map("/var/a"));
     EXPECT_EQ(root.locate("/var/../../../etc/passwd"), root.path() / "etc/passwd");
+}
+
+// As documented.
+TEST_F(Files, WhatIsNoPropertyListIsNotWritten) {
+    NSString path = text("/var/mobile/list.plist");
+    NSArray plain = NSArray::with(text("a"));
+    NSArray odd = NSArray::with(NSArray::with(NSBundle::withPath(text("/System/X.bundle"))));
+    EXPECT_FALSE((odd.send<"writeToFile:atomically:", bool>(path, true)));
+    EXPECT_FALSE(NSFileManager::shared().fileExists(path));
+    EXPECT_TRUE((plain.send<"writeToFile:atomically:", bool>(path, true)));
+    auto byNumber = platform::sendClass<NSDictionary, "dictionaryWithObject:forKey:", NSDictionary>(
+        text("a"), platform::sendClass<NSNumber, "numberWithInt:", NSNumber>(1));
+    EXPECT_FALSE((byNumber.send<"writeToFile:atomically:", bool>(path, true)));
+    EXPECT_EQ(NSArray::withContentsOfFile(path).count(), 1u);
 }
 
 TEST_F(Files, ArraysGoOutAndComeBack) {
@@ -193,6 +208,50 @@ TEST(NotificationCounts, CountEveryPost) {
     EXPECT_EQ(notificationPosts("one"), 2);
     EXPECT_EQ(notificationPosts("two"), 1);
     EXPECT_EQ(notificationPosts("three"), 0);
+}
+
+// Observed on devices; the documentation promises no order.
+TEST(NotificationOrder, IsThatOfRegistration) {
+    platform::AutoreleasePool pool;
+    installNotificationOrder();
+    static std::string& told = *new std::string;
+    told.clear();
+    Class cls = objc_allocateClassPair(objc_getClass("NSObject"), "OrderWitness", 0);
+    class_addMethod(cls, sel_registerName("told:"), reinterpret_cast<IMP>(+[](id self, SEL, id) {
+                        told += Object(self).send<"description", NSString>().utf8();
+                    }),
+                    "v@:@");
+    class_addMethod(cls, sel_registerName("description"),
+                    reinterpret_cast<IMP>(+[](id self, SEL) -> id {
+                        Ivar number = class_getInstanceVariable(object_getClass(self), "number");
+                        auto* place = reinterpret_cast<char*>(self) + ivar_getOffset(number);
+                        return text(std::to_string(*reinterpret_cast<int*>(place))).get();
+                    }),
+                    "@@:");
+    class_addIvar(cls, "number", sizeof(int), 2, "i");
+    objc_registerClassPair(cls);
+    auto centre = platform::NSNotificationCenter::defaultCenter();
+    std::vector<Object> witnesses;
+    for (int i = 1; i <= 4; ++i) {
+        witnesses.push_back(Object(platform::classObject(cls)).send<"new", Object>());
+        Ivar number = class_getInstanceVariable(cls, "number");
+        auto* place = reinterpret_cast<char*>(witnesses.back().get()) + ivar_getOffset(number);
+        *reinterpret_cast<int*>(place) = i;
+        NSString name = i == 3 ? NSString() : text("ordered");  // 3 hears of everything
+        centre.addObserver(witnesses.back(), sel_registerName("told:"), name);
+    }
+    centre.post(text("ordered"));
+    EXPECT_EQ(told, "1234");
+    centre.send<"postNotificationName:object:">(text("other"), Object());
+    EXPECT_EQ(told, "12343");
+    centre.send<"removeObserver:">(witnesses[1]);
+    centre.send<"removeObserver:name:object:">(witnesses[3], text("ordered"), Object());
+    centre.post(text("ordered"));
+    EXPECT_EQ(told, "1234313");
+    for (Object witness : witnesses) {
+        centre.send<"removeObserver:">(witness);
+        witness.send<"release">();
+    }
 }
 
 }  // namespace

@@ -65,6 +65,12 @@ boot
 pull 60 320 over 0.3
 wait 1
 )"},
+    {"toolbar_strip", R"(
+setting layoutDirection 1
+boot
+pull 60 320 over 0.3
+wait 1
+)"},
     {"toolbar_dark", R"(
 boot
 appearance dark

@@ -131,7 +131,8 @@ TEST_F(ControlCenter, TheFirstStatusBarPullOfAllIsSeen) {
     boot();
     pullStatusBar(400, 0);
     EXPECT_TRUE((toolbar().send<"vantoriHostWindow", Object>()));
-    EXPECT_TRUE((toolbar().connectivityBarViewController().send<"hasBeenLayouted", bool>()));
+    EXPECT_TRUE(
+        (toolbar().page<VNTConnectivityBarViewController>().send<"hasBeenLayouted", bool>()));
     EXPECT_TRUE(toolbar().isEnabled());
     EXPECT_EQ(toolbarY(), 667 - 515);
 }
@@ -170,6 +171,24 @@ INSTANTIATE_TEST_SUITE_P(Orientations, StatusBarTurned,
                                          Turned{Orientation::landscapeRight, 315, 700, 60},
                                          Turned{Orientation::landscapeLeft, 80, 700, 80},
                                          Turned{Orientation::upsideDown, 70, 700, 70}));
+
+// The toolbar's top edge goes to the screen's height as it is turned (375), not to its long side.
+TEST_F(ControlCenter, AStatusBarPullThatClosesInLandscapeLeavesItAtTheEdge) {
+    bootReplacing(true);
+    phone_->open("com.example.notes");
+    phone_->rotate(Orientation::landscapeLeft);
+    phone_->wait(1);
+    phone_->statusBar(PullPhase::began, 80, 700, 0);
+    phone_->statusBar(PullPhase::ended, 80, 700, 0);  // 80 of the grid's 215
+    phone_->wait(1);
+    EXPECT_FALSE(toolbar().isEnabled());
+    EXPECT_EQ(toolbarY(), 375);
+    phone_->statusBar(PullPhase::began, 80, 700, 0);
+    phone_->statusBar(PullPhase::ended, 120, 700, 0);
+    phone_->wait(1);
+    EXPECT_TRUE(toolbar().isEnabled());
+    EXPECT_NEAR(toolbarY(), 375 - 215, 1e-9);
+}
 
 TEST_F(ControlCenter, AFingerFromTheTopEdgeRaisesTheToolbar) {
     bootReplacing(true);

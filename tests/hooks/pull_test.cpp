@@ -6,6 +6,7 @@
 #include "simulator/runtime/journal.hpp"
 #include "simulator/springboard/gestures/switcher_gestures.hpp"
 #include "tests/library_phone.hpp"
+#include "tests/order.hpp"
 #include "toolbar/rubber_band.hpp"
 
 namespace vantori::tests {
@@ -158,7 +159,7 @@ TEST_F(Pull, ASecondPullClosesTheOpenToolbar) {
     EXPECT_EQ(systemCalls("Began"), 0);
 }
 
-TEST_F(Pull, CancelledRunsTheSystemsFirstAndLowersAll) {
+TEST_F(Pull, CancelledLowersAll) {
     bootStrip();
     began();
     phone_->clear();
@@ -167,6 +168,131 @@ TEST_F(Pull, CancelledRunsTheSystemsFirstAndLowersAll) {
     EXPECT_FALSE(toolbar().isEnabled());
     EXPECT_FALSE(pullingSBToolbar);
     EXPECT_EQ(posted("com.ferolin.vantori-stopmarquee"), 1);
+    EXPECT_EQ(backNow(), 1);
+}
+
+// What is written down of a closing: the flag of the toolbar behind, and where the scene is headed then.
+class ClosingPull : public Pull {
+  protected:
+    void watch() {
+        Spy<"setIsEnabled:", bool>::on("VNTToolBarController", [this](Object, bool on) {
+            std::string event = on ? "on" : "off";
+            event += sceneFrame().origin.y == 0 ? ", down" : ", up";
+            Order::note(event + (posted("com.ferolin.vantori-stopmarquee") > 0 ? ", posted" : ""));
+        });
+        phone_->clear();
+    }
+    using Events = std::vector<std::string>;
+};
+
+// The flag is cleared before and after the spring, and only then is anything posted.
+TEST_F(ClosingPull, AFlickClearsTheFlagTwice) {
+    bootInApplication(false);
+    began();
+    updated(100);
+    watch();
+    ended(-5.01);
+    EXPECT_EQ(Order::events(), (Events{"off, up", "off, down"}));
+}
+
+TEST_F(ClosingPull, ASecondPullClearsTheFlagTwice) {
+    bootInApplication(false);
+    began();
+    ended(0);
+    phone_->wait(1);
+    watch();
+    began();
+    EXPECT_EQ(Order::events(), (Events{"off, up", "off, down"}));
+}
+
+TEST_F(ClosingPull, CancelledTheSystemIsToldFirstAndTheToolbarAboveIsClearedFirst) {
+    bootInApplication(false);
+    began();
+    updated(100);
+    phone_->clear();
+    long systemBefore = 0;
+    listenTo({"com.ferolin.vantori-stopmarquee"});
+    toolbar().setIsEnabled(true);
+    Spy<"setIsEnabled:", bool>::on("VNTToolBarController", [&](Object, bool) {
+        systemBefore = systemCalls("Canceled");
+        Order::note(toolbar().isEnabled() ? "behind, above is on" : "behind");
+    });
+    cancelled();
+    EXPECT_EQ(systemBefore, 1);
+    EXPECT_EQ(Order::events(), (Events{"behind", "behind", "com.ferolin.vantori-stopmarquee"}));
+}
+
+TEST_F(Pull, ThePullsHeightIsThatOfTheToolbarAbove) {
+    bootStrip();
+    toolbar().setMaxHeight(215);  // as the grid's, while the one behind keeps 115
+    began();
+    EXPECT_EQ(MAX_SIZE, 215);
+    EXPECT_EQ(VNTToolBarController::shared().view().frame(), (rect(0, 812 - 215, 375, 215)));
+    ended(0);
+    EXPECT_EQ(toolbarY(), 812 - 215);
+}
+
+TEST_F(Pull, TheDockIsAskedAgainAtEachUpdate) {
+    bootStrip();
+    auto asked = [this] {
+        return phone_->calledCount("SBRootFolderDockIconListView", "visibleIcons");
+    };
+    began();
+    const long first = asked();
+    EXPECT_GE(first, 1);
+    updated(50);
+    const long second = asked();
+    EXPECT_GT(second, first);
+    updated(60);
+    EXPECT_EQ(asked() - second, second - first);
+}
+
+// The style decides when a pull is let go, too: switched on meanwhile, nothing opens.
+TEST_F(Pull, TheStyleChangedDuringAPullOpensNothing) {
+    bootInApplication(false);
+    began();
+    updated(50);
+    alwaysSpringBoardStyle = true;
+    ended(0);
+    EXPECT_FALSE(VNTToolBarController::shared().isEnabled());
+    EXPECT_FALSE(toolbar().isEnabled());
+    EXPECT_EQ(sceneFrame(), (rect(0, -50, 375, 812)));
+    EXPECT_EQ(posted("com.ferolin.vantori-finish-launching"), 1);
+    EXPECT_FALSE(liftingAppScene);
+}
+
+TEST_F(Pull, WithBothToolbarsOpenTheOneBehindIsClosedAlone) {
+    bootInApplication(true);
+    began();
+    ended(0);
+    VNTToolBarController::shared().setIsEnabled(true);
+    phone_->clear();
+    began();
+    EXPECT_FALSE(VNTToolBarController::shared().isEnabled());
+    EXPECT_TRUE(toolbar().isEnabled());
+    EXPECT_EQ(toolbarY(), 697);
+    EXPECT_EQ(posted("com.ferolin.vantori-stopmarquee"), 1);
+    EXPECT_EQ(posted("com.ferolin.vantori-ccback"), 0);
+    began();
+    EXPECT_FALSE(toolbar().isEnabled());
+}
+
+// The switcher's reports and Control Center's are of one pull.
+TEST_F(Pull, BothReportersShareTheFlags) {
+    set("replaceCC", true);
+    bootStrip();
+    began();
+    phone_->controlCenterGrabber(PullPhase::updated, 60, 100, 0);
+    EXPECT_EQ(toolbarY(), 712);
+    phone_->controlCenterGrabber(PullPhase::ended, 60, 100, 0);
+    EXPECT_TRUE(toolbar().isEnabled());
+    EXPECT_FALSE(pullingSBToolbar);
+    toolbar().dismiss();
+    phone_->controlCenterGrabber(PullPhase::began, 60, 10, 0);
+    updated(80);
+    EXPECT_EQ(toolbarY(), 732);
+    cancelled();
+    EXPECT_FALSE(pullingSBToolbar);
     EXPECT_EQ(backNow(), 1);
 }
 

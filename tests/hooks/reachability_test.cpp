@@ -35,15 +35,29 @@ class Reachability : public LibraryPhone {
 TEST_F(Reachability, OnTheGestureOpensTheToolbarAndDoesNotBegin) {
     bootWith(true);
     Object gestures = make("SBFluidSwitcherGestureManager");
-    const bool system = [&] {
-        reachability = false;
-        const bool answer = gestures.send<"_shouldBeginReachabilityGesture:", bool>(Object());
-        reachability = true;
-        return answer;
-    }();
     EXPECT_FALSE((gestures.send<"_shouldBeginReachabilityGesture:", bool>(Object())));
-    EXPECT_EQ(springBoardToolbarOpen(), system);
-    EXPECT_EQ(systemCalls("SBFluidSwitcherGestureManager", "_shouldBeginReachabilityGesture:"), 2);
+    EXPECT_TRUE(springBoardToolbarOpen());
+    EXPECT_EQ(systemCalls("SBFluidSwitcherGestureManager", "_shouldBeginReachabilityGesture:"), 1);
+}
+
+// The system asks whether reachability is enabled, and during a dismissal it is not.
+TEST_F(Reachability, OnAGestureThatTheSystemRefusesOpensNothing) {
+    bootWith(true);
+    VNTToolBarController::shared().setCanToggleReachability(false);
+    Object gestures = make("SBFluidSwitcherGestureManager");
+    EXPECT_FALSE((gestures.send<"_shouldBeginReachabilityGesture:", bool>(Object())));
+    EXPECT_EQ(systemCalls("SBFluidSwitcherGestureManager", "_shouldBeginReachabilityGesture:"), 1);
+    EXPECT_FALSE(springBoardToolbarOpen());
+    EXPECT_FALSE(VNTSBToolBarController::shared().isEnabled());
+}
+
+TEST_F(Reachability, OffTheGestureIsAnsweredByTheSystem) {
+    bootWith(false);
+    Object gestures = make("SBFluidSwitcherGestureManager");
+    EXPECT_TRUE((gestures.send<"_shouldBeginReachabilityGesture:", bool>(Object())));
+    VNTToolBarController::shared().setCanToggleReachability(false);
+    EXPECT_FALSE((gestures.send<"_shouldBeginReachabilityGesture:", bool>(Object())));
+    EXPECT_FALSE(VNTSBToolBarController::shared().isEnabled());
 }
 
 TEST_F(Reachability, OnTogglingOpensTheToolbar) {

@@ -7,6 +7,7 @@
 #include "hooks/hook_report.hpp"
 #include "hooks/hook_table.hpp"
 #include "simulator/runtime/hooking.hpp"
+#include "simulator/runtime/journal.hpp"
 #include "tests/library_phone.hpp"
 
 namespace vantori::tests {
@@ -97,7 +98,13 @@ TEST_F(StartUp, DisabledLeavesNoTrace) {
                              "VNTUpdateViewController", "VNTHookReport"}) {
         EXPECT_EQ(objc_getClass(name), nullptr) << name;
     }
-    EXPECT_FALSE(create<Object>().respondsTo(selector<"presentUpdateInfo">()));
+    for (const auto& [cls, added] :
+         {std::pair{"SBHomeScreenView", selector<"presentUpdateInfo">()},
+          {"SBMainDisplaySceneLayoutViewController", selector<"vantoriController">()},
+          {"SBFluidSwitcherGestureManager", selector<"test">()}}) {
+        ASSERT_TRUE(objc_getClass(cls)) << cls;
+        EXPECT_FALSE(class_getInstanceMethod(objc_getClass(cls), added)) << cls;
+    }
     phone_->clear();
     announceSettings();
     phone_->open("com.example.notes");
@@ -114,6 +121,18 @@ TEST_F(StartUp, ReplacingControlCenterTakesItsGesturesOver) {
     set("replaceCC", true);
     phone_->boot();
     EXPECT_EQ(installed(), joined({welcomeRow, springBoardRows, controlCenterRows}));
+}
+
+// Replaced, Control Center's gestures are taken over whatever the phone has, and nobody asks.
+TEST_F(StartUp, ReplacingAsksForNoHomeButton) {
+    set("replaceCC", true);
+    phone_->boot();
+    EXPECT_EQ(phone_->calledCount("BSPlatform", "homeButtonType"), 0);
+}
+
+TEST_F(StartUp, NotReplacingAsksForTheHomeButton) {
+    phone_->boot();
+    EXPECT_EQ(phone_->calledCount("BSPlatform", "homeButtonType"), 1);
 }
 
 TEST_F(StartUp, WithAHomeButtonItsGesturesAreTakenOverInBothCases) {
@@ -287,6 +306,15 @@ TEST_F(StartUp, TheTestAlertShows) {
     manager.send<"test">();
     phone_->wait(0.5);
     EXPECT_EQ(phone_->calledCount("UIAlertView", "show"), 1);
+    auto said = [](const char* message) {
+        const auto last = simulator::Journal::last("UIAlertView", message);
+        if (!last || last->empty()) return std::string("nothing");
+        return std::string(as<NSString>(Object(std::get<Strong<Object>>(last->at(0)))).utf8());
+    };
+    EXPECT_EQ(said("setTitle:"), "Gesture");
+    EXPECT_EQ(said("setMessage:"), "Test!");
+    EXPECT_EQ(said("addButtonWithTitle:"), "Okay!");
+    EXPECT_EQ(phone_->calledCount("UIAlertView", "addButtonWithTitle:"), 1);
     EXPECT_FALSE(phone_->crashed());
 }
 

@@ -4,6 +4,7 @@
 
 #include "settings/variables.hpp"
 #include "tests/library_phone.hpp"
+#include "tests/order.hpp"
 
 namespace vantori::tests {
 namespace {
@@ -82,6 +83,36 @@ TEST_F(ZoneTest, EveryAttemptMakesTheToolbarsWindow) {
     EXPECT_FALSE(VNTSBToolBarController::shared().vantoriHostWindow());
     EXPECT_FALSE(isPointInRangeX(10));
     EXPECT_TRUE(VNTSBToolBarController::shared().vantoriHostWindow());
+}
+
+TEST_F(ZoneTest, PostsInTheirOrder) {
+    boot();
+    listenTo({"should-refresh-state", "should-refresh-value", "com.ferlin.vantori-finish-launching",
+              "com.ferolin.vantori-startmarquee", "com.ferolin.vantori-stopmarquee"});
+    const std::vector<std::string> hit = {"should-refresh-state", "should-refresh-value",
+                                          "com.ferlin.vantori-finish-launching",
+                                          "com.ferolin.vantori-startmarquee"};
+    const std::vector<std::string> miss = {"should-refresh-state", "should-refresh-value",
+                                           "com.ferolin.vantori-stopmarquee"};
+    EXPECT_TRUE(isPointInRangeX(10));
+    EXPECT_EQ(Order::events(), hit);
+    Order::forget();
+    EXPECT_FALSE(isPointInRangeX(370));
+    EXPECT_EQ(Order::events(), miss);
+}
+
+// Buttons, then the window, before anything is posted.
+TEST_F(ZoneTest, IsReadyBeforeAnythingIsRefreshed) {
+    boot();
+    bool isReady = false;
+    VNTCCTogglesBarViewController buttons =
+        VNTSBToolBarController::shared().ccTogglesViewController();
+    ASSERT_FALSE((buttons.send<"hasSetupButtons", bool>()));
+    Spy<"makeKeyWindow">::on("VNTSBToolBarController", [&](Object) {
+        isReady = buttons.send<"hasSetupButtons", bool>() && posted("should-refresh-state") == 0;
+    });
+    isPointInRangeX(10);
+    EXPECT_TRUE(isReady);
 }
 
 TEST_F(ZoneTest, RefusesWhileTheApplicationsToolbarIsOpen) {

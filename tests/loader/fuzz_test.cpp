@@ -17,7 +17,8 @@ constexpr int mutations = 20'000;
 ImageBuilder withOpcodes() {
     ImageBuilder image;
     image.sections = {{"__DATA", "__init", dataAddress, 8, 9},
-                      {"__DATA", "__objc_selrefs", dataAddress + 8, 8}};
+                      {"__DATA", "__objc_selrefs", dataAddress + 8, 8},
+                      {"__DATA", "__objc_imageinfo", dataAddress + 24, 8}};
     image.symbols = {{"_own", 0x4020}, {"_other", 0x4028}};
     const std::uint64_t code = image.codeAddress();
     image.pointers = {code, dataAddress + 16, 0x000000656d617266};

@@ -221,12 +221,23 @@ TEST(InitialisersTest, DataIsNoInitialiser) {
     EXPECT_THROW(initialisers(placed.file(), placed.fixups()), BadImage);
 }
 
-TEST(SelectorReferencesTest, NamesAreReadWhereTheirPointersLead) {
+// A reference to "frame", whose letters and zero byte are the second number, and whatever else.
+ImageBuilder withReference() {
     ImageBuilder image;
     image.sections = {{"__DATA", "__objc_selrefs", dataAddress, 8}};
-    // "frame" and its zero byte, as a number.
     image.pointers = {dataAddress + 8, 0x000000656d617266};
     image.rebase = {0x11, 0x21, 0x00, 0x51};
+    return image;
+}
+
+TEST(SelectorReferencesTest, TheRuntimePassesOverAnImageThatDoesNotAskForIt) {
+    Placed placed(withReference());
+    EXPECT_TRUE(selectorReferences(placed.file(), placed.fixups()).empty());
+}
+
+TEST(SelectorReferencesTest, NamesAreReadWhereTheirPointersLead) {
+    ImageBuilder image = withReference();
+    image.sections.push_back({"__DATA", "__objc_imageinfo", dataAddress + 16, 8});
     Placed placed(image);
     const auto references = selectorReferences(placed.file(), placed.fixups());
     ASSERT_EQ(references.size(), 1u);

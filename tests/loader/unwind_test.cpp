@@ -98,7 +98,52 @@ TEST(FrameDescriptionTest, WithoutAFrameTheStackPointerTells) {
 
 TEST(FrameDescriptionTest, WhatIsNotKnownIsLeftOut) {
     EXPECT_EQ(descriptionOf(0), u32(0));
-    EXPECT_EQ(descriptionOf(0x03000010), u32(0));
+    EXPECT_EQ(descriptionOf(0x05000010), u32(0));
+}
+
+// A common part as clang writes it (20 bytes), and behind it the description of a function that saves
+// where it returns to, 16 bytes below its caller's stack.
+const List common = u32(16) + u32(0) + List{1, 'z', 'R', 0, 1, 0x78, 30, 1, 0x10, 0x0c, 31, 0};
+const List instructions = {0x0e, 16, 0x80 | 30, 2, 0, 0, 0};
+const List described = u32(28) + u32(24) + u64(0) + u64(0x40) + List{0} + instructions;
+
+// One function, at 0x100, whose description is at that place.
+std::vector<UnwindEntry> entriesWith(const List& descriptions, std::uint32_t place) {
+    const List page = u32(2) + u16(8) + u16(1) + u32(0x100) + u32(0x03000000 | place);
+    const List unwind = information(page);
+    ImageBuilder image;
+    image.rebase = unwind + descriptions;
+    image.sections = {{"__TEXT", "__unwind_info", linkAddress, unwind.size()},
+                      {"__TEXT", "__eh_frame", linkAddress + unwind.size(), descriptions.size()}};
+    static std::vector<std::byte> bytes;  // the entries look into it
+    bytes = image.build();
+    return readUnwindInfo(readMachO(bytes));
+}
+
+TEST(FrameDescriptionTest, WhatTheImageDescribesItselfIsTakenOver) {
+    const auto bytes = frameDescriptions(entriesWith(common + described, 20), 0x10000);
+    // The common record takes 24 bytes; 4 + 4 + 8 + 8 + 1 + 7 = 32.
+    const List expected =
+        u32(28) + u32(28) + u64(0x10100) + u64(0x80) + List{0} + instructions + u32(0);
+    List found;
+    for (std::size_t at = 24; at < bytes.size(); ++at)
+        found.push_back(std::to_integer<std::uint8_t>(bytes[at]));
+    EXPECT_EQ(found, expected);
+}
+
+TEST(FrameDescriptionTest, DescriptionsOfAnotherFormAreRefused) {
+    List other = common;
+    other[15] = 0x1b;  // addresses of four bytes
+    EXPECT_NO_THROW(entriesWith(common + described, 20));
+    EXPECT_THROW(entriesWith(other + described, 20), BadImage);
+}
+
+TEST(FrameDescriptionTest, DescriptionsThatAreNotThereAreRefused) {
+    EXPECT_THROW(entriesWith(common + described, 400), BadImage);
+    EXPECT_THROW(entriesWith({}, 0), BadImage);
+    List before = common + described;
+    before[24] = 0x7f;  // the link leads before the section
+    EXPECT_THROW(entriesWith(before, 20), BadImage);
 }
 
 }  // namespace

@@ -19,10 +19,10 @@ class Applications : public LibraryPhone {
     using Page = VNTIconsContainerViewController;
 
     static Page springBoardPage() {
-        return VNTSBToolBarController::shared().iconsContainerViewController();
+        return VNTSBToolBarController::shared().page<VNTIconsContainerViewController>();
     }
     static Page applicationPage() {
-        return VNTToolBarController::shared().iconsContainerViewController();
+        return VNTToolBarController::shared().page<VNTIconsContainerViewController>();
     }
 
     static unsigned long shown(Page page) { return page.view().subviews().count(); }
@@ -83,17 +83,7 @@ class Applications : public LibraryPhone {
         phone_->wait(1);
     }
     // In the middle of the icon, with a finger.
-    void tapIcon(Page page, unsigned long index) {
-        const CGPoint middle = middleOf(at(page, index));
-        phone_->touchDown(middle.x, middle.y);
-        phone_->wait(0.05);
-        phone_->touchUp();
-    }
-    static CGPoint middleOf(UIView view) {
-        const CGSize size = view.bounds().size;
-        UIView window = view.send<"window", UIView>();
-        return window.convertPointFrom({size.width / 2, size.height / 2}, view);
-    }
+    void tapIcon(Page page, unsigned long index) { tapOn(at(page, index)); }
     long backNow() { return phone_->darwinPostedCount("com.ferolin.vantori.Back-Now"); }
 };
 

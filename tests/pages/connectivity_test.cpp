@@ -24,7 +24,9 @@ class ConnectivityPage : public LibraryPhone {
   protected:
     using Page = VNTConnectivityBarViewController;
 
-    static Page page() { return VNTSBToolBarController::shared().connectivityBarViewController(); }
+    static Page page() {
+        return VNTSBToolBarController::shared().page<VNTConnectivityBarViewController>();
+    }
     static bool hasSetUp() { return page().send<"hasSetupConnectivityButtonSet", bool>(); }
     static bool hasBeenLaidOut() { return page().send<"hasBeenLayouted", bool>(); }
     static NSArray controllers() { return page().send<"connectivityButtonControllers", NSArray>(); }
@@ -73,6 +75,30 @@ TEST_F(ConnectivityPage, FiveButtonsStandEvenlyOn375Points) {
     EXPECT_EQ(container().bounds(), (rect(0, 0, 375, 100)));
     EXPECT_EQ(container().frame(), (rect(18.75, 5, 337.5, 90)));  // 0.9 about the middle
     EXPECT_EQ(page().togglesCount(), 5);
+}
+
+// Both glyphs of every button, the one shown while it is on too.
+TEST_F(ConnectivityPage, TheGlyphsAreWhite) {
+    boot();
+    auto glyph = [](unsigned long index, bool selected) {
+        Object button =
+            controllers().at<UIViewController>(index).view().send<"buttonView", Object>();
+        return selected ? button.send<"selectedGlyphView", UIView>()
+                        : button.send<"glyphImageView", UIView>();
+    };
+    for (unsigned long i = 0; i < 5; ++i) {
+        for (bool selected : {false, true}) {
+            ASSERT_TRUE(glyph(i, selected)) << i;
+            glyph(i, selected).send<"setTintColor:">(UIColor::black());
+        }
+    }
+    page().layoutConnectivityButton();
+    for (unsigned long i = 0; i < 5; ++i) {
+        for (bool selected : {false, true}) {
+            UIColor tint = glyph(i, selected).send<"tintColor", UIColor>();
+            EXPECT_TRUE((tint.send<"isEqual:", bool>(UIColor::white()))) << i << selected;
+        }
+    }
 }
 
 TEST_F(ConnectivityPage, TheOrderIsFixed) {
@@ -323,7 +349,7 @@ TEST_F(ConnectivityPage, ItsUnusedSlotsKeepWhatTheyAreGiven) {
 
 TEST_F(ConnectivityPage, TheToggleSettingsRebuildBothToolbarsPages) {
     bootAndLayOut();
-    auto other = VNTToolBarController::shared().connectivityBarViewController();
+    auto other = VNTToolBarController::shared().page<VNTConnectivityBarViewController>();
     EXPECT_FALSE((other.send<"hasBeenLayouted", bool>()));
     Strong<Object> before = retained(controllers().at(0));
     reloadTogglesSettings(nullptr, nullptr, nullptr, nullptr, nullptr);
@@ -336,13 +362,9 @@ TEST_F(ConnectivityPage, ATapSwitchesARadioOnBothToolbars) {
     phone_->grabber(simulator::PullPhase::began, 60, 10, 0);
     phone_->grabber(simulator::PullPhase::ended, 60, 100, 0);
     phone_->wait(1);
-    // The airplane button's middle: 12.5 + 30 from the left of a row scaled by 0.9 about its middle.
-    const double x = 187.5 + 0.9 * (42.5 - 187.5), y = 812 - 515 + 15 + 50 + 0.9 * (55 - 50);
-    phone_->touchDown(x, y);
-    phone_->wait(0.05);
-    phone_->touchUp();
+    tapOn(page().send<"airplane", UIViewController>().view());
     auto isOn = [](VNTToolBarController toolbar, unsigned long index) {
-        auto all = toolbar.connectivityBarViewController()
+        auto all = toolbar.page<VNTConnectivityBarViewController>()
                        .send<"connectivityButtonControllers", NSArray>();
         return all.at<UIViewController>(index)
             .view()

@@ -18,7 +18,9 @@ class Everyday : public TogglePhone {
     using Page = VNTDailyToolBarViewController;
 
     void list(const char* json) { phone_->plist(listPath, nlohmann::json::parse(json)); }
-    static Page page() { return VNTSBToolBarController::shared().dailyControlViewController(); }
+    static Page page() {
+        return VNTSBToolBarController::shared().page<VNTDailyToolBarViewController>();
+    }
     static Object part(const char* name) {
         return page().send<"valueForKey:", Object>(NSString::from(name));
     }
@@ -232,8 +234,9 @@ TEST_F(Everyday, BuildsItsRowAnewWhenThePaneAsks) {
     expectEvenGaps(275.0 / 3);
     for (VNTToolBarController toolbar :
          {VNTToolBarController::shared(), VNTToolBarController(VNTSBToolBarController::shared())}) {
-        EXPECT_EQ(toolbar.dailyControlViewController().toggleContainerView().subviews().count(),
-                  2u);
+        EXPECT_EQ(
+            toolbar.page<VNTDailyToolBarViewController>().toggleContainerView().subviews().count(),
+            2u);
     }
     phone_->remove(listPath);
     phone_->postDarwin(refreshNotification);

@@ -4,6 +4,7 @@
 #include "pages/module_round_button.hpp"
 #include "platform/control_center.hpp"
 #include "platform/definition.hpp"
+#include "simulator/runtime/journal.hpp"
 #include "tests/library_phone.hpp"
 
 namespace vantori::tests {
@@ -203,6 +204,16 @@ TEST_F(ModulesPage, TheFrameAddsObserversThatGoTogether) {
     EXPECT_GT(stateOf<TestModuleViewState>(toggle).told, told);
 }
 
+TEST_F(ModulesPage, EnablingMakesScreenRecordingAvailable) {
+    boot();
+    auto button = makeButton();
+    auto module = recorder();
+    button.send<"setViewControllerForContext:">(UIViewController(module));
+    phone_->clear();
+    button.enableToggle();
+    EXPECT_EQ(called("RPControlCenterModuleViewController", "setAvailable:"), 1);
+}
+
 TEST_F(ModulesPage, EnablingLeavesOtherModulesAlone) {
     bootWithTestClasses();
     auto button = makeButton();
@@ -306,8 +317,10 @@ TEST_F(ModulesPage, ScreenRecordingIsAvailableWhateverTheSystemSays) {
     auto module = recorder();
     phone_->clear();
     module.setAvailable(false);
-    auto last = phone_->lastCall("RPControlCenterModuleViewController", "setAvailable:");
+    const auto last =
+        simulator::Journal::last("RPControlCenterModuleViewController", "setAvailable:");
     ASSERT_TRUE(last);
+    EXPECT_TRUE(std::get<bool>(last->at(0)));  // whatever was passed
     EXPECT_EQ(called("RPControlCenterModuleViewController", "setAvailable:"), 1);
     EXPECT_TRUE((module.send<"available", bool>()));
     EXPECT_EQ(called("RPControlCenterModuleViewController", "available"), 0);

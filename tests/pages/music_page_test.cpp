@@ -127,6 +127,47 @@ TEST_F(MusicPage, LabelsStandInTheContentOfTheirMarquees) {
     EXPECT_EQ(enabledMarquees(), 0);
 }
 
+// What is set up twice stands where it stood: one label in each marquee, at rest, above the buttons.
+TEST_F(MusicPage, SettingTheMarqueesUpAgainAddsNothing) {
+    boot();
+    page().send<"startMarquee">();
+    EXPECT_EQ(enabledMarquees(), 3);
+    NSArray before = page().view().subviews();
+    page().send<"setUpMarqueeView">();
+    NSArray after = page().view().subviews();
+    ASSERT_EQ(after.count(), before.count());
+    for (unsigned long i = 0; i < after.count(); ++i) EXPECT_EQ(after.at(i), before.at(i)) << i;
+    EXPECT_EQ(enabledMarquees(), 0);
+    for (auto [marqueeName, labelName] : {std::pair{"albumMarqueeView", "album"},
+                                          {"mediaTitleMarqueeView", "mediaTitle"},
+                                          {"subTitleMarqueeView", "subTitle"}}) {
+        auto marquee = page().send<"valueForKey:", UIView>(NSString::from(marqueeName));
+        auto label = page().send<"valueForKey:", UIView>(NSString::from(labelName));
+        EXPECT_EQ(marquee.subviews().at<UIView>(0).subviews().count(), 1u) << labelName;
+        EXPECT_EQ(label.superview(), marquee.subviews().at<UIView>(0)) << labelName;
+    }
+}
+
+// Its parts are placed by the screen as it is when the page is made; the page itself stays as wide as
+// the short side.
+TEST_F(MusicPage, LoadedOnATurnedPhoneItsPartsFollowTheLongSide) {
+    boot();
+    phone_->open("com.example.notes");
+    phone_->rotate(simulator::Orientation::landscapeRight);
+    phone_->wait(1);
+    auto loaded = create<VNTMediaPlayerViewController>();
+    UIView view = loaded.view();
+    auto frameIn = [&](const char* name) {
+        return loaded.send<"valueForKey:", UIView>(NSString::from(name)).frame();
+    };
+    EXPECT_EQ(frameIn("albumArtworkImageView"), (rect(25, 25, 50, 50)));
+    EXPECT_EQ(frameIn("mediaTitleMarqueeView"), (rect(80, 42.5, 812 - 210, 16)));
+    EXPECT_EQ(frameIn("leftButton"), (rect(812 - 125, 36, 27, 27)));
+    EXPECT_EQ(frameIn("rightButton"), (rect(812 - 52, 35, 27, 27)));
+    loaded.send<"viewDidLayoutSubviews">();
+    EXPECT_EQ(view.bounds(), (rect(0, 0, 375, 100)));
+}
+
 TEST_F(MusicPage, LabelsHaveNoSizeUntilTheFirstChange) {
     boot();
     EXPECT_EQ(frameOf("album"), (rect(0, 0, 0, 0)));

@@ -12,10 +12,10 @@ inline constexpr const char* otherApplication = "com.example.notes";
 class MusicPhone : public LibraryPhone {
   protected:
     static VNTMediaPlayerViewController page() {
-        return VNTSBToolBarController::shared().mediaPlayerViewController();
+        return VNTSBToolBarController::shared().page<VNTMediaPlayerViewController>();
     }
     static VNTMediaPlayerViewController applicationPage() {
-        return VNTToolBarController::shared().mediaPlayerViewController();
+        return VNTToolBarController::shared().page<VNTMediaPlayerViewController>();
     }
 
     template <FixedString name, class T = Object>

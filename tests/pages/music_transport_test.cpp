@@ -178,10 +178,11 @@ TEST_F(MusicTransport, AFingerThatLeavesTheButtonStillSkips) {
     openToolbar();
     ASSERT_TRUE(VNTToolBarController::shared().isEnabled());
     UIView next = applicationPage().send<"rightButton", UIView>();
-    phone_->touchDown(336.5, 460.5);
+    const CGPoint start = middleOf(next);
+    touch(start);
     phone_->wait(0.3);
     EXPECT_EQ(transformOf(next), (CGAffineTransform{0.5, 0, 0, 0.5, 0, 0}));
-    phone_->touchMove(120, 460.5, 0.5);
+    phone_->touchMove(120, start.y, 0.5);
     phone_->touchUp();
     EXPECT_EQ(skips(), 1);
     EXPECT_EQ(transformOf(next), identityTransform);
@@ -191,9 +192,7 @@ TEST_F(MusicTransport, ATapOnTheButtonInTheOpenToolbarPauses) {
     boot();
     play("T", "", "", "");
     openToolbar();
-    phone_->touchDown(300, 460.5);
-    phone_->wait(0.05);
-    phone_->touchUp();
+    tapOn(get<"middleButton", UIView>());
     phone_->wait(1);
     EXPECT_EQ(called("SBMediaController", "pauseForEventSource:"), 1);
     EXPECT_TRUE(showsPlay());
@@ -209,7 +208,8 @@ class MusicOpen : public MusicTransport {
 TEST_F(MusicOpen, DoesNothingWhileNothingPlays) {
     boot();
     openFromPage(64);
-    EXPECT_EQ(phone_->launchedCount(""), 0);
+    EXPECT_EQ(called("SpringBoard", "launchApplicationWithIdentifier:suspended:"), 0);
+    EXPECT_EQ(called("UIApplication", "launchApplicationWithIdentifier:suspended:"), 0);
     play("T", "", "", "", otherApplication);
     phone_->playing(false);
     VNTToolBarController::shared().setIsEnabled(true);
@@ -244,6 +244,27 @@ TEST_P(MusicOpenBy, LaunchesWhatPlaysAndPutsTheLiftBack) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Releases, MusicOpenBy, testing::Values(64ul, 128ul));
+
+// It lowers the scene and clears one flag: the toolbar above stays, and nobody is told.
+TEST_F(MusicOpen, LeavesTheToolbarAboveAndPostsNothing) {
+    boot();
+    play("T", "", "", "", otherApplication);
+    openToolbar();
+    ASSERT_TRUE(VNTSBToolBarController::shared().isEnabled());
+    phone_->clear();
+    page().send<"openNowPlayingApplication">();
+    phone_->wait(1);
+    EXPECT_EQ(phone_->launchedCount(otherApplication), 1);
+    EXPECT_EQ(phone_->launchedSuspendedCount(otherApplication), 0);
+    EXPECT_TRUE(VNTSBToolBarController::shared().isEnabled());
+    EXPECT_EQ(VNTSBToolBarController::shared().view().frame().origin.y, 812 - 515);
+    for (const char* name : {"com.ferolin.vantori-stopmarquee", "com.ferolin.vantori-ccback",
+                             "com.ferolin.vantori-finish-launching", "should-refresh-state"}) {
+        EXPECT_EQ(posted(name), 0) << name;
+    }
+    EXPECT_EQ(phone_->darwinPostedCount("com.ferolin.vantori.Back-Now"), 0);
+    EXPECT_EQ(phone_->haptics(0) + phone_->haptics(1), 0);
+}
 
 // The flag of the settings is only kept; the tap opens whatever it says.
 TEST_F(MusicOpen, DoesNotAskTheFlag) {

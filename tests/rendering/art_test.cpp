@@ -113,17 +113,17 @@ TEST(IconPicture, IsMadeOnce) {
 }
 
 TEST(Wallpaper, IsKeptForItsSize) {
-    const PictureRef first = wallpaper({94, 203}, 1, false);
-    EXPECT_EQ(first, wallpaper({94, 203}, 1, false));
-    EXPECT_NE(first, wallpaper({94, 203}, 1, true));
-    EXPECT_NE(first, wallpaper({203, 94}, 1, false));
+    const PictureRef first = wallpaper({94, 203}, false);
+    EXPECT_EQ(first, wallpaper({94, 203}, false));
+    EXPECT_NE(first, wallpaper({94, 203}, true));
+    EXPECT_NE(first, wallpaper({203, 94}, false));
     EXPECT_EQ(first->raster(1).width(), 94);
     EXPECT_EQ(first->raster(1).height(), 203);
 }
 
 TEST(Wallpaper, IsDarkerInTheDark) {
-    EXPECT_LT(lightOf(wallpaper({94, 203}, 1, true)->raster(1)),
-              lightOf(wallpaper({94, 203}, 1, false)->raster(1)) / 2);
+    EXPECT_LT(lightOf(wallpaper({94, 203}, true)->raster(1)),
+              lightOf(wallpaper({94, 203}, false)->raster(1)) / 2);
 }
 
 TEST(StatusBar, KeepsOutOfTheNotch) {

@@ -1,6 +1,9 @@
 // What a blur does to the picture behind it.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <vector>
+
 #include "simulator/rendering/blur.hpp"
 #include "tests/rendering/drawing.hpp"
 
@@ -131,6 +134,67 @@ TEST(BlurInPlace, KeepsTheSumOfTheLight) {
     EXPECT_NEAR(sum, 11 * 11 * 255, 11 * 11 * 255 / 20);
     EXPECT_EQ(surface.pixel(30 - 8, 30), surface.pixel(30 + 8, 30));
     EXPECT_NEAR(alphaOf(surface.pixel(30, 30 - 8)), alphaOf(surface.pixel(30 + 8, 30)), 2);
+}
+
+unsigned channel(unsigned pixel, int which) { return (pixel >> (8 * which)) & 0xff; }
+
+// The mean of `size` pixels about one, rounded, the ends continued.
+unsigned boxAbout(const std::vector<unsigned>& line, int place, int size) {
+    unsigned result = 0;
+    for (int which = 0; which < 4; ++which) {
+        unsigned sum = 0;
+        for (int i = place - size / 2; i <= place + size / 2; ++i) {
+            const int inside = std::clamp(i, 0, static_cast<int>(line.size()) - 1);
+            sum += channel(line[static_cast<std::size_t>(inside)], which);
+        }
+        const auto count = static_cast<unsigned>(size);
+        result |= (sum + count / 2) / count << (8 * which);
+    }
+    return result;
+}
+
+// Pixels by rows; the box along every row, then down every column.
+std::vector<unsigned> boxed(std::vector<unsigned> pixels, int width, int height, int size) {
+    const auto at = [&](int x, int y) -> unsigned& {
+        return pixels[static_cast<std::size_t>(y * width + x)];
+    };
+    for (int y = 0; y < height; ++y) {
+        std::vector<unsigned> line;
+        for (int x = 0; x < width; ++x) line.push_back(at(x, y));
+        for (int x = 0; x < width; ++x) at(x, y) = boxAbout(line, x, size);
+    }
+    for (int x = 0; x < width; ++x) {
+        std::vector<unsigned> line;
+        for (int y = 0; y < height; ++y) line.push_back(at(x, y));
+        for (int y = 0; y < height; ++y) at(x, y) = boxAbout(line, y, size);
+    }
+    return pixels;
+}
+
+// A deviation of 2 is that of boxes of 3, 3 and 5 pixels: (8 + 8 + 24) / 12 is near 4.
+TEST(Blur, IsThreeBoxesToTheByte) {
+    constexpr int width = 37, height = 23;
+    const Surface surface(width, height);
+    std::vector<unsigned> pixels;
+    unsigned seed = 1;
+    for (int i = 0; i < width * height; ++i) {
+        seed = seed * 1664525u + 1013904223u;
+        pixels.push_back(0xff000000u | seed >> 8);
+    }
+    for (int y = 0; y < height; ++y) {
+        std::copy_n(pixels.begin() + y * width, width,
+                    reinterpret_cast<unsigned*>(cairo_image_surface_get_data(surface.get()) +
+                                                y * cairo_image_surface_get_stride(surface.get())));
+    }
+    cairo_surface_mark_dirty(surface.get());
+    blurInPlace(surface, 2);
+    for (const int size : {3, 3, 5}) pixels = boxed(pixels, width, height, size);
+    for (int y = 0; y < height; ++y) {
+        for (int x = 0; x < width; ++x) {
+            ASSERT_EQ(surface.pixel(x, y), pixels[static_cast<std::size_t>(y * width + x)])
+                << x << ", " << y;
+        }
+    }
 }
 
 }  // namespace

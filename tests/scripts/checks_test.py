@@ -165,6 +165,14 @@ class LinksTest(TreeTest):
             ],
         )
 
+    def test_pictures_that_no_document_shows(self):
+        self.write("docs/pictures/shown.png", "")
+        self.write("docs/pictures/old.png", "")
+        self.write("README.md", "![](docs/pictures/shown.png)")
+        self.assertEqual(
+            self.findings("check-links"), ["docs/pictures/old.png: no document shows it"]
+        )
+
 
 class WordsTest(TreeTest):
     def test_plain_comments_pass(self):

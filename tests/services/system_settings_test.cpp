@@ -65,6 +65,25 @@ TEST_F(Switches, TheAgentsOfOneSettingAgree) {
     EXPECT_FALSE(one.isOrientationLocked());
 }
 
+// That it is switched on and that it is active are two flags; the service may not answer.
+TEST_F(Switches, NightShiftTellsActiveFromEnabled) {
+    boot();
+    auto client = create<CBBlueLightClient>();
+    BlueLightStatus status{};
+    ASSERT_TRUE(client.getStatus(&status));
+    EXPECT_TRUE(status.active);
+    EXPECT_FALSE(status.enabled);
+    client.setEnabled(true);
+    client.send<"setActive:", bool>(false);
+    ASSERT_TRUE(client.getStatus(&status));
+    EXPECT_FALSE(status.active);
+    EXPECT_TRUE(status.enabled);
+    setNightShiftAnswers(false);
+    status = {};
+    EXPECT_FALSE(client.getStatus(&status));
+    EXPECT_FALSE(status.enabled);
+}
+
 TEST_F(Switches, LowPowerIsAnnouncedAndTurnsTheBatteryYellow) {
     boot();
     const auto before = screenPicture(1);

@@ -106,7 +106,7 @@ TEST_F(Settings, AReloadReadsTheFileAfresh) {
     EXPECT_EQ(layoutDirection, 1);
     EXPECT_EQ(MAX_SIZE, 115);
     auto allows = [](VNTToolBarController toolbar) {
-        return toolbar.mediaPlayerViewController().send<"allowOpenNowPlayingApp", bool>();
+        return toolbar.page<VNTMediaPlayerViewController>().send<"allowOpenNowPlayingApp", bool>();
     };
     EXPECT_FALSE(allows(VNTToolBarController::shared()));
     EXPECT_FALSE(allows(VNTSBToolBarController::shared()));

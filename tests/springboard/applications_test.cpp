@@ -92,7 +92,7 @@ TEST_F(BareApplications, AProcessIsMadeOnceAndGetsItsSceneInTime) {
     phone_->sceneAfter("com.example.notes", 3);
     boot();
     auto manager = FBProcessManager::shared();
-    FBProcess process = manager.createProcess("com.example.notes"_ns);
+    FBApplicationProcess process = manager.createProcess("com.example.notes"_ns);
     ASSERT_TRUE(process);
     EXPECT_FALSE(process.mainScene());
     EXPECT_EQ(manager.createProcess("com.example.notes"_ns), process);

@@ -21,9 +21,9 @@ class BrightnessOnReal : public SliderPhone {
     // By a finger on the open toolbar, to the right by that many points. Under the finger the slider grows
     // to 1.15: 23 points are 20 of its 120.
     void slide(double points) {
-        phone_->touchDown(onBrightness.x, onBrightness.y);
+        touch(onBrightness());
         phone_->wait(0.2);
-        phone_->touchMove(onBrightness.x + points, onBrightness.y, 0);
+        phone_->touchMove(onBrightness().x + points, onBrightness().y, 0);
     }
 };
 
@@ -73,7 +73,7 @@ TEST_F(BrightnessOnReal, OnThirteenSixTheServiceIsToldWhileTheFingerSlides) {
     EXPECT_EQ(openBrightnessTransactions(), 0);
     slide(23);
     EXPECT_EQ(openBrightnessTransactions(), 1);
-    phone_->touchMove(onBrightness.x + 40, onBrightness.y, 0);
+    phone_->touchMove(onBrightness().x + 40, onBrightness().y, 0);
     EXPECT_EQ(openBrightnessTransactions(), 1);
     phone_->touchUp();
     EXPECT_EQ(openBrightnessTransactions(), 0);

@@ -3,6 +3,7 @@
 #include "toggles/catalogue.hpp"
 
 #include "simulator/scenario/value.hpp"
+#include "simulator/services/system_settings.hpp"
 #include "tests/toggles/toggle_phone.hpp"
 
 namespace vantori::tests {
@@ -338,6 +339,30 @@ TEST_F(CatalogueDetails, NightShiftStaysAsItIsWhenItsStatusCannotBeHad) {
     EXPECT_TRUE(equal(tint(toggle.toggleButton().onImageView()), UIColor::systemOrange()));
     EXPECT_FALSE(toggle.currentStateName());
     tap(toggle);
+    toggle.refreshState();
+    expectShown(toggle, true);
+}
+
+TEST_F(CatalogueDetails, NightShiftStaysAsItIsWhenItsStatusIsRefused) {
+    boot();
+    Toggle toggle = makeToggle(kinds[6]);
+    phone_->toggle("nightshift", true);
+    simulator::setNightShiftAnswers(false);
+    toggle.refreshState();
+    expectShown(toggle, false);
+    simulator::setNightShiftAnswers(true);
+    toggle.refreshState();
+    expectShown(toggle, true);
+}
+
+// Whether it tints the display now is not whether it is switched on.
+TEST_F(CatalogueDetails, NightShiftIsOffWhileItIsOnlyActive) {
+    boot();
+    Toggle toggle = makeToggle(kinds[6]);
+    toggle.refreshState();
+    expectShown(toggle, false);
+    simulator::setNightShiftActive(false);
+    phone_->toggle("nightshift", true);
     toggle.refreshState();
     expectShown(toggle, true);
 }

@@ -1,4 +1,5 @@
 // The sliders of volume and brightness: what they read, what they write, and what their glyphs show.
+#include "tests/order.hpp"
 #include "tests/toggles/slider_phone.hpp"
 
 namespace vantori::tests {
@@ -330,6 +331,20 @@ TEST_F(Levels, TheMediaControlsPassItOn) {
     EXPECT_EQ(posted("com.ferolin.volume.should-refresh-value"), 1);
 }
 
+// The system's implementation first: who hears the post finds the change made.
+TEST_F(Levels, TheMediaControlsPassItOnAfterwards) {
+    boot();
+    int systemBefore = -1;
+    listenTo({"com.ferolin.volume.should-refresh-value"});
+    Order::look() = [&] {
+        systemBefore =
+            called("MediaControlsVolumeController", "volumeController:volumeValueDidChange:");
+    };
+    phone_->volume(0.7);
+    EXPECT_EQ(systemBefore, 1);
+    Order::look() = {};
+}
+
 // The phone's own ways.
 
 TEST_F(Levels, ALevelIsFromNothingToOne) {
@@ -360,14 +375,14 @@ TEST_F(Levels, TheVolumeSliderOfTheToolbarUnderAFinger) {
     boot();
     playFrom(77);
     openToolbar();
-    phone_->touchDown(onVolume.x, onVolume.y);
-    phone_->touchMove(onVolume.x - 23, onVolume.y, 0.2);
+    touch(onVolume());
+    phone_->touchMove(onVolume().x - 23, onVolume().y, 0.2);
     EXPECT_NEAR(volumeGiven(), 40.0 / 120, 1e-6);  // 60 less the 20 that 23 are when it is grown
     EXPECT_NEAR(shown(volumeSlider()), 40.0 / 120, 1e-6);
-    phone_->touchMove(0, onVolume.y, 0.2);
+    phone_->touchMove(0, onVolume().y, 0.2);
     EXPECT_EQ(volumeGiven(), 0.0);
     EXPECT_EQ(text(glyphState(volumeSlider())), "mute");
-    phone_->touchMove(375, onVolume.y, 0.2);
+    phone_->touchMove(375, onVolume().y, 0.2);
     EXPECT_EQ(volumeGiven(), 1.0);
     phone_->touchUp();
     phone_->wait(1);
@@ -390,8 +405,8 @@ TEST_P(Lacking, OneClassAtATime) {
     openToolbar();
     EXPECT_EQ(shown(volumeSlider()), GetParam().volume);
     EXPECT_EQ(shown(brightnessSlider()), GetParam().brightness);
-    for (CGPoint place : {onBrightness, onVolume}) {
-        phone_->touchDown(place.x, place.y);
+    for (CGPoint place : {onBrightness(), onVolume()}) {
+        touch(place);
         phone_->touchMove(place.x - 30, place.y, 0.2);
         phone_->touchMove(place.x + 300, place.y, 0.2);
         phone_->touchUp();
@@ -422,8 +437,8 @@ TEST_F(Levels, WithoutMaterialsThereIsNothingToDrag) {
     openToolbar();
     EXPECT_FALSE(brightnessSlider().frontView());
     EXPECT_FALSE(brightnessSlider().containerView());
-    phone_->touchDown(onBrightness.x, onBrightness.y);
-    phone_->touchMove(onBrightness.x - 30, onBrightness.y, 0.2);
+    touch(onBrightness());
+    phone_->touchMove(onBrightness().x - 30, onBrightness().y, 0.2);
     phone_->touchUp();
     EXPECT_EQ(brightnessGiven(), -1);
     EXPECT_EQ(posted("should-unlock-ScrollView"), 1);

@@ -8,10 +8,10 @@ namespace {
 class Panels : public SliderPhone {
   protected:
     static UIViewController brightnessPanel() {
-        return toolbar().brightnessSliderContainerViewController();
+        return toolbar().page<VNTBrightnessSliderContainerViewController>();
     }
     static UIViewController volumePanel() {
-        return toolbar().volumeSliderContainerViewController();
+        return toolbar().page<VNTVolumeSliderContainerViewController>();
     }
     template <FixedString property>
     static VNTDailyToggleViewController toggle(UIViewController panel) {
@@ -130,9 +130,7 @@ TEST_F(Panels, KeepsWhetherItShowsASwitcher) {
 TEST_F(Panels, ATouchOnAToggleLeavesTheSlidersAlone) {
     boot();
     openToolbar();
-    phone_->touchDown(21 + 25, onBrightness.y);
-    phone_->wait(0.05);
-    phone_->touchUp();
+    tapOn(toggle<"lowpowerVC">(brightnessPanel()).view());
     phone_->wait(1);
     EXPECT_EQ(posted("should-lock-ScrollView"), 0);
     EXPECT_TRUE((toggle<"lowpowerVC">(brightnessPanel()).isOn()));

@@ -1,6 +1,4 @@
-// A phone with sliders: loose ones, and those of the open toolbar. The screen is 375 by 812 points;
-// in the stacked toolbar, whose top stands at 812 - 515 = 297, the brightness slider lies at
-// (234, 297 + 215 + 25, 120, 50) and the volume slider 100 points lower.
+// A phone with sliders: loose ones, and those of the open toolbar.
 #pragma once
 
 #include "platform/definition.hpp"
@@ -12,8 +10,6 @@ namespace vantori::tests {
 
 class SliderPhone : public LibraryPhone {
   protected:
-    static constexpr CGPoint onBrightness{294, 562}, onVolume{294, 662};
-
     template <class T = VNTSlider>
     static Strong<T> slider(CGRect frame) {
         return create<T, "initWithFrame:">(frame);
@@ -31,19 +27,23 @@ class SliderPhone : public LibraryPhone {
 
     static VNTSBToolBarController toolbar() { return VNTSBToolBarController::shared(); }
     static UIView brightnessPage() {
-        return toolbar().brightnessSliderContainerViewController().view();
+        return toolbar().page<VNTBrightnessSliderContainerViewController>().view();
     }
-    static UIView volumePage() { return toolbar().volumeSliderContainerViewController().view(); }
+    static UIView volumePage() {
+        return toolbar().page<VNTVolumeSliderContainerViewController>().view();
+    }
     static VNTBrightnessSlider brightnessSlider() {
         return toolbar()
-            .brightnessSliderContainerViewController()
+            .page<VNTBrightnessSliderContainerViewController>()
             .send<"brightnessSlider", VNTBrightnessSlider>();
     }
     static VNTVolumeSlider volumeSlider() {
         return toolbar()
-            .volumeSliderContainerViewController()
+            .page<VNTVolumeSliderContainerViewController>()
             .send<"volumeSlider", VNTVolumeSlider>();
     }
+    static CGPoint onBrightness() { return middleOf(brightnessSlider()); }
+    static CGPoint onVolume() { return middleOf(volumeSlider()); }
     void openToolbar() {
         phone_->grabber(simulator::PullPhase::began, 60, 10, 0);
         phone_->grabber(simulator::PullPhase::ended, 60, 100, 0);

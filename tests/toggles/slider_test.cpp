@@ -171,19 +171,19 @@ class Dragged : public SliderPhone {
         boot();
         openToolbar();
     }
-    void touch(CGPoint place) { phone_->touchDown(place.x, place.y); }
-    void move(double x) { phone_->touchMove(x, onBrightness.y, 0); }
+    void move(double x) { phone_->touchMove(x, onBrightness().y, 0); }
 };
 
 TEST_F(Dragged, MovesTheFillByAsMuchAsTheFinger) {
     open();
-    touch({240, onBrightness.y});
+    const CGPoint start = onBrightness();
+    touch(start);
     EXPECT_EQ(shown(brightnessSlider()), 0.5);  // not to the finger
     phone_->wait(0.2);
-    move(263);
+    move(start.x + 23);
     EXPECT_NEAR(fill(brightnessSlider()), -60 + 20, 1e-5);
     EXPECT_NEAR(brightnessGiven(), 80.0 / 120, 1e-6);
-    move(240);
+    move(start.x);
     EXPECT_NEAR(fill(brightnessSlider()), -60, 1e-5);
     phone_->touchUp();
     EXPECT_EQ(called("SBBrightnessController", "_setBrightnessLevel:showHUD:"), 2);
@@ -191,11 +191,11 @@ TEST_F(Dragged, MovesTheFillByAsMuchAsTheFinger) {
 
 TEST_F(Dragged, EndsAtExactlyEmptyAndFull) {
     open();
-    touch(onBrightness);
-    phone_->touchMove(10, onBrightness.y, 0.3);
+    touch(onBrightness());
+    phone_->touchMove(10, onBrightness().y, 0.3);
     EXPECT_EQ(brightnessGiven(), 0.0);
     EXPECT_EQ(fill(brightnessSlider()), -120);
-    phone_->touchMove(370, onBrightness.y, 0.3);
+    phone_->touchMove(370, onBrightness().y, 0.3);
     EXPECT_EQ(brightnessGiven(), 1.0);
     EXPECT_EQ(fill(brightnessSlider()), 0);
     // From an odd place, in one leap.
@@ -209,10 +209,10 @@ TEST_F(Dragged, EndsAtExactlyEmptyAndFull) {
 
 TEST_F(Dragged, DoesNotDriftOverManySmallMoves) {
     open();
-    touch(onBrightness);
+    touch(onBrightness());
     for (int round = 0; round < 20; ++round) {
-        for (int i = 1; i <= 50; ++i) move(onBrightness.x + 0.37 * i);
-        for (int i = 49; i >= 0; --i) move(onBrightness.x + 0.37 * i);
+        for (int i = 1; i <= 50; ++i) move(onBrightness().x + 0.37 * i);
+        for (int i = 49; i >= 0; --i) move(onBrightness().x + 0.37 * i);
     }
     // 2000 moves, each of which the system keeps as a 32-bit float: a twentieth of a point at most.
     EXPECT_NEAR(fill(brightnessSlider()), -60, 0.005);
@@ -233,7 +233,7 @@ TEST_F(Dragged, AnIdleBarDoesNotDriftAtAll) {
 
 TEST_F(Dragged, GrowsUnderTheFingerAndTapsOnce) {
     open();
-    touch(onBrightness);
+    touch(onBrightness());
     EXPECT_EQ(brightnessSlider().transform(), (CGAffineTransform{1.15, 0, 0, 1.15, 0, 0}));
     EXPECT_EQ(phone_->haptics(0), 0);
     phone_->wait(0.16);
@@ -247,7 +247,7 @@ TEST_F(Dragged, GrowsUnderTheFingerAndTapsOnce) {
 
 TEST_F(Dragged, NoTapWhenTheGrowingIsInterrupted) {
     open();
-    touch(onBrightness);
+    touch(onBrightness());
     phone_->wait(0.05);
     phone_->interrupt(brightnessSlider().get());
     phone_->wait(1);
@@ -258,7 +258,7 @@ TEST_F(Dragged, NoTapWhenTheGrowingIsInterrupted) {
 TEST_F(Dragged, ATouchWithoutAMoveChangesNothing) {
     open();
     const CGRect frame = brightnessSlider().frame();
-    touch(onBrightness);
+    touch(onBrightness());
     phone_->wait(0.05);
     phone_->touchUp();
     phone_->wait(1);
@@ -272,7 +272,7 @@ TEST_F(Dragged, ATouchWithoutAMoveChangesNothing) {
 
 TEST_F(Dragged, ShrinksInFifteenHundredths) {
     open();
-    touch(onBrightness);
+    touch(onBrightness());
     phone_->wait(0.3);
     phone_->touchUp();
     auto onScreen = [&] {
@@ -290,21 +290,22 @@ TEST_F(Dragged, ShrinksInFifteenHundredths) {
 
 TEST_F(Dragged, NeitherMovesTheToolbar) {
     open();
-    touch(onBrightness);
+    const double top = toolbar().view().frame().origin.y;
+    touch(onBrightness());
     EXPECT_FALSE((toolbar().vantoriScrollView().send<"isScrollEnabled", bool>()));
     phone_->touchMove(200, 300, 0.3);
     phone_->touchMove(300, 800, 0.3);
     phone_->wait(0.2);
-    EXPECT_EQ(toolbar().view().frame().origin.y, 812 - 515);
+    EXPECT_EQ(toolbar().view().frame().origin.y, top);
     phone_->touchUp();
     phone_->wait(1);
-    EXPECT_EQ(toolbar().view().frame().origin.y, 812 - 515);
+    EXPECT_EQ(toolbar().view().frame().origin.y, top);
     EXPECT_TRUE(toolbar().isEnabled());
 }
 
 TEST_F(Dragged, TheToolbarMovesRightAfter) {
     open();
-    touch(onBrightness);
+    touch(onBrightness());
     phone_->touchMove(200, 300, 0.3);
     phone_->touchUp();
     EXPECT_TRUE((toolbar().vantoriScrollView().send<"isScrollEnabled", bool>()));
@@ -318,9 +319,7 @@ TEST_F(Dragged, TheToolbarMovesRightAfter) {
 
 class Paged : public SliderPhone {
   protected:
-    // The third page of the flat toolbar is the brightness; its slider lies at
-    // (234, 812 - 115 + 15 + 25, 120, 50).
-    static constexpr double middle = 762;
+    // The third page of the flat toolbar is the brightness.
     void open() {
         set("layoutDirection", 1);
         boot();
@@ -329,8 +328,9 @@ class Paged : public SliderPhone {
     }
     static UIScrollView pages() { return toolbar().vantoriScrollView(); }
     void swipeBeside() {
-        phone_->touchDown(300, 720);
-        phone_->touchMove(60, 720, 0.2);
+        const double above = onBrightness().y - 42;
+        phone_->touchDown(300, above);
+        phone_->touchMove(60, above, 0.2);
         phone_->touchUp();
         phone_->wait(2);
     }
@@ -338,11 +338,12 @@ class Paged : public SliderPhone {
 
 TEST_F(Paged, StaysWhileItsSliderIsDragged) {
     open();
-    phone_->touchDown(294, middle);
-    phone_->touchMove(40, middle, 0.3);
+    const CGPoint start = onBrightness();
+    touch(start);
+    phone_->touchMove(40, start.y, 0.3);
     EXPECT_EQ(pages().contentOffset(), (CGPoint{750, 0}));
     EXPECT_EQ(shown(brightnessSlider()), 0);
-    phone_->touchMove(374, middle, 0.3);
+    phone_->touchMove(374, start.y, 0.3);
     EXPECT_EQ(pages().contentOffset(), (CGPoint{750, 0}));
     phone_->touchUp();
     phone_->wait(1);
@@ -353,8 +354,9 @@ TEST_F(Paged, StaysWhileItsSliderIsDragged) {
 
 TEST_F(Paged, PagesAgainAfterACancelledTouch) {
     open();
-    phone_->touchDown(294, middle);
-    phone_->touchMove(274, middle, 0.1);
+    const CGPoint start = onBrightness();
+    touch(start);
+    phone_->touchMove(start.x - 20, start.y, 0.1);
     EXPECT_FALSE((pages().send<"isScrollEnabled", bool>()));
     phone_->touchCancel();
     EXPECT_EQ(posted("should-unlock-ScrollView"), 1);
@@ -367,7 +369,8 @@ TEST_F(Paged, PagesAgainAfterACancelledTouch) {
 
 TEST_F(Paged, ATouchOnTheGlyphIsOnTheSlider) {
     open();
-    phone_->touchDown(234 + 30, middle);
+    const CGPoint middle = onBrightness();
+    touch({middle.x - 30, middle.y});  // the glyph lies in the left half
     EXPECT_FALSE((pages().send<"isScrollEnabled", bool>()));
     EXPECT_EQ(posted("should-lock-ScrollView"), 1);
     phone_->touchUp();
@@ -375,7 +378,7 @@ TEST_F(Paged, ATouchOnTheGlyphIsOnTheSlider) {
 
 TEST_F(Paged, BothToolbarsAreLocked) {
     open();
-    phone_->touchDown(294, middle);
+    touch(onBrightness());
     UIScrollView other = VNTToolBarController::shared().vantoriScrollView();
     EXPECT_FALSE((other.send<"isScrollEnabled", bool>()));
     phone_->touchUp();

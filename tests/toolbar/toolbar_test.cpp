@@ -6,6 +6,7 @@
 #include "pages/lifted_scene.hpp"
 #include "platform/definition.hpp"
 #include "tests/library_phone.hpp"
+#include "tests/order.hpp"
 #include "toolbar/arrangement.hpp"
 
 namespace vantori::tests {
@@ -28,10 +29,11 @@ class Toolbar : public LibraryPhone {
         phone_->wait(1);
     }
     static void expectPages(VNTToolBarController toolbar, CGRect first, double dx, double dy) {
-        UIViewController pages[] = {
-            toolbar.connectivityBarViewController(), toolbar.mediaPlayerViewController(),
-            toolbar.brightnessSliderContainerViewController(),
-            toolbar.volumeSliderContainerViewController(), toolbar.iconsContainerViewController()};
+        UIViewController pages[] = {toolbar.page<VNTConnectivityBarViewController>(),
+                                    toolbar.page<VNTMediaPlayerViewController>(),
+                                    toolbar.page<VNTBrightnessSliderContainerViewController>(),
+                                    toolbar.page<VNTVolumeSliderContainerViewController>(),
+                                    toolbar.page<VNTIconsContainerViewController>()};
         for (int i = 0; i < 5; ++i) {
             CGRect expected = first;
             expected.origin.x += dx * i;
@@ -39,7 +41,7 @@ class Toolbar : public LibraryPhone {
             EXPECT_EQ(frameOf(pages[i]), expected) << "page " << i;
             EXPECT_EQ(alphaOf(pages[i]), 1) << "page " << i;
         }
-        EXPECT_EQ(alphaOf(toolbar.dailyControlViewController()), 0);
+        EXPECT_EQ(alphaOf(toolbar.page<VNTDailyToolBarViewController>()), 0);
     }
 };
 
@@ -76,22 +78,74 @@ TEST_P(SideBySide, ForEveryOtherDirection) {
     EXPECT_EQ(alphaOf(app().ccTogglesViewControllerForApp()), 0);
     app().refreshLayoutForDirection(GetParam());
     EXPECT_NEAR(app().scrollViewPageController().alpha(), 0.9, 1e-6);
+    EXPECT_EQ(app().maxHeight(), 115);
+    EXPECT_EQ(sb().maxHeight(), 115);
     // The height test is for 1, the arrangement test for 3.
     EXPECT_EQ(sb().suggestedY(), GetParam() == 1 ? 115 : 515);
     EXPECT_FALSE(sb().ccTogglesViewController());
 }
 
+// For 0 and 2 the toolbar above is as high as a stack, and its content two screens wide; the one
+// behind applications lays its strip out for every number but 3.
+TEST_P(SideBySide, TheTwoControllersAfterASettingsChange) {
+    bootWithDirection(GetParam());
+    announceSettings();
+    const bool strip = GetParam() == 1;
+    EXPECT_EQ(app().vantoriScrollView().contentSize(), (CGSize{1875, 115}));
+    EXPECT_EQ(sb().vantoriScrollView().contentSize(), (CGSize{strip ? 1875.0 : 750.0, 115}));
+    EXPECT_NEAR(app().scrollViewPageController().alpha(), 0.9, 1e-6);
+    EXPECT_EQ(sb().scrollViewPageController().alpha(), 1);
+    EXPECT_EQ(sb().suggestedY(), strip ? 115 : 515);
+    EXPECT_EQ((sb().send<"suggestedFrame", CGRect>()), (rect(0, 812, 375, strip ? 115 : 515)));
+    expectPages(app(), rect(0, 15, 375, 100), 375, 0);
+    expectPages(sb(), rect(0, 15, 375, 100), 375, 0);
+    EXPECT_EQ(app().view().frame(), (rect(0, 697, 375, 115)));
+}
+
 INSTANTIATE_TEST_SUITE_P(Directions, SideBySide, testing::Values(0, 1, 2));
+
+struct TouchState {
+    UIView view;
+};
+struct Touch : Object {
+    static constexpr FixedString name{"VNTTestTouch"};
+    using Object::Object;
+};
+
+// A touch on a slider, or on what lies one or two levels inside it, does not move the toolbar.
+class TouchInSlider : public Toolbar, public testing::WithParamInterface<int> {};
+
+TEST_P(TouchInSlider, IsLookedForThreeLevelsUp) {
+    boot();
+    const Strong<UIView> slider =
+        retained<UIView>(sb().page<VNTBrightnessSliderContainerViewController>().brightnessSlider());
+    UIView touched = slider;
+    for (int level = 0; level < GetParam(); ++level) {
+        auto inner = create<UIView, "initWithFrame:">(rect(0, 0, 10, 10));
+        touched.addSubview(inner);
+        touched = inner;
+    }
+    define<Touch, Object, TouchState>().property<"view", &TouchState::view>();
+    auto touch = create<Touch>();
+    touch.send<"setView:">(touched);
+    const bool moves = GetParam() > 2;
+    sb().vantoriScrollView().setScrollEnabled(!moves);
+    EXPECT_EQ((sb().send<"gestureRecognizer:shouldReceiveTouch:", bool>(Object(), Object(touch))),
+              moves);
+    EXPECT_EQ((sb().vantoriScrollView().send<"isScrollEnabled", bool>()), moves);
+}
+
+INSTANTIATE_TEST_SUITE_P(Levels, TouchInSlider, testing::Values(0, 1, 2, 3));
 
 // The page's bounds shrink to the strip about the middle of the screen: (812 - 100) / 2 = 356.
 TEST_F(Toolbar, TheEverydayPageKeepsItsFirstFrame) {
     boot();
-    const CGRect first = frameOf(app().dailyControlViewController());
+    const CGRect first = frameOf(app().page<VNTDailyToolBarViewController>());
     EXPECT_EQ(first, (rect(0, 356, 375, 100)));
     set("layoutDirection", 1);
     announceSettings();
-    EXPECT_EQ(frameOf(app().dailyControlViewController()), first);
-    EXPECT_EQ(alphaOf(app().dailyControlViewController()), 0);
+    EXPECT_EQ(frameOf(app().page<VNTDailyToolBarViewController>()), first);
+    EXPECT_EQ(alphaOf(app().page<VNTDailyToolBarViewController>()), 0);
 }
 
 TEST_F(Toolbar, FixedViews) {
@@ -203,9 +257,80 @@ TEST_F(Toolbar, TheWindowIsMadeOnceAndSizesTheView) {
     EXPECT_TRUE((window.send<"_isSecure", bool>()));
     EXPECT_TRUE((sendClass<VNTSBHostWindow, "_isSecure", bool>()));
     sb().setIsEnabled(true);
+    sb().updateYValue(297);
+    phone_->clear();
     sb().makeKeyWindow();
     EXPECT_EQ(sb().vantoriHostWindow(), window);
     EXPECT_TRUE(sb().isEnabled());
+    EXPECT_EQ(sb().view().frame().origin.y, 297);
+    EXPECT_EQ(window.subviews().count(), 2u);
+    EXPECT_EQ(phone_->calledCount("UIWindow", "makeKeyAndVisible"), 0);
+}
+
+TEST_F(Toolbar, ADismissalStopsTheMarqueeBeforeControlCenterIsBack) {
+    bootWithDirection(1);
+    openToolbar();
+    listenTo({"com.ferolin.vantori-stopmarquee", "com.ferolin.vantori-ccback"});
+    std::vector<bool> openThen;
+    Order::look() = [&] { openThen.push_back(sb().isEnabled()); };
+    sb().dismiss();
+    EXPECT_EQ(Order::events(), (std::vector<std::string>{"com.ferolin.vantori-stopmarquee",
+                                                         "com.ferolin.vantori-ccback"}));
+    EXPECT_EQ(openThen, (std::vector<bool>{true, true}));
+    EXPECT_FALSE(sb().isEnabled());
+    Order::look() = {};
+}
+
+struct BlurOn {
+    const char* system;
+    bool dark;
+    long style;  // light 1, dark 2
+};
+class BlurStyle : public Toolbar, public testing::WithParamInterface<BlurOn> {
+  protected:
+    static long style() {
+        return sb()
+            .send<"backgroundVisualEffectView", UIView>()
+            .send<"effect", Object>()
+            .send<"_style", long>();
+    }
+};
+
+// Before iOS 13 there is one style, and the blur is dark.
+TEST_P(BlurStyle, FollowsTheInterface) {
+    phone_->system(GetParam().system);
+    boot();
+    EXPECT_EQ(style(), std::string(GetParam().system) == "12.4" ? 2 : 1);
+    sb().makeKeyWindow();
+    phone_->appearance(GetParam().dark);
+    EXPECT_EQ(style(), GetParam().style);
+}
+
+INSTANTIATE_TEST_SUITE_P(Systems, BlurStyle,
+                         testing::Values(BlurOn{"12.4", false, 2}, BlurOn{"13.3", false, 1},
+                                         BlurOn{"13.3", true, 2}, BlurOn{"14.2", true, 2}));
+
+// With nothing in front the answer of the device alone changes nothing.
+TEST_F(Toolbar, ATurnIsFollowedOnlyInFrontOfAnApplication) {
+    boot();
+    sb().makeKeyWindow();
+    phone_->rotate(simulator::Orientation::landscapeRight);
+    phone_->wait(1);
+    sb().layoutForOrientation(1);
+    ASSERT_EQ(sb().suggestedY(), 515);
+    for (const char* post :
+         {"com.ferolin.vantori.did-rotated", "UIDeviceOrientationDidChangeNotification"}) {
+        phone_->post(post);
+        EXPECT_EQ(sb().suggestedY(), 515) << post;
+    }
+    phone_->open("com.example.notes");
+    phone_->wait(1);
+    for (const char* post :
+         {"com.ferolin.vantori.did-rotated", "UIDeviceOrientationDidChangeNotification"}) {
+        sb().layoutForOrientation(1);
+        phone_->post(post);
+        EXPECT_EQ(sb().suggestedY(), 215) << post;
+    }
 }
 
 TEST_F(Toolbar, TheShadowFollowsTheHeight) {
@@ -428,11 +553,13 @@ TEST_F(Toolbar, UpsideDownLeavesTheWindowAndLaysOutTheGrid) {
     sb().layoutForOrientation(2);
     EXPECT_EQ(sb().vantoriHostWindow().frame(), (rect(0, 0, 375, 812)));
     // s = 375, l = 812, x0 = 31.
-    EXPECT_EQ(frameOf(sb().connectivityBarViewController()), (rect(31, 15, 375, 100)));
-    EXPECT_EQ(frameOf(sb().volumeSliderContainerViewController()), (rect(31, 115, 375, 100)));
-    EXPECT_EQ(frameOf(sb().brightnessSliderContainerViewController()), (rect(406, 115, 375, 100)));
-    EXPECT_EQ(frameOf(sb().mediaPlayerViewController()), (rect(406, 15, 375, 100)));
-    EXPECT_EQ(alphaOf(sb().iconsContainerViewController()), 0);
+    EXPECT_EQ(frameOf(sb().page<VNTConnectivityBarViewController>()), (rect(31, 15, 375, 100)));
+    EXPECT_EQ(frameOf(sb().page<VNTVolumeSliderContainerViewController>()),
+              (rect(31, 115, 375, 100)));
+    EXPECT_EQ(frameOf(sb().page<VNTBrightnessSliderContainerViewController>()),
+              (rect(406, 115, 375, 100)));
+    EXPECT_EQ(frameOf(sb().page<VNTMediaPlayerViewController>()), (rect(406, 15, 375, 100)));
+    EXPECT_EQ(alphaOf(sb().page<VNTIconsContainerViewController>()), 0);
     EXPECT_EQ(alphaOf(sb().ccTogglesViewController()), 0);
     EXPECT_EQ(sb().maxHeight(), 215);
     EXPECT_EQ(sb().suggestedY(), 215);

@@ -294,6 +294,116 @@ INSTANTIATE_TEST_SUITE_P(Phones, WelcomeOn,
                          testing::Values("iPhone8,4", "iPhone10,1", "iPhone9,2", "iPhone10,3",
                                          "iPhone11,8", "iPhone12,5", "iPhone13,2", "iPhone13,4"));
 
+// On its side the pager can be read, turned by a finger and left.
+class WelcomeTurned : public WelcomeOn {
+  protected:
+    static bool overlap(CGRect a, CGRect b) {
+        return a.origin.x < right(b) && b.origin.x < right(a) && a.origin.y < bottom(b) &&
+               b.origin.y < bottom(a);
+    }
+    void turn(simulator::Orientation orientation) {
+        phone_->rotate(orientation);
+        phone_->wait(1);
+    }
+    void swipe() {
+        const CGSize screen = UIScreen::mainScreen().bounds().size;
+        phone_->touchDown(screen.width - 60, screen.height / 2);
+        phone_->touchMove(60, screen.height / 2, 0.2);
+        phone_->touchUp();
+        phone_->wait(2);
+    }
+    static void expectAllInside(CGRect frame, double left, CGSize room) {
+        EXPECT_GE(frame.origin.x, left + 15);
+        EXPECT_LE(right(frame), left + room.width - 15);
+        EXPECT_GE(frame.origin.y, 0);
+        EXPECT_LE(bottom(frame), room.height);
+    }
+};
+
+TEST_P(WelcomeTurned, EveryPageCanBeRead) {
+    phone_->device(GetParam());
+    boot();
+    turn(simulator::Orientation::landscapeRight);
+    const CGSize screen = UIScreen::mainScreen().bounds().size;
+    ASSERT_GT(screen.width, screen.height);
+    EXPECT_EQ(pager().view().frame(), rect(0, 0, screen.width, screen.height));
+    const CGRect scroll = scrollView().frame();
+    EXPECT_EQ(right(scroll), screen.width);
+    EXPECT_EQ(bottom(scroll), screen.height);
+    EXPECT_EQ(scrollView().contentSize(), (CGSize{screen.width * 4, scroll.size.height}));
+    CGRect dots = part<UIPageControl>("pageControl").frame();
+    EXPECT_EQ(dots.origin.x, (screen.width - 100) / 2);
+    dots.origin.y -= scroll.origin.y;
+    NSArray subviews = scrollView().subviews();
+    for (unsigned long page = 0; page < 4; ++page) {
+        const CGRect picture = subviews.at<UIView>(page * 3).frame();
+        auto title = subviews.at<UILabel>(page * 3 + 1);
+        auto description = subviews.at<UILabel>(page * 3 + 2);
+        const double left = screen.width * static_cast<double>(page);
+        CGRect dotsHere = dots;
+        dotsHere.origin.x += left;
+        for (CGRect frame : {picture, title.frame(), description.frame()}) {
+            expectAllInside(frame, left, scroll.size);
+            EXPECT_FALSE(overlap(frame, dotsHere));
+        }
+        EXPECT_GE(picture.size.height, 100);
+        EXPECT_FALSE(overlap(picture, title.frame()));
+        EXPECT_FALSE(overlap(picture, description.frame()));
+        EXPECT_FALSE(overlap(title.frame(), description.frame()));
+        EXPECT_LE((title.send<"intrinsicContentSize", CGSize>().width), title.frame().size.width);
+        const CGSize room = description.send<"sizeThatFits:", CGSize>(
+            CGSize{description.frame().size.width, 10000});
+        EXPECT_EQ(description.frame().size.height, room.height);
+    }
+    for (unsigned long i : {0UL, 1UL}) {
+        const CGRect frame = button(i).frame();
+        expectAllInside(frame, screen.width * 3, scroll.size);
+        for (unsigned long view = 9; view < 12; ++view) {
+            EXPECT_FALSE(overlap(frame, subviews.at<UIView>(view).frame())) << view;
+        }
+    }
+    EXPECT_FALSE(overlap(button(0).frame(), button(1).frame()));
+}
+
+TEST_P(WelcomeTurned, AFingerTurnsThePagesAndLeaves) {
+    phone_->device(GetParam());
+    boot();
+    turn(simulator::Orientation::landscapeLeft);
+    for (int i = 0; i < 3; ++i) swipe();
+    EXPECT_EQ(counter(), "4/4");
+    tap(button(1));
+    phone_->wait(2);
+    EXPECT_TRUE(pagers().empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Phones, WelcomeTurned,
+                         testing::Values("iPhone8,4", "iPhone10,1", "iPhone9,2", "iPhone10,3",
+                                         "iPhone12,5"));
+
+TEST_F(WelcomePager, ThePageInFrontStaysThereWhenThePhoneIsTurned) {
+    boot();
+    decelerateAt(2);
+    phone_->rotate(simulator::Orientation::landscapeRight);
+    phone_->wait(1);
+    EXPECT_EQ(scrollView().contentOffset(), (CGPoint{812 * 2, 0}));
+    EXPECT_EQ(counter(), "3/4");
+    phone_->rotate(simulator::Orientation::portrait);
+    phone_->wait(1);
+    EXPECT_EQ(scrollView().contentOffset(), (CGPoint{375 * 2, 0}));
+    EXPECT_EQ(pager().view().frame(), rect(0, 0, 375, 812));
+    EXPECT_EQ(scrollView().frame(), rect(0, 114, 375, 812 - 114));
+}
+
+TEST_F(WelcomePager, ShownOnATurnedPhoneItIsTurned) {
+    boot();
+    phone_->rotate(simulator::Orientation::landscapeRight);
+    phone_->wait(1);
+    homeScreen().send<"presentUpdateInfo">();
+    EXPECT_EQ(pager().view().frame(), rect(0, 0, 812, 375));
+    EXPECT_EQ(scrollView().contentSize().width, 812 * 4);
+    EXPECT_EQ(button(1).frame().origin.y, button(0).frame().origin.y);
+}
+
 class WelcomePictures : public WelcomePager {
   protected:
     static NSArray pictures() { return part<NSArray>("updatePictures"); }

@@ -155,6 +155,30 @@ TEST_F(Animations, AnimatedViewsRefuseNewTouchesUnlessAllowed) {
     EXPECT_EQ(window_.hitTest({50, 50}, Object()), view_);
 }
 
+// As documented: blocks inside do not animate either.
+TEST_F(Animations, WithoutAnimationCoversWhatIsInside) {
+    std::shared_ptr<std::optional<bool>> outcome;
+    bool enabled = true;
+    auto changes = block([&] {
+        enabled = sendClass<UIView, "areAnimationsEnabled", bool>();
+        outcome = spring([&] { moveTo(200); });
+    });
+    sendClass<UIView, "performWithoutAnimation:">(BlockRef<void()>(changes));
+    EXPECT_FALSE(enabled);
+    EXPECT_EQ(shownY(), 200);
+    EXPECT_TRUE((sendClass<UIView, "areAnimationsEnabled", bool>()));
+    pass(Clock::frame);
+    EXPECT_EQ(*outcome, true);
+}
+
+// As documented: the model of what is on screen is the layer that it was taken from.
+TEST_F(Animations, ThePresentationKnowsItsModel) {
+    CALayer shown = view_.layer().send<"presentationLayer", CALayer>();
+    EXPECT_NE(shown, view_.layer());
+    EXPECT_EQ((shown.send<"modelLayer", CALayer>()), view_.layer());
+    EXPECT_EQ((view_.layer().send<"modelLayer", CALayer>()), view_.layer());
+}
+
 }  // namespace
 
 }  // namespace simulator::testing

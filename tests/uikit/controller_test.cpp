@@ -169,6 +169,273 @@ TEST_F(Controllers, TurningTheDevicePostsOnlyOnChange) {
     UIDevice::currentDevice().setOrientation(1, false);
 }
 
+// Observed on devices: a subview's new size, not its new place, lays its superview out too.
+TEST_F(Controllers, ASubviewsNewSizeLaysOutItsSuperview) {
+    auto window = makeWindow();
+    auto controller = create<LoggingController>();
+    auto view = create<LoggingView, "initWithFrame:">(rect(0, 0, 10, 10));
+    controller.send<"setView:">(UIView(view.get()));
+    window.setRootViewController(controller);
+    auto child = makeView(rect(0, 0, 5, 5));
+    view.addSubview(child);
+    pass(0);
+    calls().clear();
+    child.setCenter({20, 20});
+    pass(0);
+    EXPECT_EQ(calls(), Calls{});
+    child.setFrame(rect(0, 0, 6, 5));
+    pass(0);
+    EXPECT_EQ(calls(), (Calls{"will", "layout", "did"}));
+}
+
+struct ArrangingView : UIView {
+    static constexpr FixedString name{"ArrangingView"};
+    using UIView::UIView;
+};
+
+TEST_F(Controllers, ASuperviewMayArrangeItsSubviewsInItsOwnLayout) {
+    table<ArrangingView, UIView>().method<"layoutSubviews">([](ArrangingView v) {
+        calls().push_back("arrange");
+        const double side = v.subviews().at<UIView>(0).frame().size.width + 1;
+        v.subviews().at<UIView>(0).setFrame(rect(0, 0, side, side));
+    });
+    auto window = makeWindow();
+    auto view = create<ArrangingView, "initWithFrame:">(rect(0, 0, 10, 10));
+    view.addSubview(makeView(rect(0, 0, 5, 5)));
+    window.addSubview(view);
+    pass(0);
+    EXPECT_EQ(calls(), Calls{"arrange"});
+}
+
+// Observed on devices: a view has one controller at most.
+TEST_F(Controllers, AnotherControllersViewIsRefused) {
+    auto first = create<UIViewController>(), second = create<UIViewController>();
+    Strong<UIView> view = retained(first.view());
+    EXPECT_ANY_THROW(second.send<"setView:">(UIView(view.get())));
+    EXPECT_EQ(first.view(), view);
+    first.send<"setView:">(UIView());
+    second.send<"setView:">(UIView(view.get()));
+    EXPECT_EQ(second.view(), view);
+}
+
+struct AppearingController : UIViewController {
+    static constexpr FixedString name{"AppearingController"};
+    using UIViewController::UIViewController;
+};
+
+void note(UIViewController controller, const char* what) {
+    calls().push_back(std::string(controller.send<"title", NSString>().utf8()) + " " + what);
+}
+
+class Presentations : public Controllers {
+  protected:
+    Presentations() {
+        table<AppearingController, UIViewController>()
+            .method<"viewWillAppear:">([](AppearingController c, bool) { note(c, "will appear"); })
+            .method<"viewDidAppear:">([](AppearingController c, bool) { note(c, "did appear"); })
+            .method<"viewWillDisappear:">(
+                [](AppearingController c, bool) { note(c, "will disappear"); })
+            .method<"viewDidDisappear:">(
+                [](AppearingController c, bool) { note(c, "did disappear"); });
+        below_ = make("below"_ns);
+        above_ = make("above"_ns);
+        window_ = makeWindow();
+        window_.setRootViewController(below_);
+        calls().clear();
+    }
+    static Strong<UIViewController> make(NSString title) {
+        Strong<UIViewController> controller = create<AppearingController>();
+        controller.send<"setTitle:">(title);
+        return controller;
+    }
+    void present() {
+        below_.send<"presentViewController:animated:completion:">(UIViewController(above_.get()),
+                                                                  false, BlockRef<void()>());
+    }
+    void dismiss() {
+        below_.send<"dismissViewControllerAnimated:completion:">(false, BlockRef<void()>());
+    }
+    Strong<UIViewController> below_, above_;
+    Strong<UIWindow> window_;
+};
+
+// As documented for UIModalPresentationFullScreen; the order is that of devices.
+TEST_F(Presentations, OverTheWholeScreenThePresenterGoes) {
+    present();
+    EXPECT_EQ(calls(), (Calls{"below will disappear", "above will appear", "above did appear",
+                              "below did disappear"}));
+    EXPECT_FALSE(below_.view().superview());
+    EXPECT_EQ(above_.view().superview(), window_);
+    calls().clear();
+    dismiss();
+    EXPECT_EQ(calls(), (Calls{"above will disappear", "below will appear", "below did appear",
+                              "above did disappear"}));
+    EXPECT_EQ(below_.view().superview(), window_);
+    EXPECT_FALSE(above_.view().superview());
+}
+
+TEST_F(Presentations, OverItsContextThePresenterStays) {
+    constexpr long overFullScreen = 5;
+    above_.send<"setModalPresentationStyle:">(overFullScreen);
+    present();
+    EXPECT_EQ(calls(), (Calls{"above will appear", "above did appear"}));
+    EXPECT_EQ(below_.view().superview(), window_);
+}
+
+struct WindowWitness : Object {
+    static constexpr FixedString name{"WindowWitness"};
+    using Object::Object;
+};
+
+// As documented.
+TEST_F(Controllers, WindowsTellWhatBecomesOfThem) {
+    table<WindowWitness, Object>().method<"told:">([](WindowWitness, Object notification) {
+        std::string name = notification.send<"name", NSString>().utf8();
+        const bool second = notification.send<"object", UIView>().frame().size.width == 20;
+        calls().push_back(name.substr(11, name.size() - 23) + (second ? " 2" : " 1"));
+    });
+    auto witness = create<WindowWitness>();
+    for (const char* name :
+         {"UIWindowDidBecomeVisibleNotification", "UIWindowDidBecomeHiddenNotification",
+          "UIWindowDidBecomeKeyNotification", "UIWindowDidResignKeyNotification"}) {
+        NSNotificationCenter::defaultCenter().addObserver(
+            Object(witness.get()), sel_registerName("told:"), NSString::from(name));
+    }
+    auto first = makeWindow(rect(0, 0, 10, 10));
+    EXPECT_EQ(calls(), (Calls{"BecomeVisible 1", "BecomeKey 1"}));
+    calls().clear();
+    auto second = makeWindow(rect(0, 0, 20, 20));
+    EXPECT_EQ(calls(), (Calls{"BecomeVisible 2", "ResignKey 1", "BecomeKey 2"}));
+    calls().clear();
+    second.setHidden(true);
+    EXPECT_EQ(calls(), Calls{"BecomeHidden 2"});
+    NSNotificationCenter::defaultCenter().send<"removeObserver:">(Object(witness.get()));
+}
+
+// As documented.
+TEST_F(Controllers, MakingKeyAndVisibleBringsToTheFrontOfTheLevel) {
+    auto first = makeWindow(), second = makeWindow(), above = makeWindow();
+    above.setWindowLevel(10);
+    first.makeKeyAndVisible();
+    EXPECT_EQ(windowsBackToFront(), (std::vector<Strong<UIWindow>>{second, first, above}));
+}
+
+// As documented: the hidden ones are there too, ordered from back to front.
+TEST_F(Controllers, TheApplicationKnowsItsHiddenWindows) {
+    auto front = makeWindow();
+    front.setWindowLevel(10);
+    auto hidden = create<UIWindow, "initWithFrame:">(rect(0, 0, 10, 10));
+    auto application = sendClass<UIApplication, "sharedApplication", UIApplication>();
+    NSArray all = application.send<"windows", NSArray>();
+    ASSERT_EQ(all.count(), 2u);
+    EXPECT_EQ(all.at(0), Object(hidden.get()));
+    EXPECT_EQ(all.at(1), Object(front.get()));
+}
+
+// As documented: a phone that lies is compact in height, and regular in width when it is large.
+TEST_F(Controllers, ATurnChangesTheSizeClasses) {
+    auto window = makeWindow();
+    auto controller = create<LoggingController>();
+    window.setRootViewController(controller);
+    const Screen before = screen();
+    auto classes = [&] {
+        auto traits = controller.send<"traitCollection", UITraitCollection>();
+        return std::pair(traits.send<"horizontalSizeClass", long>(),
+                         traits.send<"verticalSizeClass", long>());
+    };
+    EXPECT_EQ(classes(), std::pair(1L, 2L));
+    calls().clear();
+    setInterfaceOrientation(orientationLandscapeRight);
+    EXPECT_EQ(calls(), Calls{"traits 1"});
+    EXPECT_EQ(classes(), std::pair(1L, 1L));
+    setInterfaceOrientation(orientationLandscapeLeft);
+    EXPECT_EQ(calls().size(), 1u);
+    screen().portrait = {414, 896};
+    EXPECT_EQ(classes(), std::pair(2L, 1L));
+    setInterfaceOrientation(orientationPortrait);
+    screen() = before;
+}
+
+struct TimerWitness : Object {
+    static constexpr FixedString name{"TimerWitness"};
+    using Object::Object;
+};
+
+class Timers : public Controllers {
+  protected:
+    Timers() {
+        table<TimerWitness, Object>().method<"act:">(
+            [](TimerWitness, Object) { calls().push_back("acted"); });
+        witness_ = create<TimerWitness>();
+    }
+    Object made(bool repeats) {
+        return sendClass<NSTimer,
+                         "timerWithTimeInterval:target:selector:userInfo:repeats:", Object>(
+            1.0, Object(witness_.get()), sel_registerName("act:"), Object(), repeats);
+    }
+    static void add(Object timer, NSString mode) {
+        Object(classObject(objc_getClass("NSRunLoop")))
+            .send<"mainRunLoop", Object>()
+            .send<"addTimer:forMode:">(timer, mode);
+    }
+    Strong<TimerWitness> witness_;
+};
+
+// As documented: a timer fires once it is in a run loop, at its fire date.
+TEST_F(Timers, ActInTheRunLoopThatTheyAreAddedTo) {
+    Object timer = made(true);
+    pass(2);
+    EXPECT_EQ(calls(), Calls{});
+    timer.send<"setFireDate:">(Object(classObject(objc_getClass("NSDate")))
+                                   .send<"dateWithTimeIntervalSinceNow:", Object>(0.5));
+    add(timer, "NSDefaultRunLoopMode"_ns);
+    pass(0.4);
+    EXPECT_EQ(calls(), Calls{});
+    pass(0.2);
+    EXPECT_EQ(calls().size(), 1u);
+    pass(1);
+    EXPECT_EQ(calls().size(), 2u);
+    timer.send<"invalidate">();
+    pass(2);
+    EXPECT_EQ(calls().size(), 2u);
+}
+
+TEST_F(Timers, KnowWhenTheyFireNext) {
+    Object timer = made(true);
+    add(timer, "NSRunLoopCommonModes"_ns);
+    auto left = [&] {
+        return timer.send<"fireDate", Object>().send<"timeIntervalSinceNow", double>();
+    };
+    EXPECT_NEAR(left(), 1, 0.05);
+    pass(0.75);
+    EXPECT_NEAR(left(), 0.25, 0.05);
+    pass(0.5);
+    EXPECT_NEAR(left(), 0.75, 0.05);
+    timer.send<"invalidate">();
+}
+
+// As documented: after the delay, in a later turn even without one, and not when cancelled.
+TEST_F(Timers, DelayedMessagesArrive) {
+    auto later = [&](double delay) {
+        witness_.send<"performSelector:withObject:afterDelay:">(sel_registerName("act:"), Object(),
+                                                                delay);
+    };
+    later(0);
+    EXPECT_EQ(calls(), Calls{});
+    pass(Clock::frame);
+    EXPECT_EQ(calls().size(), 1u);
+    later(1);
+    pass(0.9);
+    EXPECT_EQ(calls().size(), 1u);
+    pass(0.2);
+    EXPECT_EQ(calls().size(), 2u);
+    later(1);
+    Object(classObject(objc_getClass("NSObject")))
+        .send<"cancelPreviousPerformRequestsWithTarget:">(Object(witness_.get()));
+    pass(2);
+    EXPECT_EQ(calls().size(), 2u);
+}
+
 }  // namespace
 
 }  // namespace simulator::testing

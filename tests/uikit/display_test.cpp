@@ -1,4 +1,9 @@
 // What the canvas gets to see: the scene of the windows, labels, images' colours, alerts, the tree.
+#include <unistd.h>
+
+#include <filesystem>
+
+#include "simulator/rendering/png.hpp"
 #include "simulator/uikit/classes.hpp"
 #include "simulator/uikit/raise.hpp"
 #include "simulator/uikit/scene.hpp"
@@ -69,7 +74,6 @@ TEST_F(Display, SystemColoursHaveADarkForm) {
     auto blue = sendClass<UIColor, "systemBlueColor", UIColor>();
     EXPECT_EQ(rgbaOf(blue, 1), (Rgba{0, 122 / 255.0, 1, 1}));
     EXPECT_EQ(rgbaOf(blue, 2), (Rgba{10 / 255.0, 132 / 255.0, 1, 1}));
-    EXPECT_TRUE((UIColor::white().send<"isEqual:", bool>(UIColor::rgba(1, 1, 1, 1))));
 }
 
 TEST_F(Display, AlertsCoverTheScreenUntilAButtonIsPressed) {
@@ -84,6 +88,108 @@ TEST_F(Display, AlertsCoverTheScreenUntilAButtonIsPressed) {
     TouchScreen::shared().down(middle);
     TouchScreen::shared().up();
     EXPECT_EQ(windowsBackToFront().size(), 1u);
+}
+
+// As observed in other makers' suites: the colour space is part of a colour.
+TEST_F(Display, AGreyIsNotTheSameColourInRedGreenAndBlue) {
+    auto equal = [](UIColor a, UIColor b) { return a.send<"isEqual:", bool>(b); };
+    auto grey = [](double white, double alpha) {
+        return sendClass<UIColor, "colorWithWhite:alpha:", UIColor>(white, alpha);
+    };
+    EXPECT_TRUE(equal(UIColor::white(), grey(1, 1)));
+    EXPECT_FALSE(equal(UIColor::white(), UIColor::rgba(1, 1, 1, 1)));
+    EXPECT_TRUE(equal(sendClass<UIColor, "clearColor", UIColor>(), grey(0, 0)));
+    EXPECT_TRUE(equal(sendClass<UIColor, "grayColor", UIColor>(), grey(0.5, 1)));
+    EXPECT_TRUE(equal(UIColor::white(),
+                      sendClass<UIColor, "colorWithCGColor:", UIColor>(cgColor(UIColor::white()))));
+    auto view = makeView(rect(0, 0, 1, 1));
+    view.setBackgroundColor(UIColor::white());
+    CGColorRef shown = view.layer().send<"backgroundColor", CGColorRef>();
+    EXPECT_TRUE(equal(colorOf(shown), UIColor::white()));
+    double white = 0;
+    EXPECT_TRUE((UIColor::white().send<"getWhite:alpha:", bool>(&white, nullptr)));
+    EXPECT_EQ(white, 1);
+}
+
+// As documented: an image has the scale of its file, data have 1.
+TEST_F(Display, ImagesHaveAScaleOfTheirOwn) {
+    const auto folder = std::filesystem::temp_directory_path() /
+                        ("vantori-image-scale-" + std::to_string(getpid()));
+    std::filesystem::create_directories(folder);
+    const rendering::Surface pixels(12, 6);
+    for (const char* name : {"plain.png", "twice@2x.png"}) {
+        ASSERT_EQ(rendering::writePng(pixels, folder / name), std::nullopt);
+    }
+    auto image = [&](const char* name) {
+        return sendClass<UIImage, "imageWithContentsOfFile:", UIImage>(string(folder / name));
+    };
+    EXPECT_EQ((image("plain.png").send<"scale", double>()), 1);
+    EXPECT_EQ((image("plain.png").send<"size", CGSize>()), (CGSize{12, 6}));
+    EXPECT_EQ((image("twice@2x.png").send<"scale", double>()), 2);
+    EXPECT_EQ((image("twice.png").send<"size", CGSize>()), (CGSize{6, 3}));
+    UIImage asTemplate = image("twice.png").send<"imageWithRenderingMode:", UIImage>(2L);
+    EXPECT_EQ((asTemplate.send<"scale", double>()), 2);
+    const auto bytes = rendering::encodePng(pixels);
+    Object data = Object(classObject(objc_getClass("NSData")))
+                      .send<"dataWithBytes:length:", Object>(static_cast<const void*>(bytes.data()),
+                                                             bytes.size());
+    EXPECT_EQ((sendClass<UIImage, "imageWithData:", UIImage>(data).send<"scale", double>()), 1);
+    std::filesystem::remove_all(folder);
+}
+
+// As documented: 1242 × 2208 pixels are drawn and shown on a panel of 1080 × 1920.
+TEST_F(Display, PlusModelsHaveFewerPixelsThanTheyDraw) {
+    const Screen before = screen();
+    screen().portrait = {414, 736};
+    screen().scale = 3;
+    EXPECT_EQ((UIScreen::mainScreen().send<"nativeBounds", CGRect>()), rect(0, 0, 1080, 1920));
+    EXPECT_NEAR((UIScreen::mainScreen().send<"nativeScale", double>()), 2.608, 0.001);
+    EXPECT_EQ((UIScreen::mainScreen().send<"scale", double>()), 3);
+    screen().portrait = {375, 812};
+    EXPECT_EQ((UIScreen::mainScreen().send<"nativeBounds", CGRect>()), rect(0, 0, 1125, 2436));
+    EXPECT_EQ((UIScreen::mainScreen().send<"nativeScale", double>()), 3);
+    screen() = before;
+}
+
+// As documented.
+TEST_F(Display, ViewsAreOpaqueUnlessToldOtherwise) {
+    auto view = makeView(rect(0, 0, 1, 1));
+    EXPECT_TRUE((view.send<"isOpaque", bool>()));
+    view.send<"setOpaque:">(false);
+    EXPECT_FALSE((view.send<"isOpaque", bool>()));
+}
+
+// Records in values come back as they were stored, whatever Foundation calls them.
+TEST_F(Display, ValuesReturnWhatWasStored) {
+    const CGPoint point{1.5, -2};
+    const CGSize size{3, 4.25};
+    const CGRect box = rect(1, 2, 3, 4);
+    const CGAffineTransform transform{1, 2, 3, 4, 5, 6};
+    EXPECT_EQ(
+        (sendClass<NSValue, "valueWithCGPoint:", NSValue>(point).send<"CGPointValue", CGPoint>()),
+        point);
+    EXPECT_EQ((sendClass<NSValue, "valueWithCGSize:", NSValue>(size).send<"CGSizeValue", CGSize>()),
+              size);
+    EXPECT_EQ((sendClass<NSValue, "valueWithCGRect:", NSValue>(box).send<"CGRectValue", CGRect>()),
+              box);
+    EXPECT_EQ((sendClass<NSValue, "valueWithCGAffineTransform:", NSValue>(transform)
+                   .send<"CGAffineTransformValue", CGAffineTransform>()),
+              transform);
+}
+
+// As observed in other makers' suites: a layer without a view that lies above stays above.
+TEST_F(Display, AboveASubviewIsRightAboveItsLayer) {
+    auto outer = makeView(rect(0, 0, 10, 10));
+    auto lower = makeView(rect(0, 0, 5, 5)), upper = makeView(rect(0, 0, 5, 5));
+    outer.addSubview(lower);
+    auto bare = create<CALayer>();
+    outer.layer().send<"addSublayer:">(CALayer(bare.get()));
+    outer.send<"insertSubview:aboveSubview:">(UIView(upper.get()), UIView(lower.get()));
+    NSArray layers = outer.layer().send<"sublayers", NSArray>();
+    ASSERT_EQ(layers.count(), 3u);
+    EXPECT_EQ(layers.at(0), Object(lower.layer()));
+    EXPECT_EQ(layers.at(1), Object(upper.layer()));
+    EXPECT_EQ(layers.at(2), Object(bare.get()));
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 // Frames, bounds, centres and transforms of views.
 #include <cmath>
+#include <limits>
 #include <numbers>
 
 #include "tests/uikit/support.hpp"
@@ -79,6 +80,49 @@ TEST_F(Geometry, FlexibleSizesFollowTheSuperview) {
     outer.addSubview(inner);
     outer.setFrame(rect(0, 0, 200, 150));
     EXPECT_EQ(inner.frame(), rect(10, 10, 180, 130));
+}
+
+// As documented: what a superview gains or loses is shared in proportion to the flexible parts.
+TEST_F(Geometry, FlexiblePartsShareInProportion) {
+    constexpr unsigned long all = 1 | 2 | 4;
+    auto outer = makeView(rect(0, 0, 100, 100));
+    auto inner = makeView(rect(10, 0, 30, 10));
+    inner.send<"setAutoresizingMask:">(all);
+    outer.addSubview(inner);
+    outer.setFrame(rect(0, 0, 200, 100));
+    EXPECT_EQ(inner.frame(), rect(20, 0, 60, 10));  // 10 + 30 + 60 become 20 + 60 + 120
+    inner.send<"setAutoresizingMask:">(1UL | 4UL);
+    outer.setFrame(rect(0, 0, 270, 100));
+    EXPECT_EQ(inner.frame(), rect(30, 0, 60, 10));  // 20 + 120 gain 70: a seventh of it is 10
+}
+
+TEST_F(Geometry, FlexibleMarginsOfNothingShareEvenly) {
+    auto outer = makeView(rect(0, 0, 100, 100));
+    auto inner = makeView(rect(0, 0, 100, 100));
+    inner.send<"setAutoresizingMask:">(1UL | 4UL);
+    outer.addSubview(inner);
+    outer.setFrame(rect(0, 0, 120, 100));
+    EXPECT_EQ(inner.frame(), rect(10, 0, 100, 100));
+}
+
+// Observed on devices: a size that would become negative is none.
+TEST_F(Geometry, FlexibleSizesEndAtNothing) {
+    auto outer = makeView(rect(0, 0, 100, 100));
+    auto inner = makeView(rect(0, 0, 50, 50));
+    inner.send<"setAutoresizingMask:">(2UL);
+    outer.addSubview(inner);
+    outer.setFrame(rect(0, 0, 20, 100));
+    EXPECT_EQ(inner.frame(), rect(0, 0, 0, 50));
+}
+
+// Observed on devices: CALayerInvalidGeometry, where the number is stored.
+TEST_F(Geometry, WhatIsNoNumberRaises) {
+    const double none = std::numeric_limits<double>::quiet_NaN();
+    auto view = makeView(rect(0, 0, 10, 10));
+    EXPECT_ANY_THROW(view.setCenter({none, 0}));
+    EXPECT_ANY_THROW(view.setFrame(rect(0, 0, none, 10)));
+    EXPECT_ANY_THROW(view.layer().send<"setPosition:">(CGPoint{0, none}));
+    EXPECT_EQ(view.frame(), rect(0, 0, 10, 10));
 }
 
 }  // namespace

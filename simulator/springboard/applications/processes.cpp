@@ -16,9 +16,9 @@ struct FBScene : Object {
     static constexpr FixedString name{"FBScene"};
     using Object::Object;
 };
-struct FBApplicationProcess : FBProcess {
-    static constexpr FixedString name{"FBApplicationProcess"};
-    using FBProcess::FBProcess;
+struct FBProcess : Object {
+    static constexpr FixedString name{"FBProcess"};
+    using Object::Object;
 };
 
 struct SceneState {
@@ -86,7 +86,7 @@ FBProcessManager sharedInstance(Class cls) {
 }
 
 // One process for an application: later creations give the same. None for what is not installed.
-FBProcess createProcess(FBProcessManager, NSString identifier) {
+FBApplicationProcess createProcess(FBProcessManager, NSString identifier) {
     watch();
     if (!identifier || !isInstalled(text(identifier))) return {};
     Kept& kept = processes().of[text(identifier)];

@@ -28,7 +28,7 @@ struct CenterState {
     Strong<UIView> panel;
     Strong<UIView> ground;  // the blur behind the modules
     Strong<UIView> header;  // status bar and home indicator over it
-    Strong<UIView> statusBarView;
+    Strong<UIView> gestureView, statusBarView;
     Strong<SBSystemPanGestureRecognizer> statusBarPan;
     CGPoint finger;
     double travel;  // of the pull that opens it whole, in points
@@ -322,9 +322,12 @@ void setControlCenterFinger(CGPoint location) { state().finger = location; }
 SBSystemPanGestureRecognizer statusBarPan() {
     CenterState& center = state();
     if (!center.statusBarPan) {
-        center.statusBarView =
-            create<UIView, "initWithFrame:">(rect(0, 0, screen().portrait.width, 44));
-        addPart(windows().statusBar, center.statusBarView);
+        // In a view that, like the system's for its gestures, does not turn with the interface.
+        const CGSize portrait = screen().portrait;
+        center.statusBarView = create<UIView, "initWithFrame:">(rect(0, 0, portrait.width, 44));
+        center.gestureView =
+            create<UIView, "initWithFrame:">(rect(0, 0, portrait.width, portrait.height));
+        addPart(center.gestureView, center.statusBarView);
         center.statusBarPan = makeSystemPan(center.statusBarView);
     }
     return center.statusBarPan;

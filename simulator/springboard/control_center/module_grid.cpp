@@ -172,10 +172,6 @@ void handleModulePress(CCUIModuleCollectionViewController self, UIGestureRecogni
         stateIn(tile).instance.send<"moduleIdentifier", NSString>());
 }
 
-void vntExpand(CCUIModuleCollectionViewController self, NSString identifier) {
-    self.send<"expandModuleWithIdentifier:">(identifier);
-}
-
 bool isExpandedFor(CCUIModuleCollectionViewController, NSString identifier) {
     return identifier && isModuleExpanded() && state().expanded.equals(identifier);
 }
@@ -273,7 +269,6 @@ void registerModuleGrid() {
     standIn<CCUIModuleCollectionViewController, UIViewController, CollectionState>()
         .classMethod<"sharedInstance", &sharedInstance>()
         .method<"expandModuleWithIdentifier:", &expand>()
-        .method<"vntExpandModuleWithIdentifier:", &vntExpand>()
         .realMethod<"isModuleExpandedForIdentifier:", &isExpandedFor>()
         .realMethod<"expandedModuleCount", &expandedCount>()
         .method<"expandedModuleIdentifier", &expandedIdentifier>()

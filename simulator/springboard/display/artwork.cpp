@@ -97,7 +97,7 @@ void dressAsApplication(UIView view, const std::string& identifier) {
 
 void dressAsWallpaper(UIView view) {
     rendering::Size size = sizeOf(view);
-    wear(view, rendering::wallpaper(size, configuration().scale, isDark()));
+    wear(view, rendering::wallpaper(size, isDark()));
 }
 
 void dressAsStatusBar(UIView view, StatusBarParts parts, bool white) {
@@ -112,8 +112,8 @@ void dressAsStatusBar(UIView view, StatusBarParts parts, bool white) {
 void dressAsLockScreen(UIView view) {
     rendering::Size size = sizeOf(view);
     Node root = rendering::nodeWithFrame("LockScreen", whole(size));
-    root.children.push_back(rendering::imageNode(
-        whole(size), rendering::wallpaper(size, configuration().scale, isDark())));
+    root.children.push_back(
+        rendering::imageNode(whole(size), rendering::wallpaper(size, isDark())));
     root.children.push_back(rendering::lockClock("9:41", "Tuesday, January 9", size));
     wear(view, pictureOf(std::move(root), size));
 }

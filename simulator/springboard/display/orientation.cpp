@@ -63,7 +63,7 @@ void turnInterface(long orientation) {
     UIDevice::currentDevice().setOrientation(orientation, true);
     if (before == orientation) return;
     tell(&tellBefore, before, orientation);
-    screen().orientation = orientation;
+    setInterfaceOrientation(orientation);
     layWindows();
     layHomeScreen();
     refreshWindows();

@@ -1,5 +1,5 @@
-// The two forms in which the system reports a pull to a gesture manager: three parts up to 13.3, and from
-// 13.4 on a fourth, the gesture. A phone has one of them, as its system version says.
+// The two forms in which the system reports a pull to a gesture manager: three parts, and later a fourth, the
+// gesture. A phone has one of them, the one that real systems of its version have.
 #pragma once
 
 #include "platform/springboard.hpp"

@@ -58,7 +58,7 @@ void send(Object receiver, const PullReport& report) {
 Finger fingerOf(const PullReport& report) {
     Finger finger;
     finger.location = edgeLocation(report.edge, report.distance, activeOrientation());
-    finger.velocity = {0, -report.velocity};
+    finger.velocity = vectorToDisplay({0, -report.velocity}, activeOrientation());
     finger.state = report.stage;
     return finger;
 }
@@ -96,12 +96,12 @@ bool reportControlCenterPull(const PullReport& report) {
     return true;
 }
 
-bool reportStatusBarPull(GestureStage stage, CGPoint location, double velocity) {
+bool reportStatusBarPull(GestureStage stage, CGPoint location, CGPoint velocity) {
     SBControlCenterController center = controlCenter();
     if (!center) return false;
     Finger finger;
     finger.location = location;
-    finger.velocity = {0, velocity};
+    finger.velocity = velocity;
     finger.state = stage;
     SBSystemPanGestureRecognizer pan = statusBarPan();
     if (!pan) return false;
@@ -202,7 +202,9 @@ void SystemGestures::report(GestureStage stage, double velocity) {
         return;
     }
     if (kind_ == Kind::statusBar) {
-        reportStatusBarPull(stage, toDisplay(place_, activeOrientation()), velocity);
+        const long orientation = activeOrientation();
+        reportStatusBarPull(stage, toDisplay(place_, orientation),
+                            vectorToDisplay({0, velocity}, orientation));
         return;
     }
     double distance = interfaceHeight() - place_.y;

@@ -21,8 +21,9 @@ struct PullReport {
 // One report, exactly. False when the class that would hear it is not on this phone.
 bool reportSwitcherPull(const PullReport& report);
 bool reportControlCenterPull(const PullReport& report);
-// The finger is at that place as the recogniser of the status bar answers it.
-bool reportStatusBarPull(GestureStage stage, CGPoint location, double velocity);
+// The finger is at that place of the display and has that velocity there, as the recogniser of the
+// status bar answers them.
+bool reportStatusBarPull(GestureStage stage, CGPoint location, CGPoint velocity);
 
 // Whether the system lets a pull begin there: along the bottom edge, with a velocity in points per
 // second of the interface.

@@ -1,5 +1,7 @@
 #include "simulator/springboard/gestures/system_pan.hpp"
 
+#include "simulator/uikit/touch/touch.hpp"
+
 namespace simulator {
 
 namespace {
@@ -16,22 +18,24 @@ long state(SBSystemPanGestureRecognizer self) { return stateOfPan(self).finger.s
 
 UIView view(SBSystemPanGestureRecognizer self) { return stateOfPan(self).view; }
 
-CGPoint locationInView(SBSystemPanGestureRecognizer self, UIView) {
-    return stateOfPan(self).finger.location;
+CGPoint locationInView(SBSystemPanGestureRecognizer self, UIView asked) {
+    return fromScreen(stateOfPan(self).finger.location, asked);
 }
 
-CGPoint velocityInView(SBSystemPanGestureRecognizer self, UIView) {
-    return stateOfPan(self).finger.velocity;
+CGPoint velocityInView(SBSystemPanGestureRecognizer self, UIView asked) {
+    return vectorFromScreen(stateOfPan(self).finger.velocity, asked);
 }
 
-CGPoint translationInView(SBSystemPanGestureRecognizer self, UIView) {
+CGPoint translationInView(SBSystemPanGestureRecognizer self, UIView asked) {
     const PanState& pan = stateOfPan(self);
-    return {pan.finger.location.x - pan.origin.x, pan.finger.location.y - pan.origin.y};
+    return vectorFromScreen(
+        {pan.finger.location.x - pan.origin.x, pan.finger.location.y - pan.origin.y}, asked);
 }
 
-void setTranslation(SBSystemPanGestureRecognizer self, CGPoint translation, UIView) {
+void setTranslation(SBSystemPanGestureRecognizer self, CGPoint translation, UIView asked) {
     PanState& pan = stateOfPan(self);
-    pan.origin = {pan.finger.location.x - translation.x, pan.finger.location.y - translation.y};
+    const CGPoint by = vectorToScreen(translation, asked);
+    pan.origin = {pan.finger.location.x - by.x, pan.finger.location.y - by.y};
 }
 
 }  // namespace

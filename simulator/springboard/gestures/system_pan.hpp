@@ -1,5 +1,6 @@
 // A pan recogniser that the system drives itself: the bottom edge's and the status bar's. Its place,
-// translation and velocity are those it was last told, in the display's own coordinates (portrait).
+// translation and velocity are those it was last told, in the display's own coordinates (portrait); it
+// answers them in the view that is asked for.
 #pragma once
 
 #include "simulator/runtime/handle.hpp"
@@ -12,7 +13,7 @@ VANTORI_CLASS(SBSystemPanGestureRecognizer, UIPanGestureRecognizer);
 
 struct Finger {
     CGPoint location{};
-    CGPoint velocity{};  // points per second
+    CGPoint velocity{};  // points per second, in the same coordinates
     UIGestureRecognizer::State state = UIGestureRecognizer::possible;
 };
 

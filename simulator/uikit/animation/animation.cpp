@@ -32,6 +32,15 @@ struct BlockScope {
     BlockScope& operator=(const BlockScope&) = delete;
 };
 
+// While the block of performWithoutAnimation: runs, also for blocks inside it.
+struct Disabled {
+    Disabled() : before(std::exchange(enabled, false)) {}
+    ~Disabled() { enabled = before; }
+    Disabled(const Disabled&) = delete;
+    Disabled& operator=(const Disabled&) = delete;
+    bool before;
+};
+
 // A nested block takes the duration and the curve of the outer one unless it says otherwise.
 AnimationRequest inherit(AnimationRequest request) {
     if (openBlocks().empty() || !openBlocks().back().group) return request;
@@ -144,6 +153,7 @@ void animate(const AnimationRequest& asked, BlockRef<void()> changes, Finished c
 
 void withoutAnimation(BlockRef<void()> changes) {
     BlockScope scope(OpenBlock{{}, nullptr});
+    Disabled disabled;
     KeptBlock<void()>{changes}();
 }
 

@@ -69,7 +69,7 @@ void registerApplication() {
         .method<"keyWindow">([](UIApplication) { return keyWindow(); })
         .method<"windows">([](UIApplication) -> NSArray {
             auto array = NSMutableArray::empty();
-            for (auto& window : windowsBackToFront()) array.add(window);
+            for (auto& window : applicationWindows()) array.add(window);
             return array;
         })
         .method<"sendAction:to:from:forEvent:">(

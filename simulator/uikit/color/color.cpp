@@ -22,12 +22,18 @@ constexpr Rgba bytes(int red, int green, int blue) {
 
 // What the platform's own names stand for: red, green, blue and the light and dark system colours.
 // Each is made once: the same name gives the same object.
-template <FixedString colorName, int red, int green, int blue, int alphaPercent = 100>
+template <FixedString colorName, int red, int green, int blue>
 void addFixed(const Table<UIColor>& colors) {
     colors.classMethod<colorName>([](Class) -> UIColor {
-        Rgba rgba = bytes(red, green, blue);
-        rgba.alpha = alphaPercent / 100.0;
-        static id made = retained(makeColor(rgba)).leak();
+        static id made = retained(makeColor(bytes(red, green, blue))).leak();
+        return UIColor(made);
+    });
+}
+// White in sixths, alpha 0 or 1.
+template <FixedString colorName, int whiteSixths, int alpha = 1>
+void addGrey(const Table<UIColor>& colors) {
+    colors.classMethod<colorName>([](Class) -> UIColor {
+        static id made = retained(makeGrey(whiteSixths / 6.0, alpha)).leak();
         return UIColor(made);
     });
 }
@@ -40,9 +46,12 @@ void addDynamic(const Table<UIColor>& colors) {
 }
 
 void addStandardColors(const Table<UIColor>& colors) {
-    addFixed<"whiteColor", 255, 255, 255>(colors);
-    addFixed<"blackColor", 0, 0, 0>(colors);
-    addFixed<"clearColor", 0, 0, 0, 0>(colors);
+    addGrey<"whiteColor", 6>(colors);
+    addGrey<"blackColor", 0>(colors);
+    addGrey<"clearColor", 0, 0>(colors);
+    addGrey<"grayColor", 3>(colors);
+    addGrey<"lightGrayColor", 4>(colors);
+    addGrey<"darkGrayColor", 2>(colors);
     addFixed<"redColor", 255, 0, 0>(colors);
     addFixed<"greenColor", 0, 255, 0>(colors);
     addFixed<"blueColor", 0, 0, 255>(colors);
@@ -51,12 +60,7 @@ void addStandardColors(const Table<UIColor>& colors) {
     addFixed<"magentaColor", 255, 0, 255>(colors);
     colors.classMethod<"orangeColor">([](Class) { return makeColor({1, 0.5, 0, 1}); })
         .classMethod<"purpleColor">([](Class) { return makeColor({0.5, 0, 0.5, 1}); })
-        .classMethod<"brownColor">([](Class) { return makeColor({0.6, 0.4, 0.2, 1}); })
-        .classMethod<"grayColor">([](Class) { return makeColor({0.5, 0.5, 0.5, 1}); })
-        .classMethod<"lightGrayColor">(
-            [](Class) { return makeColor({2 / 3.0, 2 / 3.0, 2 / 3.0, 1}); })
-        .classMethod<"darkGrayColor">(
-            [](Class) { return makeColor({1 / 3.0, 1 / 3.0, 1 / 3.0, 1}); });
+        .classMethod<"brownColor">([](Class) { return makeColor({0.6, 0.4, 0.2, 1}); });
     addDynamic<"systemBlueColor", 0, 122, 255, 10, 132, 255>(colors);
     addDynamic<"systemOrangeColor", 255, 149, 0, 255, 159, 10>(colors);
     addDynamic<"systemGrayColor", 142, 142, 147, 142, 142, 147>(colors);
@@ -73,8 +77,19 @@ void addStandardColors(const Table<UIColor>& colors) {
 
 }  // namespace
 
-UIColor makeColor(Rgba rgba) { return fresh({rgba, rgba, false}); }
-UIColor makeColor(Rgba light, Rgba dark) { return fresh({light, dark, true}); }
+UIColor makeColor(Rgba rgba) { return fresh({rgba, rgba, false, false}); }
+UIColor makeColor(Rgba light, Rgba dark) { return fresh({light, dark, true, false}); }
+UIColor makeGrey(double white, double alpha) {
+    Rgba rgba{white, white, white, alpha};
+    return fresh({rgba, rgba, false, true});
+}
+
+UIColor resolved(UIColor color, long style) {
+    if (!color.isKindOfClass(classOf<UIColor>()) || !stateOf<ColorState>(color).dynamic) {
+        return color;
+    }
+    return makeColor(rgbaOf(color, style));
+}
 
 Rgba rgbaOf(UIColor color) { return rgbaOf(color, screen().style); }
 
@@ -92,9 +107,8 @@ void registerColor() {
             [](Class, double red, double green, double blue, double alpha) {
                 return makeColor({red, green, blue, alpha});
             })
-        .classMethod<"colorWithWhite:alpha:">([](Class, double white, double alpha) {
-            return makeColor({white, white, white, alpha});
-        })
+        .classMethod<"colorWithWhite:alpha:">(
+            [](Class, double white, double alpha) { return makeGrey(white, alpha); })
         .classMethod<"colorWithHue:saturation:brightness:alpha:">(
             [](Class, double hue, double saturation, double brightness, double alpha) {
                 auto channel = [&](double n) {
@@ -103,17 +117,19 @@ void registerColor() {
                 };
                 return makeColor({channel(5), channel(3), channel(1), alpha});
             })
-        .classMethod<"colorWithCGColor:">(
-            [](Class, CGColorRef color) { return makeColor(rgbaOf(colorOf(color))); })
+        .classMethod<"colorWithCGColor:">([](Class, CGColorRef color) {
+            bool known = colorOf(color).isKindOfClass(classOf<UIColor>());
+            return known ? fresh(stateOf<ColorState>(colorOf(color))) : makeColor(Rgba{});
+        })
         .method<"initWithRed:green:blue:alpha:">(
             [](UIColor self, double red, double green, double blue, double alpha) -> UIColor {
                 Rgba rgba{red, green, blue, alpha};
-                stateOf<ColorState>(self) = {rgba, rgba, false};
+                stateOf<ColorState>(self) = {rgba, rgba, false, false};
                 return self;
             })
         .method<"initWithWhite:alpha:">([](UIColor self, double white, double alpha) -> UIColor {
             Rgba rgba{white, white, white, alpha};
-            stateOf<ColorState>(self) = {rgba, rgba, false};
+            stateOf<ColorState>(self) = {rgba, rgba, false, true};
             return self;
         })
         .method<"colorWithAlphaComponent:">([](UIColor self, double alpha) {
@@ -137,15 +153,14 @@ void registerColor() {
             if (alpha) *alpha = rgba.alpha;
             return true;
         })
-        .method<"CGColor">([](UIColor self) -> CGColorRef {
-            bool dynamic = stateOf<ColorState>(self).dynamic;
-            return cgColor(dynamic ? makeColor(rgbaOf(self)) : self);
-        })
+        .method<"CGColor">(
+            [](UIColor self) -> CGColorRef { return cgColor(resolved(self, screen().style)); })
         .method<"isEqual:">([](UIColor self, Object other) -> bool {
             if (!other.isKindOfClass(classOf<UIColor>())) return false;
             const auto& mine = stateOf<ColorState>(self);
             const auto& theirs = stateOf<ColorState>(other);
-            return mine.light == theirs.light && mine.dark == theirs.dark;
+            return mine.light == theirs.light && mine.dark == theirs.dark &&
+                   mine.grey == theirs.grey;
         })
         .method<"hash">([](UIColor self) -> unsigned long {
             Rgba rgba = stateOf<ColorState>(self).light;

@@ -15,10 +15,14 @@ struct ColorState {
     Rgba light;
     Rgba dark;
     bool dynamic;
+    bool grey;  // of white and alpha: never equal to one of red, green and blue
 };
 
 UIColor makeColor(Rgba rgba);
 UIColor makeColor(Rgba light, Rgba dark);
+UIColor makeGrey(double white, double alpha);
+// What a layer is given: the form of that style.
+UIColor resolved(UIColor color, long style);
 
 // In the style that is current now; transparent black for no colour.
 Rgba rgbaOf(UIColor color);

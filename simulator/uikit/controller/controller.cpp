@@ -22,6 +22,10 @@ void setView(UIViewController controller, UIView view) {
     ControllerState& state = controllerState(controller);
     if (state.view == view) return;
     if (view) requireKind<UIView>("-[UIViewController setView:]", view);
+    if (view && viewState(view).controller) {
+        raise("UIViewControllerHierarchyInconsistency"_ns,
+              "A view can only be associated with at most one view controller at a time!");
+    }
     if (state.view) viewState(state.view).controller = UIViewController();
     state.view = retained(view);
     if (view) {
@@ -72,20 +76,96 @@ void removeFromParent(UIViewController controller) {
     children.erase(found);
 }
 
-void present(UIViewController presenting, UIViewController presented, BlockRef<void()> completion) {
+using Controllers = std::vector<Strong<UIViewController>>;
+
+void collect(UIView view, bool appeared, Controllers& found) {
+    UIViewController controller = viewState(view).controller;
+    if (controller && controllerState(controller).appeared == appeared) {
+        found.push_back(retained(controller));
+    }
+    for (auto& subview : viewState(view).subviews) collect(subview, appeared, found);
+}
+
+// Of the view and of those below it, those that are on screen, or that are not.
+Controllers controllersIn(UIView view, bool appeared) {
+    Controllers found;
+    if (view) collect(view, appeared, found);
+    return found;
+}
+
+template <FixedString message>
+void tellAll(const Controllers& controllers, bool animated) {
+    for (auto& controller : controllers) controller.template send<message>(animated);
+}
+
+void setAppeared(const Controllers& controllers, bool appeared) {
+    for (auto& controller : controllers) controllerState(controller).appeared = appeared;
+}
+
+// One comes while another goes: both are told before and after. `change` moves their views.
+template <class Change>
+void exchangeAppearance(const Controllers& going, const Controllers& coming, bool animated,
+                        Change change) {
+    tellAll<"viewWillDisappear:">(going, animated);
+    tellAll<"viewWillAppear:">(coming, animated);
+    setAppeared(going, false);
+    setAppeared(coming, true);
+    change();
+    tellAll<"viewDidAppear:">(coming, animated);
+    tellAll<"viewDidDisappear:">(going, animated);
+}
+
+// The view that a presentation over the whole screen covers, which is then taken out: that of the
+// presenter's outermost parent. Other styles leave it.
+UIView coveredBy(UIViewController presented, UIViewController presenting) {
+    constexpr long fullScreen = 0;
+    if (controllerState(presented).presentationStyle != fullScreen) return UIView();
+    UIViewController outermost = presenting;
+    while (controllerState(outermost).parent) outermost = controllerState(outermost).parent;
+    UIView view = controllerState(outermost).view;
+    return view && isVisible(windowOf(view)) && viewState(view).superview ? view : UIView();
+}
+
+void takeOut(UIViewController presenting, UIView view) {
+    ControllerState& s = controllerState(presenting);
+    s.covered = retained(view);
+    s.coveredParent = retained(viewState(view).superview);
+    const auto& siblings = viewState(s.coveredParent).subviews;
+    s.coveredIndex = static_cast<std::size_t>(std::find(siblings.begin(), siblings.end(), view) -
+                                              siblings.begin());
+    removeFromSuperview(view);
+}
+
+void putBack(UIViewController presenting) {
+    ControllerState& s = controllerState(presenting);
+    Strong<UIView> view = std::exchange(s.covered, {});
+    Strong<UIView> parent = std::exchange(s.coveredParent, {});
+    if (!view || viewState(view).superview) return;
+    // The window may have been turned meanwhile.
+    if (parent.isKindOfClass(classOf<UIWindow>())) view.setFrame(valuesOf(parent).bounds);
+    insertSubview(parent, view, s.coveredIndex);
+}
+
+void present(UIViewController presenting, UIViewController presented, bool animated,
+             BlockRef<void()> completion) {
     UIWindow window = windowOf(viewOf(presenting));
     if (!window) window = keyWindow();
     controllerState(presenting).presented = retained(presented);
     controllerState(presented).presenting = presenting;
-    if (window) {
-        UIView view = viewOf(presented);
+    UIView view = viewOf(presented);
+    if (window && view) {
         view.setFrame(valuesOf(window).bounds);
-        window.addSubview(view);
+        UIView covered = coveredBy(presented, presenting);
+        const auto coming = isVisible(window) ? controllersIn(view, false) : Controllers();
+        exchangeAppearance(controllersIn(covered, true), coming, animated, [&] {
+            window.addSubview(view);
+            if (covered) takeOut(presenting, covered);
+        });
     }
     KeptBlock<void()>{completion}();
 }
 
-void dismiss(UIViewController controller, BlockRef<void()> completion) {
+void dismiss(UIViewController controller, bool animated, BlockRef<void()> completion) {
     UIViewController presenting =
         controllerState(controller).presented ? controller : controllerState(controller).presenting;
     if (presenting) {
@@ -93,7 +173,15 @@ void dismiss(UIViewController controller, BlockRef<void()> completion) {
             std::exchange(controllerState(presenting).presented, {});
         if (presented) {
             controllerState(presented).presenting = UIViewController();
-            removeFromSuperview(viewOf(presented));
+            UIView view = viewOf(presented);
+            UIView covered = controllerState(presenting).covered;
+            const bool shows = isVisible(windowOf(view));
+            exchangeAppearance(controllersIn(view, true),
+                               shows ? controllersIn(covered, false) : Controllers(), animated,
+                               [&] {
+                                   putBack(presenting);
+                                   removeFromSuperview(view);
+                               });
         }
     }
     KeptBlock<void()>{completion}();
@@ -167,14 +255,17 @@ void addFamily(const Table<UIViewController>& controllers) {
         .method<"didMoveToParentViewController:">([](UIViewController, UIViewController) {})
         .readonly<"presentedViewController", &ControllerState::presented>()
         .readonly<"presentingViewController", &ControllerState::presenting>()
-        .method<"presentViewController:animated:completion:">(
-            [](UIViewController c, UIViewController presented, bool, BlockRef<void()> completion) {
-                requireKind<UIViewController>("-[UIViewController presentViewController:]",
-                                              presented);
-                present(c, presented, completion);
-            })
+        .method<"presentViewController:animated:completion:">([](UIViewController c,
+                                                                 UIViewController presented,
+                                                                 bool animated,
+                                                                 BlockRef<void()> completion) {
+            requireKind<UIViewController>("-[UIViewController presentViewController:]", presented);
+            present(c, presented, animated, completion);
+        })
         .method<"dismissViewControllerAnimated:completion:">(
-            [](UIViewController c, bool, BlockRef<void()> completion) { dismiss(c, completion); });
+            [](UIViewController c, bool animated, BlockRef<void()> completion) {
+                dismiss(c, animated, completion);
+            });
 }
 
 void addQuestions(const Table<UIViewController>& controllers) {

@@ -11,6 +11,10 @@ struct ControllerState {
     std::vector<Strong<UIViewController>> children;
     UIViewController parent;  // not owned
     Strong<UIViewController> presented;
+    // What a full-screen presentation took out of the window, and where it lay.
+    Strong<UIView> covered;
+    Strong<UIView> coveredParent;
+    std::size_t coveredIndex;
     UIViewController presenting;  // not owned
     CGSize preferredSize;
     long overrideStyle;

@@ -2,6 +2,7 @@
 // widely seen (10 points, 0.5 s); those of tap and swipe are private to the platform, and these are
 // the numbers that are often quoted. Points and seconds.
 #include <cmath>
+#include <limits>
 
 #include "simulator/runtime/clock.hpp"
 #include "simulator/uikit/geometry.hpp"
@@ -23,6 +24,7 @@ constexpr double swipeDistance = 50;
 constexpr double swipeStray = 50;       // across the direction
 constexpr double velocityWindow = 0.1;  // how far back samples count
 constexpr double edgeWidth = 20;
+constexpr unsigned long anyNumberOfTouches = std::numeric_limits<unsigned long>::max();
 
 RecognizerState& follow(UIGestureRecognizer r, Object touches) {
     RecognizerState& s = recognizerState(r);
@@ -35,14 +37,6 @@ RecognizerState& follow(UIGestureRecognizer r, Object touches) {
 double moved(const RecognizerState& s) { return geometry::distance(s.start, s.location); }
 bool active(const RecognizerState& s) {
     return s.state == State::began || s.state == State::changed;
-}
-
-// A length or speed of the screen as the view measures it.
-CGPoint turned(CGPoint vector, UIView view) {
-    if (!view) return vector;
-    CGAffineTransform t = geometry::inverted(conversionToScreen(view));
-    t.tx = t.ty = 0;
-    return geometry::apply(t, vector);
 }
 
 // Over the last tenth of a second; at rest when nothing has moved in that time.
@@ -76,23 +70,25 @@ void registerPan() {
         })
         .method<"translationInView:">([](UIPanGestureRecognizer r, UIView view) -> CGPoint {
             const RecognizerState& s = recognizerState(r);
-            return turned({s.location.x - s.origin.x, s.location.y - s.origin.y}, view);
+            return vectorFromScreen({s.location.x - s.origin.x, s.location.y - s.origin.y}, view);
         })
         .method<"setTranslation:inView:">(
             [](UIPanGestureRecognizer r, CGPoint translation, UIView view) {
                 RecognizerState& s = recognizerState(r);
-                CGAffineTransform t = view ? conversionToScreen(view) : identityTransform;
-                t.tx = t.ty = 0;
-                CGPoint onScreen = geometry::apply(t, translation);
+                CGPoint onScreen = vectorToScreen(translation, view);
                 // The finger's velocity outlives it, whatever the reference page says: recognisers
                 // whose translation is zeroed at every change do report one at their end.
                 s.origin = {s.location.x - onScreen.x, s.location.y - onScreen.y};
             })
         .method<"velocityInView:">([](UIPanGestureRecognizer r, UIView view) -> CGPoint {
-            return turned(velocity(recognizerState(r)), view);
+            return vectorFromScreen(velocity(recognizerState(r)), view);
         })
-        .method<"maximumNumberOfTouches">([](UIPanGestureRecognizer) -> unsigned long { return 1; })
-        .method<"setMaximumNumberOfTouches:">([](UIPanGestureRecognizer, unsigned long) {})
+        .method<"maximumNumberOfTouches">([](UIPanGestureRecognizer r) -> unsigned long {
+            return recognizerState(r).mostTouches.value_or(anyNumberOfTouches);
+        })
+        .method<"setMaximumNumberOfTouches:">([](UIPanGestureRecognizer r, unsigned long most) {
+            recognizerState(r).mostTouches = most;
+        })
         .method<"minimumNumberOfTouches">([](UIPanGestureRecognizer) -> unsigned long { return 1; })
         .method<"setMinimumNumberOfTouches:">([](UIPanGestureRecognizer, unsigned long) {});
 }

@@ -59,20 +59,91 @@ bool isShutOut(UIGestureRecognizer recognizer) {
     }
     for (auto& first : recognizerState(recognizer).mustFail) {
         long state = recognizerState(first).state;
-        if (state != State::failed &&
-            (state != State::possible || recognizerState(first).touched)) {
-            return true;
-        }
+        if (state != State::failed && state != State::possible) return true;
     }
     return false;
 }
 
+using Recognizers = std::vector<Strong<UIGestureRecognizer>>;
+
+bool holds(const Recognizers& all, UIGestureRecognizer recognizer) {
+    return std::find(all.begin(), all.end(), recognizer) != all.end();
+}
+
+// Those that have seen what they need and wait for others to fail.
+Recognizers& waitingOnes() {
+    static auto& all = *new Recognizers;
+    return all;
+}
+
+// Of two that wait for each other the later one goes first.
+bool mustWait(UIGestureRecognizer recognizer) {
+    for (auto& first : recognizerState(recognizer).mustFail) {
+        const RecognizerState& s = recognizerState(first);
+        if (isUndecided(first) && !(s.waiting != 0 && holds(s.mustFail, recognizer))) return true;
+    }
+    return false;
+}
+
+void waitFor(UIGestureRecognizer recognizer, long next) {
+    recognizerState(recognizer).waiting = next;
+    if (!holds(waitingOnes(), recognizer)) waitingOnes().push_back(retained(recognizer));
+}
+
+void waitNoMore(UIGestureRecognizer recognizer) {
+    recognizerState(recognizer).waiting = 0;
+    std::erase(waitingOnes(), recognizer);
+}
+
+void finishLate(UIGestureRecognizer recognizer, long next) {
+    enter(recognizer, next);
+    if (!holds(TouchScreen::shared().recognizers(), recognizer)) touchIsOver(recognizer);
+}
+
+// It will not recognise: those that waited for it alone may.
+void letOthersGo(UIGestureRecognizer failed) {
+    const Recognizers all = waitingOnes();
+    for (auto& other : all) {
+        const long next = recognizerState(other).waiting;
+        if (next == 0 || !holds(recognizerState(other).mustFail, failed) || mustWait(other)) {
+            continue;
+        }
+        waitNoMore(other);
+        finishLate(other, next);
+    }
+    TouchScreen::shared().failed(failed);
+}
+
 void failOthers(UIGestureRecognizer recognizer) {
+    const Recognizers waiting = waitingOnes();
+    for (auto& other : waiting) {
+        if (recognizerState(other).waiting != 0 &&
+            holds(recognizerState(other).mustFail, recognizer)) {
+            finishLate(other, State::failed);
+        }
+    }
     auto all = TouchScreen::shared().recognizers();
     for (auto& other : all) {
         if (other == recognizer || recognizerState(other).state != State::possible) continue;
         if (!together(recognizer, other)) other.send<"setState:">(static_cast<long>(State::failed));
     }
+}
+
+// One tap on a button or on the dots is theirs, whoever around them waits for one.
+bool yieldsToControl(UIGestureRecognizer recognizer, UIView hit) {
+    if (!recognizer.isKindOfClass(classOf<UITapGestureRecognizer>())) return false;
+    const RecognizerState& s = recognizerState(recognizer);
+    const bool control =
+        hit.isKindOfClass(classOf<UIButton>()) || hit.isKindOfClass(classOf<UIPageControl>());
+    return s.taps == 0 && s.view != hit && control && hit.send<"isEnabled", bool>();
+}
+
+// The same target and action again is the one that is there.
+void addAction(UIGestureRecognizer recognizer, Object target, SEL action) {
+    for (const TargetAction& a : recognizerState(recognizer).actions) {
+        if (a.target == target && sel_isEqual(a.action, action)) return;
+    }
+    recognizerState(recognizer).actions.push_back({target, action});
 }
 
 void act(UIGestureRecognizer recognizer) {
@@ -88,14 +159,27 @@ void act(UIGestureRecognizer recognizer) {
 
 void reset(UIGestureRecognizer recognizer) {
     RecognizerState& s = recognizerState(recognizer);
+    const bool wasUndecided = isUndecided(recognizer);
     s.state = State::possible;
     s.touched = false;
     s.tapsSeen = 0;
     s.samples.clear();
     recognizer.send<"reset">();
+    if (wasUndecided) letOthersGo(recognizer);
+}
+
+void fail(UIGestureRecognizer recognizer) {
+    waitNoMore(recognizer);
+    recognizerState(recognizer).state = State::failed;
+    letOthersGo(recognizer);
 }
 
 }  // namespace
+
+bool isUndecided(UIGestureRecognizer recognizer) {
+    const RecognizerState& s = recognizerState(recognizer);
+    return s.state == State::possible && s.touched;
+}
 
 void attach(UIGestureRecognizer recognizer, UIView view) {
     recognizerState(recognizer).view = view;
@@ -103,9 +187,10 @@ void attach(UIGestureRecognizer recognizer, UIView view) {
 
 bool receives(UIGestureRecognizer recognizer, UITouch touch) {
     RecognizerState& s = recognizerState(recognizer);
-    if (s.disabled) return false;
+    if (s.disabled || s.waiting != 0) return false;
     SEL question = selector<"gestureRecognizer:shouldReceiveTouch:">();
     if (!delegateSays(s.delegate, question, true, recognizer, touch)) return false;
+    if (yieldsToControl(recognizer, touchState(touch).view)) return false;
     s.touched = true;
     CGPoint place = touchState(touch).location;
     s.start = s.location = s.origin = place;
@@ -115,14 +200,16 @@ bool receives(UIGestureRecognizer recognizer, UITouch touch) {
 }
 
 bool follows(UIGestureRecognizer recognizer) {
-    long state = recognizerState(recognizer).state;
-    return recognizerState(recognizer).touched && (state == State::possible || isActive(state));
+    const RecognizerState& s = recognizerState(recognizer);
+    const bool done = s.waiting == State::ended;
+    return s.touched && !done && (s.state == State::possible || isActive(s.state));
 }
 
 bool cancelsTouches(UIGestureRecognizer r) { return !recognizerState(r).keepsTouches; }
 
 void touchIsOver(UIGestureRecognizer recognizer) {
     RecognizerState& s = recognizerState(recognizer);
+    if (s.waiting != 0) return;
     if (isActive(s.state)) enter(recognizer, State::cancelled);
     if (s.state != State::possible || s.tapsSeen == 0) reset(recognizer);
 }
@@ -136,14 +223,16 @@ void enter(UIGestureRecognizer recognizer, long next) {
                                                          std::to_string(next));
     }
     Strong<UIGestureRecognizer> kept = retained(recognizer);
+    if (next == State::failed) return fail(recognizer);
     bool recognises = s.state == State::possible && (next == State::began || next == State::ended);
-    if (recognises && (isShutOut(recognizer) || !shouldBegin(recognizer))) {
-        s.state = State::failed;
-        return;
+    if (recognises && !isShutOut(recognizer) && mustWait(recognizer)) {
+        return waitFor(recognizer, next);
     }
+    if (recognises && (isShutOut(recognizer) || !shouldBegin(recognizer))) return fail(recognizer);
+    if (next == State::cancelled) waitNoMore(recognizer);
     s.state = next;
     if (recognises) failOthers(recognizer);
-    if (next != State::possible && next != State::failed) act(recognizer);
+    if (next != State::possible) act(recognizer);
     if (recognises) TouchScreen::shared().recognized(recognizer);
 }
 
@@ -155,12 +244,11 @@ void registerRecognizers() {
         .method<"initWithTarget:action:">(
             [](UIGestureRecognizer self, Object target, SEL action) -> UIGestureRecognizer {
                 auto r = super<UIGestureRecognizer, "init", UIGestureRecognizer>(self);
-                if (target && action) recognizerState(r).actions.push_back({target, action});
+                if (target && action) addAction(r, target, action);
                 return r;
             })
-        .method<"addTarget:action:">([](UIGestureRecognizer r, Object target, SEL action) {
-            recognizerState(r).actions.push_back({target, action});
-        })
+        .method<"addTarget:action:">(
+            [](UIGestureRecognizer r, Object target, SEL action) { addAction(r, target, action); })
         .method<"removeTarget:action:">([](UIGestureRecognizer r, Object target, SEL action) {
             std::erase_if(recognizerState(r).actions, [&](const TargetAction& a) {
                 return (!target || a.target == target) &&
@@ -178,7 +266,10 @@ void registerRecognizers() {
             s.disabled = !enabled;
             if (enabled) return;
             if (isActive(s.state)) enter(r, State::cancelled);
+            const bool wasUndecided = isUndecided(r);
             s.touched = false;
+            waitNoMore(r);
+            if (wasUndecided) letOthersGo(r);
         })
         .method<"cancelsTouchesInView">([](UIGestureRecognizer r) { return cancelsTouches(r); })
         .method<"setCancelsTouchesInView:">(

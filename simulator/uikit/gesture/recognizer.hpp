@@ -2,6 +2,7 @@
 // long press, swipe, screen edge) differ in what they make of a touch.
 #pragma once
 
+#include <optional>
 #include <vector>
 
 #include "simulator/uikit/touch/touch.hpp"
@@ -22,6 +23,7 @@ struct TargetAction {
 // zero bytes, so a flag says where it departs from UIKit's default, negated where the default is YES.
 struct RecognizerState {
     long state;
+    long waiting;     // the state that it enters once those that must fail have failed; 0 for none
     UIView view;      // not owned
     Object delegate;  // not owned
     std::vector<TargetAction> actions;
@@ -32,11 +34,12 @@ struct RecognizerState {
     CGPoint location;
     CGPoint origin;  // where the translation counts from
     double startTime;
-    double pressDuration;     // long press
-    double movement;          // long press
-    unsigned long direction;  // swipe
-    unsigned long edges;      // screen edge
-    long taps;                // wanted by a tap
+    double pressDuration;                      // long press
+    double movement;                           // long press
+    unsigned long direction;                   // swipe
+    unsigned long edges;                       // screen edge
+    std::optional<unsigned long> mostTouches;  // pan
+    long taps;                                 // wanted by a tap
     long tapsSeen;
     std::uint64_t ticket;
     bool disabled;
@@ -53,6 +56,8 @@ inline RecognizerState& recognizerState(UIGestureRecognizer recognizer) {
 // Called by the view that takes it on; empty to let go.
 void attach(UIGestureRecognizer recognizer, UIView view);
 
+// It has the finger, or had it, and may still recognise.
+bool isUndecided(UIGestureRecognizer recognizer);
 // Enabled, and the delegate lets it have the touch.
 bool receives(UIGestureRecognizer recognizer, UITouch touch);
 // Still interested in the touch that it received.
@@ -61,7 +66,8 @@ bool cancelsTouches(UIGestureRecognizer recognizer);
 // The finger has left: ready for the next.
 void touchIsOver(UIGestureRecognizer recognizer);
 
-// The next state; one that the table does not allow raises. Recognising asks who has a say first.
+// The next state; one that the table does not allow raises. Recognising asks who has a say first, and
+// waits for those that must fail before.
 void enter(UIGestureRecognizer recognizer, long state);
 
 void registerRecognizers();

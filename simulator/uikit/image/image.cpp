@@ -13,24 +13,28 @@ namespace {
 
 struct ImageState {
     rendering::PictureRef picture;
+    double scale;        // pixels per point of the file; the screen's for a drawing
     long renderingMode;  // automatic 0, original 1, template 2
 };
 
 std::string asItIs(const std::string& path) { return path; }
 std::string (*resolvePath)(const std::string&) = &asItIs;
 
-UIImage fresh(const rendering::PictureRef& picture, long mode) {
+UIImage fresh(const ImageState& state) {
     auto image = create<UIImage>();
     if (!image) return UIImage();
-    stateOf<ImageState>(image).picture = picture;
-    stateOf<ImageState>(image).renderingMode = mode;
+    stateOf<ImageState>(image) = state;
     return image.autoreleased();
 }
 
-rendering::PictureRef load(const std::filesystem::path& path, double scale) {
+UIImage imageOf(rendering::Surface surface, double scale) {
+    auto picture = rendering::Picture::pixels(std::move(surface), scale);
+    return picture ? fresh({picture, scale, 0}) : UIImage();
+}
+
+UIImage load(const std::filesystem::path& path, double scale) {
     auto read = rendering::readPng(resolvePath(path.string()));
-    if (!read) return nullptr;
-    return rendering::Picture::pixels(std::move(read.surface), scale);
+    return read ? imageOf(std::move(read.surface), scale) : UIImage();
 }
 
 // "name@2x.png" is found beside "name.png", the screen's own scale first.
@@ -39,14 +43,14 @@ UIImage imageAt(const std::string& path) {
     std::filesystem::path file(path);
     if (file.extension().empty()) file.replace_extension(".png");
     std::filesystem::path stem = file.parent_path() / file.stem();
-    if (stem.string().ends_with("@2x")) return makeImage(load(file, 2));
-    if (stem.string().ends_with("@3x")) return makeImage(load(file, 3));
+    if (stem.string().ends_with("@2x")) return load(file, 2);
+    if (stem.string().ends_with("@3x")) return load(file, 3);
     bool first3 = screen().scale >= 3;
     for (int scale : {first3 ? 3 : 2, first3 ? 2 : 3}) {
         auto named = stem.string() + "@" + std::to_string(scale) + "x" + file.extension().string();
-        if (auto picture = load(named, scale)) return makeImage(picture);
+        if (UIImage image = load(named, scale)) return image;
     }
-    return makeImage(load(file, 1));
+    return load(file, 1);
 }
 
 // A name keeps its image for the life of the process. One that has none is looked for again.
@@ -62,7 +66,7 @@ UIImage namedImage(const std::string& name) {
 }  // namespace
 
 UIImage makeImage(const rendering::PictureRef& picture) {
-    return picture ? fresh(picture, 0) : UIImage();
+    return picture ? fresh({picture, screen().scale, 0}) : UIImage();
 }
 
 rendering::PictureRef pictureOf(UIImage image) {
@@ -90,12 +94,13 @@ void registerImage() {
             if (!bytes) return UIImage();
             auto read =
                 rendering::decodePng({static_cast<const std::byte*>(bytes), length}, "image data");
-            if (!read) return UIImage();
-            return makeImage(rendering::Picture::pixels(std::move(read.surface), 1));
+            return read ? imageOf(std::move(read.surface), 1) : UIImage();
         })
         .method<"initWithContentsOfFile:">([](UIImage self, NSString path) -> UIImage {
-            stateOf<ImageState>(self).picture = pictureOf(imageAt(text(path)));
-            if (stateOf<ImageState>(self).picture) return self;
+            if (UIImage image = imageAt(text(path))) {
+                stateOf<ImageState>(self) = stateOf<ImageState>(image);
+                return self;
+            }
             self.send<"release">();
             return UIImage();
         })
@@ -104,15 +109,18 @@ void registerImage() {
             if (!picture) return {0, 0};
             return {picture->size().width, picture->size().height};
         })
-        .method<"scale">([](UIImage) -> double { return screen().scale; })
+        .readonly<"scale", &ImageState::scale>()
         // Images do not change: a copy is the image itself.
         .method<"copyWithZone:">([](UIImage self, void*) -> UIImage {
             UIImage same = self;
             return UIImage(retained(same).leak());
         })
         .readonly<"renderingMode", &ImageState::renderingMode>()
-        .method<"imageWithRenderingMode:">(
-            [](UIImage self, long mode) { return fresh(stateOf<ImageState>(self).picture, mode); });
+        .method<"imageWithRenderingMode:">([](UIImage self, long mode) {
+            ImageState state = stateOf<ImageState>(self);
+            state.renderingMode = mode;
+            return fresh(state);
+        });
 }
 
 }  // namespace simulator

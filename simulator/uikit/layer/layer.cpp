@@ -1,6 +1,7 @@
 #include "simulator/uikit/layer/layer.hpp"
 
 #include <algorithm>
+#include <cmath>
 
 #include "simulator/uikit/animation/animation.hpp"
 #include "simulator/uikit/geometry.hpp"
@@ -15,7 +16,23 @@ LayerState::~LayerState() {
 
 LayerState& layerState(CALayer layer) { return stateOf<LayerState>(layer); }
 
+namespace {
+
+// What would come out of an arithmetic fault far away is caught where it is stored, as the platform
+// does.
+void requireNumbers(Property property, const Numbers& numbers) {
+    const bool place = property == Property::position;
+    if (!place && property != Property::boundsSize && property != Property::boundsOrigin) return;
+    if (std::none_of(numbers.begin(), numbers.end(), [](double n) { return std::isnan(n); }))
+        return;
+    raise("CALayerInvalidGeometry"_ns,
+          std::string("CALayer ") + (place ? "position" : "bounds") + " contains NaN");
+}
+
+}  // namespace
+
 void change(CALayer layer, Property property, const Numbers& numbers) {
+    requireNumbers(property, numbers);
     LayerState& state = layerState(layer);
     const Numbers before = read(state.values, property);
     if (before == numbers) return;
@@ -43,18 +60,24 @@ void colorSet(CALayer layer, Strong<UIColor>& slot, Property property, CGColorRe
     change(layer, property, {rgba.red, rgba.green, rgba.blue, rgba.alpha});
 }
 
+// The model's colour itself while it is not on its way.
+Strong<UIColor> shownColor(const Strong<UIColor>& model, const Rgba& shown) {
+    if (!model || rgbaOf(model) == shown) return model;
+    return retained(makeColor(shown));
+}
+
 CALayer presentationOf(CALayer layer) {
     auto copy = create<CALayer>();
     LayerState& to = layerState(copy);
     const LayerState& from = layerState(layer);
     to.values = presentationValues(layer);
-    to.background = from.background ? retained(makeColor(to.values.background)) : from.background;
-    to.multiply = from.multiply ? retained(makeColor(to.values.multiply)) : from.multiply;
+    to.background = shownColor(from.background, to.values.background);
+    to.multiply = shownColor(from.multiply, to.values.multiply);
     to.border = from.border;
     to.contents = from.contents;
     to.mask = from.mask;
     to.layerName = from.layerName;
-    to.isPresentation = true;
+    to.model = retained(layer);
     return copy.autoreleased();
 }
 
@@ -181,10 +204,11 @@ void registerLayer() {
             if (layer) setDefaults(layerState(layer).values);
             return layer;
         })
-        .method<"presentationLayer">([](CALayer l) -> CALayer {
-            return layerState(l).isPresentation ? l : presentationOf(l);
+        .method<"presentationLayer">(
+            [](CALayer l) -> CALayer { return layerState(l).model ? l : presentationOf(l); })
+        .method<"modelLayer">([](CALayer l) -> CALayer {
+            return layerState(l).model ? CALayer(layerState(l).model) : l;
         })
-        .method<"modelLayer">([](CALayer l) -> CALayer { return l; })
         .method<"removeAllAnimations">([](CALayer l) { stopAnimations(l, Stopping::nextTurn); })
         .method<"animationKeys">([](CALayer l) -> NSArray {
             if (layerState(l).animations.empty()) return NSArray();

@@ -67,7 +67,7 @@ struct LayerState {
     CALayer superlayer;  // not owned
     Object delegate;     // not owned; the view of a view's layer
     std::vector<RunningAnimation> animations;
-    bool isPresentation;
+    Strong<CALayer> model;  // of a presentation
 
     ~LayerState();
 };

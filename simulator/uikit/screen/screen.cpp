@@ -16,6 +16,12 @@ CGRect Screen::bounds() const {
                   : rect(0, 0, portrait.width, portrait.height);
 }
 
+CGSize Screen::nativeSize() const {
+    constexpr CGSize plusModel{414, 736}, plusPanel{1080, 1920};
+    if (portrait == plusModel && scale == 3) return plusPanel;
+    return {portrait.width * scale, portrait.height * scale};
+}
+
 void setScreenBrightness(double level) {
     screen().brightness = std::clamp(level, 0.0, 1.0);
     NSNotificationCenter::defaultCenter().send<"postNotificationName:object:userInfo:">(
@@ -31,11 +37,13 @@ void registerScreen() {
         .classMethod<"screens">([](Class) { return NSArray::with(UIScreen::mainScreen()); })
         .method<"bounds">([](UIScreen) -> CGRect { return screen().bounds(); })
         .method<"nativeBounds">([](UIScreen) -> CGRect {
-            const Screen& s = screen();
-            return rect(0, 0, s.portrait.width * s.scale, s.portrait.height * s.scale);
+            CGSize size = screen().nativeSize();
+            return rect(0, 0, size.width, size.height);
         })
         .method<"scale">([](UIScreen) -> double { return screen().scale; })
-        .method<"nativeScale">([](UIScreen) -> double { return screen().scale; })
+        .method<"nativeScale">([](UIScreen) -> double {
+            return screen().nativeSize().width / screen().portrait.width;
+        })
         .method<"brightness">([](UIScreen) -> double { return screen().brightness; })
         .method<"setBrightness:">([](UIScreen, double level) { setScreenBrightness(level); })
         .method<"maximumFramesPerSecond">([](UIScreen) -> long { return 60; })

@@ -1,5 +1,7 @@
 #include "simulator/uikit/touch/touch.hpp"
 
+#include <algorithm>
+
 #include "simulator/runtime/clock.hpp"
 #include "simulator/uikit/geometry.hpp"
 #include "simulator/uikit/gesture/recognizer.hpp"
@@ -13,12 +15,18 @@ namespace {
 // How long a scroll view holds a touch back to see whether it becomes a drag, seconds.
 constexpr double contentDelay = 0.15;
 
+constexpr long phaseEnded = 3, phaseCancelled = 4;  // UITouchPhase
+
 struct EventState {
     Strong<UITouch> touch;
 };
 
 Object setOf(UITouch touch) {
     return Object(classObject(objc_getClass("NSSet"))).send<"setWithObject:", Object>(touch);
+}
+
+void tellView(Strong<UITouch> touch, Strong<UIEvent> event, SEL message) {
+    sendMessage<void>(touchState(touch).view.get(), message, setOf(touch).get(), event.get());
 }
 
 bool isHeldBack(UIView hit) {
@@ -46,6 +54,20 @@ CGPoint fromScreen(CGPoint place, UIView view) {
     return geometry::apply(geometry::inverted(conversionToScreen(view)), place);
 }
 
+CGPoint vectorFromScreen(CGPoint vector, UIView view) {
+    if (!view) return vector;
+    CGAffineTransform t = geometry::inverted(conversionToScreen(view));
+    t.tx = t.ty = 0;
+    return geometry::apply(t, vector);
+}
+
+CGPoint vectorToScreen(CGPoint vector, UIView view) {
+    if (!view) return vector;
+    CGAffineTransform t = conversionToScreen(view);
+    t.tx = t.ty = 0;
+    return geometry::apply(t, vector);
+}
+
 UITouch anyTouch(Object touches) { return touches.send<"anyObject", UITouch>(); }
 
 TouchScreen& TouchScreen::shared() {
@@ -71,13 +93,26 @@ void TouchScreen::down(CGPoint place) {
     collect(hit);
     tellRecognizers(selector<"touchesBegan:withEvent:">());
     if (!touch_ || touchState(touch_).taken) return;
-    if (isHeldBack(hit)) {
+    waitsForScroll_ = isHeldBack(hit);
+    if (waitsForScroll_) {
         delay_ = Clock::shared().after(contentDelay, [this] {
+            waitsForScroll_ = false;
             if (touch_) deliverBegan();
         });
     } else {
         deliverBegan();
     }
+}
+
+void TouchScreen::stopWaitingForScroll() {
+    Clock::shared().withdraw(delay_);
+    waitsForScroll_ = false;
+}
+
+bool TouchScreen::isBeginningHeld() const {
+    return std::any_of(recognizers_.begin(), recognizers_.end(), [](const auto& r) {
+        return recognizerState(r).delaysBegan && isUndecided(r);
+    });
 }
 
 void TouchScreen::collect(UIView hit) {
@@ -92,9 +127,9 @@ void TouchScreen::collect(UIView hit) {
 
 void TouchScreen::deliverBegan() {
     TouchState& state = touchState(touch_);
-    if (state.delivered || state.taken) return;
+    if (state.delivered || state.taken || waitsForScroll_ || isBeginningHeld()) return;
     state.delivered = true;
-    tellView(selector<"touchesBegan:withEvent:">());
+    tellView(touch_, event_, selector<"touchesBegan:withEvent:">());
 }
 
 void TouchScreen::tellRecognizers(SEL message) {
@@ -107,12 +142,6 @@ void TouchScreen::tellRecognizers(SEL message) {
     }
 }
 
-void TouchScreen::tellView(SEL message) {
-    Strong<UITouch> touch = touch_;
-    Strong<UIEvent> event = event_;
-    sendMessage<void>(touchState(touch).view.get(), message, setOf(touch).get(), event.get());
-}
-
 void TouchScreen::move(CGPoint place) {
     if (!touch_) return;
     AutoreleasePool pool;
@@ -123,12 +152,12 @@ void TouchScreen::move(CGPoint place) {
     state.phase = 1;
     tellRecognizers(selector<"touchesMoved:withEvent:">());
     if (touch_ && touchState(touch_).delivered && !touchState(touch_).taken) {
-        tellView(selector<"touchesMoved:withEvent:">());
+        tellView(touch_, event_, selector<"touchesMoved:withEvent:">());
     }
 }
 
-void TouchScreen::up() { finish(selector<"touchesEnded:withEvent:">(), 3); }
-void TouchScreen::cancel() { finish(selector<"touchesCancelled:withEvent:">(), 4); }
+void TouchScreen::up() { finish(selector<"touchesEnded:withEvent:">(), phaseEnded); }
+void TouchScreen::cancel() { finish(selector<"touchesCancelled:withEvent:">(), phaseCancelled); }
 
 void TouchScreen::finish(SEL message, long phase) {
     if (!touch_) return;
@@ -136,12 +165,14 @@ void TouchScreen::finish(SEL message, long phase) {
     TouchState& state = touchState(touch_);
     state.time = Clock::shared().now();
     state.phase = phase;
-    Clock::shared().withdraw(delay_);
+    stopWaitingForScroll();
     tellRecognizers(message);
     if (!touch_) return;
-    if (!touchState(touch_).taken) {
-        if (phase == 3) deliverBegan();
-        if (touch_ && touchState(touch_).delivered && !touchState(touch_).taken) tellView(message);
+    Recognizers holders = phase == phaseEnded ? holdersOfEnd() : Recognizers();
+    if (holders.empty()) {
+        end(message);
+    } else if (!touchState(touch_).taken) {
+        heldEnds_.push_back({touch_, event_, std::move(holders)});
     }
     auto all = std::exchange(recognizers_, {});
     touch_ = {};
@@ -149,12 +180,63 @@ void TouchScreen::finish(SEL message, long phase) {
     for (auto& recognizer : all) touchIsOver(recognizer);
 }
 
+void TouchScreen::end(SEL message) {
+    if (touchState(touch_).taken) return;
+    if (touchState(touch_).phase == phaseEnded) deliverBegan();
+    if (touch_ && touchState(touch_).delivered && !touchState(touch_).taken) {
+        tellView(touch_, event_, message);
+    }
+}
+
+TouchScreen::Recognizers TouchScreen::holdersOfEnd() const {
+    Recognizers holders;
+    for (const auto& recognizer : recognizers_) {
+        const RecognizerState& s = recognizerState(recognizer);
+        if (isUndecided(recognizer) && (s.delaysBegan || !s.hurriesEnded)) {
+            holders.push_back(recognizer);
+        }
+    }
+    return holders;
+}
+
 void TouchScreen::recognized(UIGestureRecognizer recognizer) {
-    if (!touch_ || !cancelsTouches(recognizer)) return;
+    settleHeld(recognizer, cancelsTouches(recognizer));
+    const bool hasTouch =
+        std::find(recognizers_.begin(), recognizers_.end(), recognizer) != recognizers_.end();
+    if (!touch_ || !hasTouch || !cancelsTouches(recognizer)) return;
     TouchState& state = touchState(touch_);
     if (std::exchange(state.taken, true)) return;
-    Clock::shared().withdraw(delay_);
-    if (state.delivered) tellView(selector<"touchesCancelled:withEvent:">());
+    stopWaitingForScroll();
+    if (state.delivered) tellView(touch_, event_, selector<"touchesCancelled:withEvent:">());
+}
+
+void TouchScreen::failed(UIGestureRecognizer recognizer) {
+    settleHeld(recognizer, false);
+    if (touch_ && recognizerState(recognizer).delaysBegan) deliverBegan();
+}
+
+// Decided after the finger has left.
+void TouchScreen::settleHeld(UIGestureRecognizer recognizer, bool cancels) {
+    std::vector<HeldEnd> settled;
+    std::erase_if(heldEnds_, [&](HeldEnd& held) {
+        const bool waited = std::erase(held.undecided, recognizer) > 0;
+        if (!waited || (!cancels && !held.undecided.empty())) return false;
+        settled.push_back(held);
+        return true;
+    });
+    for (const HeldEnd& held : settled) {
+        TouchState& state = touchState(held.touch);
+        if (cancels) {
+            state.phase = phaseCancelled;
+            if (!state.delivered) continue;
+            tellView(held.touch, held.event, selector<"touchesCancelled:withEvent:">());
+            continue;
+        }
+        if (!std::exchange(state.delivered, true)) {
+            tellView(held.touch, held.event, selector<"touchesBegan:withEvent:">());
+        }
+        tellView(held.touch, held.event, selector<"touchesEnded:withEvent:">());
+    }
 }
 
 void registerTouch() {

@@ -1,6 +1,9 @@
 // UIView's geometry: derived frames, conversions, autoresizing.
 #include "simulator/uikit/geometry.hpp"
 
+#include <algorithm>
+
+#include "simulator/uikit/view/scroll/scroll_view.hpp"
 #include "simulator/uikit/view/view.hpp"
 #include "simulator/uikit/view/window/window.hpp"
 
@@ -28,21 +31,30 @@ struct Axis {
 };
 constexpr Axis horizontal{1, 2, 4}, vertical{8, 16, 32};
 
-// Shares what the superview grew by evenly among the parts that may change.
-void stretch(unsigned long mask, Axis axis, double growth, double& origin, double& size) {
-    int parts = !!(mask & axis.before) + !!(mask & axis.size) + !!(mask & axis.after);
+// Shares what the superview grew by among the parts that may change: in proportion to what each
+// measures, evenly when all of them measure nothing. A size that would become negative is none.
+void stretch(unsigned long mask, Axis axis, double before, double now, double& origin,
+             double& size) {
+    const bool first = mask & axis.before, middle = mask & axis.size, last = mask & axis.after;
+    const int parts = first + middle + last;
     if (parts == 0) return;
-    double share = growth / parts;
-    if (mask & axis.before) origin += share;
-    if (mask & axis.size) size += share;
+    const double after = before - origin - size;
+    const double flexible = first * origin + middle * size + last * after;
+    const double growth = now - before;
+    auto share = [&](double part) {
+        return flexible == 0 ? growth / parts : growth * part / flexible;
+    };
+    const double offset = first ? share(origin) : 0;
+    if (middle) size = std::max(0.0, size + share(size));
+    origin += offset;
 }
 
 void autoresize(UIView view, CGSize before, CGSize now) {
     unsigned long mask = viewState(view).autoresizing;
     if (mask == 0) return;
     CGRect frame = frameOf(valuesOf(view));
-    stretch(mask, horizontal, now.width - before.width, frame.origin.x, frame.size.width);
-    stretch(mask, vertical, now.height - before.height, frame.origin.y, frame.size.height);
+    stretch(mask, horizontal, before.width, now.width, frame.origin.x, frame.size.width);
+    stretch(mask, vertical, before.height, now.height, frame.origin.y, frame.size.height);
     view.setFrame(frame);
 }
 
@@ -72,6 +84,12 @@ void boundsDidChange(UIView view, CGRect before) {
         return;
     }
     markNeedsLayout(view);
+    if (view.isKindOfClass(classOf<UIScrollView>())) {
+        scrollSizeChanged(as<UIScrollView>(view), before.size);
+    }
+    // What a superview does to its subviews in its own layout does not ask for another.
+    UIView superview = viewState(view).superview;
+    if (superview && !viewState(superview).layingOut) markNeedsLayout(superview);
     if (viewState(view).keepsSubviewSizes) return;
     auto subviews = viewState(view).subviews;
     for (auto& subview : subviews) autoresize(subview, before.size, now.size);

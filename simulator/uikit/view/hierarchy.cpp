@@ -46,6 +46,17 @@ void placeLayer(UIView parent, UIView child) {
     insertSublayer(layerOf(parent), layerOf(child), place);
 }
 
+// Right above the layer of the sibling: under layers without a view that lie above that.
+void placeLayerAbove(UIView parent, UIView child, UIView sibling) {
+    if (!child || viewState(child).superview != parent) return;
+    if (!sibling || viewState(sibling).superview != parent) return;
+    const auto& sublayers = layerState(layerOf(parent)).sublayers;
+    removeFromSuperlayer(layerOf(child));
+    auto below = std::find(sublayers.begin(), sublayers.end(), layerOf(sibling));
+    insertSublayer(layerOf(parent), layerOf(child),
+                   static_cast<std::size_t>(below - sublayers.begin()) + 1);
+}
+
 void reorder(UIView parent, UIView child, std::size_t index) {
     Views& views = viewState(parent).subviews;
     std::size_t from = indexOf(views, child);
@@ -145,6 +156,7 @@ void addViewHierarchy(const Table<UIView>& views) {
             if (child == sibling) return;
             if (child && viewState(child).superview == v) reorder(v, child, countOf(v));
             insertSubview(v, child, indexOf(viewState(v).subviews, sibling) + 1);
+            placeLayerAbove(v, child, sibling);
         })
         .method<"insertSubview:belowSubview:">([](UIView v, UIView child, UIView sibling) {
             if (child == sibling) return;

@@ -11,7 +11,19 @@ namespace {
 bool layoutWanted = false;
 constexpr int mostPasses = 64;
 
+// Also when the layout raises.
+struct LayingOut {
+    explicit LayingOut(UIView laid)
+        : view(laid), before(std::exchange(viewState(laid).layingOut, true)) {}
+    ~LayingOut() { viewState(view).layingOut = before; }
+    LayingOut(const LayingOut&) = delete;
+    LayingOut& operator=(const LayingOut&) = delete;
+    UIView view;
+    bool before;
+};
+
 void layoutOnce(UIView view) {
+    LayingOut layingOut(view);
     UIViewController controller = viewState(view).controller;
     viewState(view).needsLayout = false;
     controller.send<"viewWillLayoutSubviews">();

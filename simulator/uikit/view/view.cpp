@@ -4,7 +4,6 @@
 
 #include "simulator/uikit/controller/controller.hpp"
 #include "simulator/uikit/raise.hpp"
-#include "simulator/uikit/screen/screen.hpp"
 
 namespace simulator {
 
@@ -21,7 +20,7 @@ CALayer layerOf(UIView view) {
         Object raw = Object(classObject(layerClass)).send<"alloc", Object>();
         slot = adopted(raw.send<"init", CALayer>());
         layerState(slot).delegate = view;
-        viewState(view).seenStyle = screen().style;
+        viewState(view).seenTraits = traitsNow(screen().style);
     }
     return slot;
 }
@@ -37,9 +36,7 @@ namespace {
 
 void showBackground(UIView view) {
     UIColor color = viewState(view).background;
-    CGColorRef shown =
-        color ? cgColor(makeColor(rgbaOf(color, styleOf(view)))) : static_cast<CGColorRef>(nullptr);
-    layerOf(view).send<"setBackgroundColor:">(shown);
+    layerOf(view).send<"setBackgroundColor:">(cgColor(resolved(color, styleOf(view))));
 }
 
 // Nearest own tint going up; the system's blue when there is none.
@@ -61,11 +58,11 @@ void tellTintChanged(UIView view) {
 }  // namespace
 
 void updateTraits(UIView root) {
-    long style = styleOf(root);
+    const Traits now = traitsNow(styleOf(root));
     ViewState& state = viewState(root);
     layerOf(root);
-    if (state.seenStyle != style) {
-        UITraitCollection previous = traitsOf(std::exchange(state.seenStyle, style));
+    if (state.seenTraits != now) {
+        UITraitCollection previous = collectionOf(std::exchange(state.seenTraits, now));
         if (state.background) showBackground(root);
         if (state.controller) {
             state.controller.send<"traitCollectionDidChange:">(previous);
@@ -87,7 +84,8 @@ void addViewAppearance(const Table<UIView>& views) {
         .method<"clipsToBounds">([](UIView v) -> bool { return valuesOf(v).masksToBounds; })
         .method<"setClipsToBounds:">(
             [](UIView v, bool clips) { valuesOf(v).masksToBounds = clips; })
-        .flag<"isOpaque", "setOpaque:", &ViewState::opaque>()
+        .method<"isOpaque">([](UIView v) -> bool { return !viewState(v).translucent; })
+        .method<"setOpaque:">([](UIView v, bool opaque) { viewState(v).translucent = !opaque; })
         .method<"backgroundColor">([](UIView v) -> UIColor { return viewState(v).background; })
         .method<"setBackgroundColor:">([](UIView v, UIColor color) {
             viewState(v).background = retained(color);

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "simulator/uikit/layer/layer.hpp"
+#include "simulator/uikit/screen/screen.hpp"
 
 namespace simulator {
 
@@ -23,14 +24,15 @@ struct ViewState {
     long tag;
     long contentMode;
     long overrideStyle;  // UIUserInterfaceStyle; 0 takes the superview's
-    long seenStyle;      // the style that it was last told
+    Traits seenTraits;   // that it was last told
     unsigned long autoresizing;
     bool interactionDisabled;
     bool keepsSubviewSizes;  // autoresizesSubviews is NO
     bool multipleTouch;
     bool exclusiveTouch;
     bool needsLayout;
-    bool opaque;
+    bool layingOut;       // layoutSubviews, or its controller's calls around it, run now
+    bool translucent;     // isOpaque is NO
     bool ownConstraints;  // translatesAutoresizingMaskIntoConstraints is NO
 
     ~ViewState();
@@ -58,7 +60,7 @@ void layoutWindows();
 // Told by the layer.
 void boundsDidChange(UIView view, CGRect before);
 
-// Sends traitCollectionDidChange: down the tree where the style changed.
+// Sends traitCollectionDidChange: down the tree where the style or a size class changed.
 void updateTraits(UIView root);
 long styleOf(UIView view);
 

@@ -73,6 +73,7 @@ bool isInside(UIControl view, Object touches) {
 
 void began(UIControl view, Object touches, UIEvent event) {
     ControlState& s = control(view);
+    if (s.disabled) return;
     s.tracking = view.send<"beginTrackingWithTouch:withEvent:", bool>(anyTouch(touches), event);
     if (!s.tracking) return;
     s.inside = true;
@@ -86,12 +87,12 @@ void moved(UIControl view, Object touches, UIEvent event) {
     s.tracking = view.send<"continueTrackingWithTouch:withEvent:", bool>(anyTouch(touches), event);
     if (!s.tracking) return view.send<"setHighlighted:">(false);
     bool before = std::exchange(s.inside, isInside(view, touches));
+    unsigned long events = s.inside ? touchDragInside : touchDragOutside;
     if (before != s.inside) {
         view.send<"setHighlighted:">(s.inside);
-        sendControlEvents(view, s.inside ? touchDragEnter : touchDragExit, event);
-    } else {
-        sendControlEvents(view, s.inside ? touchDragInside : touchDragOutside, event);
+        events |= s.inside ? touchDragEnter : touchDragExit;
     }
+    sendControlEvents(view, events, event);
 }
 
 void ended(UIControl view, Object touches, UIEvent event) {
@@ -130,7 +131,6 @@ void addTracking(const Table<UIControl>& controls) {
 }  // namespace
 
 void sendControlEvents(UIControl view, unsigned long events, Object event) {
-    if (control(view).disabled) return;
     Strong<UIControl> kept = retained(view);
     auto targets = control(view).targets;
     for (const Target& t : targets) {
@@ -149,8 +149,9 @@ void registerControl() {
             [](UIControl v, Object target, SEL action, unsigned long events) {
                 removeTarget(v, target, action, events);
             })
-        .method<"sendActionsForControlEvents:">(
-            [](UIControl v, unsigned long events) { sendControlEvents(v, events, Object()); })
+        .method<"sendActionsForControlEvents:">([](UIControl v, unsigned long events) {
+            if (!control(v).disabled) sendControlEvents(v, events, Object());
+        })
         .method<"allControlEvents">([](UIControl v) -> unsigned long {
             unsigned long all = 0;
             for (const Target& t : control(v).targets) all |= t.events;

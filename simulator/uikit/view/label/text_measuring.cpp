@@ -8,7 +8,7 @@ namespace simulator {
 
 namespace {
 
-constexpr unsigned long usesLineFragmentOrigin = 1;  // else all is one line
+constexpr long usesLineFragmentOrigin = 1;  // else all is one line
 
 CGSize measured(NSString string, NSDictionary attributes, double width, int lines) {
     const FontTraits font = traitsOf(as<UIFont>(attributes.at("NSFont"_ns)));
@@ -21,7 +21,7 @@ CGSize measured(NSString string, NSDictionary attributes, double width, int line
 void addTextMeasuring() {
     category<NSString>()
         .method<"boundingRectWithSize:options:attributes:context:">(
-            [](NSString self, CGSize room, unsigned long options, NSDictionary attributes,
+            [](NSString self, CGSize room, long options, NSDictionary attributes,
                Object) -> CGRect {
                 const bool inLines = options & usesLineFragmentOrigin;
                 const CGSize size = inLines

@@ -11,11 +11,14 @@ namespace simulator {
 
 namespace {
 
+VANTORI_CLASS(UIScrollViewPanGestureRecognizer, UIPanGestureRecognizer);
+
 using State = UIGestureRecognizer::State;
 
 constexpr double runOut = 0.499;    // seconds of the speed that are still scrolled (0.998 a ms)
 constexpr double flickSpeed = 200;  // points per second that turn a page, at any place
-constexpr double rubber = 0.5;      // share of a drag beyond the content that is followed
+constexpr double rubber = 0.55;     // how much of a drag beyond the content is followed at first
+constexpr double lostPoints = 10;   // of a drag, before it begins
 constexpr double settleDuration = 0.35;
 constexpr double offsetDuration = 0.3;  // of setContentOffset:animated:
 
@@ -32,11 +35,14 @@ struct ScrollState {
     double began, duration;
     Motion motion;
     bool disabled, paging, dragging;
+    bool touched;  // a finger is on it, or on its content
+    bool stopped;  // by that finger, on its way
     bool noBounce, alwaysHorizontal, alwaysVertical;
     bool hurries;              // delaysContentTouches is NO
     bool keepsContentTouches;  // canCancelContentTouches is NO
     bool hidesHorizontal, hidesVertical;
-    bool directionalLock, scrollsToTop;
+    bool directionalLock;
+    bool staysAtTap;  // scrollsToTop is NO
 
     ~ScrollState();
 };
@@ -63,10 +69,11 @@ void tell(UIScrollView view) {
 
 CGPoint offsetOf(UIScrollView view) { return valuesOf(view).bounds.origin; }
 
-CGPoint limit(UIScrollView view) {
-    CGSize size = valuesOf(view).bounds.size;
-    CGSize content = scroll(view).content;
+CGPoint limitFor(CGSize content, CGSize size) {
     return {std::max(0.0, content.width - size.width), std::max(0.0, content.height - size.height)};
+}
+CGPoint limit(UIScrollView view) {
+    return limitFor(scroll(view).content, valuesOf(view).bounds.size);
 }
 
 CGPoint clamped(UIScrollView view, CGPoint offset) {
@@ -166,33 +173,102 @@ void release(UIScrollView view, CGPoint velocity) {
     glide(view, target, settles ? settleDuration : 1.2, Motion::decelerating);
 }
 
-// Beyond the content only a share of the drag is followed, or nothing without bounce.
-double stretched(double offset, double most, bool bounces) {
+// So much of a pull of d points is followed in a view of that size, as on devices; never all of it.
+double followed(double d, double size) {
+    return size > 0 ? (1 - 1 / (rubber * d / size + 1)) * size : 0;
+}
+// The pull that led there.
+double pulled(double beyond, double size) {
+    return beyond < size ? size / rubber * (1 / (1 - beyond / size) - 1) : beyond;
+}
+
+// Beyond the content a pull is followed less and less, or not at all without bounce.
+double stretched(double offset, double most, double size, bool bounces) {
     if (!bounces) return std::clamp(offset, 0.0, most);
-    if (offset < 0) return offset * rubber;
-    return offset > most ? most + (offset - most) * rubber : offset;
+    if (offset < 0) return -followed(-offset, size);
+    return offset > most ? most + followed(offset - most, size) : offset;
+}
+double unstretched(double offset, double most, double size) {
+    if (offset < 0) return -pulled(-offset, size);
+    return offset > most ? most + pulled(offset - most, size) : offset;
 }
 
 void drag(UIScrollView view) {
     ScrollState& s = scroll(view);
     CGPoint by = s.pan.send<"translationInView:", CGPoint>(UIView(viewState(view).superview));
     CGPoint most = limit(view);
-    CGPoint offset = s.dragStart;
-    if (movesAcross(view)) offset.x = stretched(s.dragStart.x - by.x, most.x, !s.noBounce);
-    if (movesDown(view)) offset.y = stretched(s.dragStart.y - by.y, most.y, !s.noBounce);
+    CGSize size = valuesOf(view).bounds.size;
+    CGPoint offset = offsetOf(view);
+    const bool bounces = !s.noBounce;
+    if (movesAcross(view)) offset.x = stretched(s.dragStart.x - by.x, most.x, size.width, bounces);
+    if (movesDown(view)) offset.y = stretched(s.dragStart.y - by.y, most.y, size.height, bounces);
     setOffset(view, offset);
+}
+
+// The points that it took to tell a drag from a touch are no part of it, however far the finger went
+// in one step.
+void beginDrag(UIScrollView view) {
+    ScrollState& s = scroll(view);
+    halt(view);
+    s.dragging = true;
+    s.stopped = false;
+    ++tracking;
+    CGPoint offset = offsetOf(view), most = limit(view);
+    CGSize size = valuesOf(view).bounds.size;
+    s.dragStart = {unstretched(offset.x, most.x, size.width),
+                   unstretched(offset.y, most.y, size.height)};
+    CGPoint by = s.pan.send<"translationInView:", CGPoint>(UIView());
+    double distance = std::hypot(by.x, by.y);
+    double rest = distance > lostPoints ? 1 - lostPoints / distance : 0;
+    s.pan.setTranslation({by.x * rest, by.y * rest}, UIView());
+    tell<"scrollViewWillBeginDragging:">(view);
+    drag(view);
+}
+
+// A finger stops what runs on.
+void fingerCame(UIScrollView view) {
+    ScrollState& s = scroll(view);
+    s.touched = true;
+    if (s.motion != Motion::decelerating) return;
+    halt(view);
+    s.stopped = true;
+    tell<"scrollViewDidEndDecelerating:">(view);
+}
+
+// One that was stopped and not dragged comes to rest at a page, and within its content.
+void fingerLeft(UIScrollView view) {
+    ScrollState& s = scroll(view);
+    s.touched = false;
+    if (!std::exchange(s.stopped, false)) return;
+    CGPoint offset = offsetOf(view);
+    s.dragStart = offset;
+    CGPoint target = targetOf(view, {0, 0});
+    if (target == offset) return;
+    tell<"scrollViewWillBeginDecelerating:">(view);
+    glide(view, target, settleDuration, Motion::decelerating);
+}
+
+// What shrinks takes the offset along; where it lies beyond the content already it stays.
+void keepWithin(UIScrollView view, CGPoint limitBefore) {
+    ScrollState& s = scroll(view);
+    CGPoint most = limit(view);
+    auto kept = [&](CGPoint p) -> CGPoint {
+        return {most.x < limitBefore.x ? std::min(p.x, most.x) : p.x,
+                most.y < limitBefore.y ? std::min(p.y, most.y) : p.y};
+    };
+    if (s.dragging) return;
+    if (s.motion != Motion::none) {
+        s.from = kept(s.from);
+        s.to = kept(s.to);
+    }
+    setOffset(view, kept(offsetOf(view)));
 }
 
 void handlePan(UIScrollView view, UIPanGestureRecognizer pan) {
     ScrollState& s = scroll(view);
     switch (pan.state()) {
         case State::began:
-            halt(view);
-            s.dragging = true;
-            ++tracking;
-            s.dragStart = offsetOf(view);
-            pan.setTranslation({0, 0}, UIView());
-            tell<"scrollViewWillBeginDragging:">(view);
+            beginDrag(view);
             break;
         case State::changed:
             drag(view);
@@ -223,6 +299,25 @@ bool mayDrag(UIScrollView view) {
     return !s.keepsContentTouches && view.send<"touchesShouldCancelInContentView:", bool>(content);
 }
 
+UIScrollView scrolledBy(UIGestureRecognizer pan) {
+    UIView view = recognizerState(pan).view;
+    return view.isKindOfClass(classOf<UIScrollView>()) ? as<UIScrollView>(view) : UIScrollView();
+}
+
+// Knows when a finger comes and when it leaves, also one that never becomes a drag.
+void registerPan() {
+    using Pan = UIScrollViewPanGestureRecognizer;
+    table<Pan, UIPanGestureRecognizer>()
+        .method<"touchesBegan:withEvent:">([](Pan pan, Object touches, UIEvent event) {
+            super<Pan, "touchesBegan:withEvent:">(pan, touches, event);
+            if (UIScrollView view = scrolledBy(pan)) fingerCame(view);
+        })
+        .method<"reset">([](Pan pan) {
+            super<Pan, "reset">(pan);
+            if (UIScrollView view = scrolledBy(pan)) fingerLeft(view);
+        });
+}
+
 void addOffsets(const Table<UIScrollView>& views) {
     views.method<"contentOffset">([](UIScrollView v) { return offsetOf(v); })
         .method<"setContentOffset:">([](UIScrollView v, CGPoint offset) {
@@ -245,7 +340,12 @@ void addOffsets(const Table<UIScrollView>& views) {
                        along(r.origin.y, r.size.height, shown.origin.y, shown.size.height)};
             v.send<"setContentOffset:animated:">(clamped(v, to), animated);
         })
-        .property<"contentSize", &ScrollState::content>();
+        .readonly<"contentSize", &ScrollState::content>()
+        .method<"setContentSize:">([](UIScrollView v, CGSize content) {
+            CGPoint before = limit(v);
+            scroll(v).content = content;
+            keepWithin(v, before);
+        });
 }
 
 void addFlags(const Table<UIScrollView>& views) {
@@ -260,7 +360,8 @@ void addFlags(const Table<UIScrollView>& views) {
               "setDirectionalLockEnabled:", &ScrollState::directionalLock>()
         .property<"alwaysBounceHorizontal", &ScrollState::alwaysHorizontal>()
         .property<"alwaysBounceVertical", &ScrollState::alwaysVertical>()
-        .property<"scrollsToTop", &ScrollState::scrollsToTop>()
+        .method<"scrollsToTop">([](UIScrollView v) { return !scroll(v).staysAtTap; })
+        .method<"setScrollsToTop:">([](UIScrollView v, bool yes) { scroll(v).staysAtTap = !yes; })
         .method<"bounces">([](UIScrollView v) { return !scroll(v).noBounce; })
         .method<"setBounces:">([](UIScrollView v, bool yes) { scroll(v).noBounce = !yes; })
         .method<"delaysContentTouches">([](UIScrollView v) { return !scroll(v).hurries; })
@@ -286,7 +387,12 @@ void addFlags(const Table<UIScrollView>& views) {
 bool delaysContent(UIScrollView view) { return !scroll(view).hurries && !scroll(view).disabled; }
 bool isScrollTracking() { return tracking > 0; }
 
+void scrollSizeChanged(UIScrollView view, CGSize before) {
+    keepWithin(view, limitFor(scroll(view).content, before));
+}
+
 void registerScrollView() {
+    registerPan();
     auto views = table<UIScrollView, UIView, ScrollState>();
     views
         .method<"initWithFrame:">([](UIScrollView self, CGRect frame) -> UIScrollView {
@@ -294,7 +400,7 @@ void registerScrollView() {
             if (!view) return view;
             valuesOf(view).masksToBounds = true;
             Object target = view;
-            scroll(view).pan = create<UIPanGestureRecognizer, "initWithTarget:action:">(
+            scroll(view).pan = create<UIScrollViewPanGestureRecognizer, "initWithTarget:action:">(
                 target, selector<"_handlePan:">());
             view.addGestureRecognizer(scroll(view).pan);
             return view;
@@ -311,7 +417,8 @@ void registerScrollView() {
             return !content.isKindOfClass(classOf<UIControl>());
         })
         .method<"isDragging">([](UIScrollView v) -> bool { return scroll(v).dragging; })
-        .method<"isTracking">([](UIScrollView v) -> bool { return scroll(v).dragging; })
+        .method<"isTracking">(
+            [](UIScrollView v) -> bool { return scroll(v).touched || scroll(v).dragging; })
         .method<"isDecelerating">(
             [](UIScrollView v) -> bool { return scroll(v).motion == Motion::decelerating; });
     addOffsets(views);

@@ -11,6 +11,9 @@ bool delaysContent(UIScrollView view);
 // Some scroll view is being dragged or runs on: timers in the default mode wait.
 bool isScrollTracking();
 
+// Told by the view: its bounds were of that size.
+void scrollSizeChanged(UIScrollView view, CGSize before);
+
 void registerScrollView();
 
 }  // namespace simulator

@@ -35,12 +35,40 @@ WindowState::~WindowState() {
     if (windows().key && &stateOfWindow(windows().key) == this) windows().key = UIWindow();
 }
 
+void post(const char* name, UIWindow window) {
+    NSNotificationCenter::defaultCenter().send<"postNotificationName:object:">(NSString::from(name),
+                                                                               window);
+}
+
+void bringToFrontOfLevel(UIWindow window) { stateOfWindow(window).shown = ++windows().order; }
+
 void setHidden(UIWindow window, bool hidden) {
     if (valuesOf(window).hidden == hidden) return;
     valuesOf(window).hidden = hidden;
-    if (!hidden) stateOfWindow(window).shown = ++windows().order;
+    if (!hidden) bringToFrontOfLevel(window);
     markNeedsLayout(window);
     appearanceMayHaveChanged(window);
+    post(hidden ? "UIWindowDidBecomeHiddenNotification" : "UIWindowDidBecomeVisibleNotification",
+         window);
+}
+
+void makeKey(UIWindow window) {
+    UIWindow old = std::exchange(windows().key, window);
+    if (old == window) return;
+    if (old) {
+        old.send<"resignKeyWindow">();
+        post("UIWindowDidResignKeyNotification", old);
+    }
+    window.send<"becomeKeyWindow">();
+    post("UIWindowDidBecomeKeyNotification", window);
+}
+
+void sortBackToFront(std::vector<Strong<UIWindow>>& all) {
+    std::stable_sort(all.begin(), all.end(), [](const auto& a, const auto& b) {
+        const auto& left = stateOfWindow(a);
+        const auto& right = stateOfWindow(b);
+        return std::pair(left.level, left.shown) < std::pair(right.level, right.shown);
+    });
 }
 
 // Sized to the window. A view that lies elsewhere moves to the back of the window; one that the window
@@ -74,14 +102,16 @@ std::vector<Strong<UIWindow>> allWindows() {
 
 bool isVisible(UIWindow window) { return window && !valuesOf(window).hidden; }
 
+std::vector<Strong<UIWindow>> applicationWindows() {
+    auto all = allWindows();
+    sortBackToFront(all);
+    return all;
+}
+
 std::vector<Strong<UIWindow>> windowsBackToFront() {
     auto all = allWindows();
     std::erase_if(all, [](const Strong<UIWindow>& w) { return !isVisible(w); });
-    std::stable_sort(all.begin(), all.end(), [](const auto& a, const auto& b) {
-        const auto& left = stateOfWindow(a);
-        const auto& right = stateOfWindow(b);
-        return std::pair(left.level, left.shown) < std::pair(right.level, right.shown);
-    });
+    sortBackToFront(all);
     return all;
 }
 
@@ -104,15 +134,11 @@ void registerWindow() {
         .property<"windowLevel", &WindowState::level>()
         .method<"setHidden:">([](UIWindow w, bool hidden) { setHidden(w, hidden); })
         .method<"makeKeyAndVisible">([](UIWindow w) {
+            bringToFrontOfLevel(w);
             w.setHidden(false);
             w.send<"makeKeyWindow">();
         })
-        .method<"makeKeyWindow">([](UIWindow w) {
-            UIWindow old = std::exchange(windows().key, w);
-            if (old == w) return;
-            old.send<"resignKeyWindow">();
-            w.send<"becomeKeyWindow">();
-        })
+        .method<"makeKeyWindow">([](UIWindow w) { makeKey(w); })
         .method<"becomeKeyWindow">([](UIWindow) {})
         .method<"resignKeyWindow">([](UIWindow) {})
         .method<"isKeyWindow">([](UIWindow w) -> bool { return windows().key == w; })
