@@ -86,14 +86,19 @@ CGRect grabberFrame(double width) { return rect((width - 100) / 2, 10, 100, 5); 
 
 double grabberAlpha(bool isHidden) { return isHidden ? 0 : 0.5; }
 
-void keepPageInFront(VNTToolBarController toolbar, CGSize contentBefore) {
+PageInFront pageInFront(VNTToolBarController toolbar) {
     UIScrollView scrollView = toolbar.vantoriScrollView();
-    const CGSize content = scrollView.contentSize();
+    return {scrollView.contentSize(), scrollView.contentOffset()};
+}
+
+void keepPageInFront(VNTToolBarController toolbar, const PageInFront& before) {
+    UIScrollView scrollView = toolbar.vantoriScrollView();
+    const auto [content, offset] = pageInFront(toolbar);
     const double furthest = content.width - scrollView.frame().size.width;
-    const double offset = scrollView.contentOffset().x;
-    if (offset == 0 || (content.height == contentBefore.height && offset <= furthest)) return;
-    scrollView.setContentOffset({0, 0});
-    toolbar.scrollViewPageController().setCurrentPage(0);
+    const bool stays = content.height == before.content.height && before.offset.x <= furthest;
+    const CGPoint wanted = stays ? before.offset : CGPoint{0, 0};
+    if (offset != wanted) scrollView.setContentOffset(wanted);
+    if (wanted != before.offset) toolbar.scrollViewPageController().setCurrentPage(0);
 }
 
 void placePages(VNTToolBarController toolbar, int direction) {

@@ -36,10 +36,18 @@ CGRect pageFrame(unsigned long index, int direction);
 CGRect grabberFrame(double width);
 double grabberAlpha(bool isHidden);
 
+// The pages' content and how far it is scrolled, in points.
+struct PageInFront {
+    CGSize content;
+    CGPoint offset;
+};
+PageInFront pageInFront(VNTToolBarController toolbar);
+
 // For when the pages have been arranged anew: in another arrangement (the content's height tells them
 // apart), or in a content too narrow for what was in front, the first page comes to the front. Else
-// the toolbar could open where no page is.
-void keepPageInFront(VNTToolBarController toolbar, CGSize contentBefore);
+// the toolbar could open where no page is. Otherwise what was in front stays there, though the content
+// may have been narrower for a moment.
+void keepPageInFront(VNTToolBarController toolbar, const PageInFront& before);
 
 // Gives each listed page its frame, and every page alpha 1 or 0 by whether it is listed.
 void placePages(VNTToolBarController toolbar, int direction);

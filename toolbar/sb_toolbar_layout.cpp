@@ -132,7 +132,7 @@ void suggestPortraitHeight(VNTSBToolBarController self, int direction) {
 
 void layoutForOrientation(VNTSBToolBarController self, long orientation) {
     State& state = stateOf<State>(self);
-    const CGSize contentBefore = self.vantoriScrollView().contentSize();
+    const PageInFront front = pageInFront(self);
     turnHostWindow(state.hostWindow, orientation);
     if (orientation == orientationPortrait) {
         layoutPortrait(self, state);
@@ -140,7 +140,7 @@ void layoutForOrientation(VNTSBToolBarController self, long orientation) {
         layoutLandscape(self, state);
     }
     state.orientation = orientation;
-    keepPageInFront(self, contentBefore);
+    keepPageInFront(self, front);
 }
 
 }  // namespace vantori

@@ -20,8 +20,6 @@ void reloadSettingsCallback(CFNotificationCenterRef, void*, CFStringRef, const v
 void reloadGestureSettings(CFNotificationCenterRef, void*, CFStringRef, const void*,
                            CFDictionaryRef) {}
 
-CGSize contentOf(VNTToolBarController toolbar) { return toolbar.vantoriScrollView().contentSize(); }
-
 void placeApplicationToolbar(VNTToolBarController toolbar) {
     const CGSize screen = UIScreen::mainScreen().bounds().size;
     MAX_SIZE = toolbar.maxHeight();
@@ -29,13 +27,14 @@ void placeApplicationToolbar(VNTToolBarController toolbar) {
 }
 
 void refreshToolbars(VNTToolBarController toolbar, VNTSBToolBarController springBoardToolbar) {
-    const CGSize content = contentOf(toolbar), springBoardContent = contentOf(springBoardToolbar);
+    const PageInFront front = pageInFront(toolbar);
+    const PageInFront springBoardFront = pageInFront(springBoardToolbar);
     toolbar.refreshLayoutForDirection(layoutDirection);
     springBoardToolbar.refreshLayoutForDirection(layoutDirection);
     toolbar.refreshAllPages();
     springBoardToolbar.refreshAllPages();
-    keepPageInFront(toolbar, content);
-    keepPageInFront(springBoardToolbar, springBoardContent);
+    keepPageInFront(toolbar, front);
+    keepPageInFront(springBoardToolbar, springBoardFront);
     placeApplicationToolbar(toolbar);
 
     toolbar.page<VNTMediaPlayerViewController>().setAllowOpenNowPlayingApp(tapToOpen);
@@ -47,11 +46,12 @@ void refreshToolbars(VNTToolBarController toolbar, VNTSBToolBarController spring
 // content in which the pages now stand is made to fit them. The grid of a phone on its side stays
 // until the phone is turned.
 bool reloadPages(VNTToolBarController toolbar) {
-    const CGSize content = contentOf(toolbar);
+    const PageInFront front = pageInFront(toolbar);
+    const double height = front.content.height;
     toolbar.refreshAllPages();
-    const bool isRearranged = content.height != toolbar.maxHeight() && content.height != gridHeight;
+    const bool isRearranged = height != toolbar.maxHeight() && height != gridHeight;
     if (isRearranged) toolbar.refreshLayoutForDirection(currentLayoutDirection());
-    keepPageInFront(toolbar, content);
+    keepPageInFront(toolbar, front);
     return isRearranged;
 }
 

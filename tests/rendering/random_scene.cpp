@@ -30,7 +30,7 @@ RandomScene::RandomScene(unsigned seed, Size screen) : engine_(seed), screen_(sc
                  Picture::symbol("bell", {30, 30}),
                  Picture::symbol("wifi", {17, 21}, hex(0x308030))};
     root_ = nodeWithFrame("screen", {{0, 0}, screen_});
-    root_.children.push_back(imageNode({{0, 0}, screen_}, wallpaper(screen_, 2, false)));
+    root_.children.push_back(imageNode({{0, 0}, screen_}, wallpaper(screen_, false)));
     for (int i = 0; i < 8; ++i) root_.children.push_back(node(1));
 }
 

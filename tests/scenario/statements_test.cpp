@@ -38,11 +38,20 @@ TEST_P(ScenarioDriving, IsMalformedBeforeBoot) {
     EXPECT_THROW(run(GetParam().statement), SyntaxError);
 }
 
+// What is said without the remarks on settings that nothing reads.
+std::string complaints(const std::string& said) {
+    std::istringstream lines(said);
+    std::string line, rest;
+    while (std::getline(lines, line))
+        if (!line.starts_with("note: ")) rest += line + "\n";
+    return rest;
+}
+
 TEST_P(ScenarioAnytime, ReachesThePhoneBeforeAndAfterBoot) {
-    EXPECT_EQ(run(GetParam().statement), "");
+    EXPECT_EQ(complaints(run(GetParam().statement)), "");
     EXPECT_EQ(phone.operations, GetParam().operations);
     phone.operations.clear();
-    EXPECT_EQ(run(std::string("boot\n") + GetParam().statement), "");
+    EXPECT_EQ(complaints(run(std::string("boot\n") + GetParam().statement)), "");
     phone.operations.erase(phone.operations.begin());
     EXPECT_EQ(phone.operations, GetParam().operations);
 }

@@ -117,8 +117,8 @@ class TouchInSlider : public Toolbar, public testing::WithParamInterface<int> {}
 
 TEST_P(TouchInSlider, IsLookedForThreeLevelsUp) {
     boot();
-    const Strong<UIView> slider =
-        retained<UIView>(sb().page<VNTBrightnessSliderContainerViewController>().brightnessSlider());
+    const Strong<UIView> slider = retained<UIView>(
+        sb().page<VNTBrightnessSliderContainerViewController>().brightnessSlider());
     UIView touched = slider;
     for (int level = 0; level < GetParam(); ++level) {
         auto inner = create<UIView, "initWithFrame:">(rect(0, 0, 10, 10));

@@ -381,6 +381,20 @@ class Timers : public Controllers {
     Strong<TimerWitness> witness_;
 };
 
+// As documented: a timer of an invocation sends that message.
+TEST_F(Timers, SendTheMessageOfAnInvocation) {
+    const SEL act = sel_registerName("act:");
+    Object signature = Object(witness_.get()).send<"methodSignatureForSelector:", Object>(act);
+    Object invocation = Object(classObject(objc_getClass("NSInvocation")))
+                            .send<"invocationWithMethodSignature:", Object>(signature);
+    invocation.send<"setTarget:">(Object(witness_.get()));
+    invocation.send<"setSelector:">(act);
+    sendClass<NSTimer, "scheduledTimerWithTimeInterval:invocation:repeats:", Object>(
+        1.0, invocation, false);
+    pass(1.1);
+    EXPECT_EQ(calls(), Calls{"acted"});
+}
+
 // As documented: a timer fires once it is in a run loop, at its fire date.
 TEST_F(Timers, ActInTheRunLoopThatTheyAreAddedTo) {
     Object timer = made(true);

@@ -60,8 +60,10 @@ void fire(ClockTimer t) {
     Strong<Object> target = s.target;
     if (block) {
         block(Object(t));
-    } else if (target) {
+    } else if (target && s.action) {
         sendMessage<void>(target.get(), s.action, t.get());
+    } else if (target) {  // Foundation makes its timers of an invocation so
+        target.send<"invoke">();
     }
     if (!s.repeats) invalidate(t);
 }
