@@ -53,18 +53,21 @@ std::string deflated(const std::string& bytes) {
 
 }  // namespace
 
-bool ScreenRows::show(const rendering::Surface& picture) {
+bool ScreenRows::show(const rendering::Surface& picture, rendering::Rows painted) {
     cairo_surface_flush(picture.get());
-    const bool fresh = !picture_ || !sameSize(picture, picture_);
+    if (!picture_ || !sameSize(picture, picture_)) {
+        picture_ = rendering::copyOf(picture);
+        changed_.assign(static_cast<std::size_t>(picture.height()), ++frame_);
+        return true;
+    }
     const auto bytes = static_cast<std::size_t>(picture.width()) * bytesPerPixel;
-    bool different = fresh;
-    if (fresh) changed_.assign(static_cast<std::size_t>(picture.height()), frame_ + 1);
-    for (int row = 0; !fresh && row < picture.height(); ++row) {
+    bool different = false;
+    for (int row = painted.first; row < painted.end; ++row) {
         if (std::memcmp(rowOf(picture, row), rowOf(picture_, row), bytes) == 0) continue;
         changed_[static_cast<std::size_t>(row)] = frame_ + 1;
+        rendering::copyPixels(picture, picture_, {row, row + 1});
         different = true;
     }
-    picture_ = picture;
     if (different) ++frame_;
     return different;
 }

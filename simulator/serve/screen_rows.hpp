@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "simulator/rendering/rows.hpp"
 #include "simulator/rendering/surface.hpp"
 
 namespace simulator::serve {
@@ -20,8 +21,9 @@ struct Band {
 
 class ScreenRows {
   public:
-    // The next frame. False when it looks as the one before, and does not count.
-    bool show(const rendering::Surface& picture);
+    // The next frame, of which only `painted` may differ from the one before. False when it looks the
+    // same, and does not count.
+    bool show(const rendering::Surface& picture, rendering::Rows painted);
 
     // Frames are counted from 1; 0 is a page that has seen nothing.
     std::uint32_t frame() const { return frame_; }
@@ -34,7 +36,7 @@ class ScreenRows {
     std::string message(std::uint32_t seen);
 
   private:
-    rendering::Surface picture_;
+    rendering::Surface picture_;          // its own pixels: who paints goes on in theirs
     std::vector<std::uint32_t> changed_;  // by row, the frame that did
     std::uint32_t frame_ = 0;
     // Pages that are up to date are told the same.

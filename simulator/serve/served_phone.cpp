@@ -7,9 +7,6 @@
 #include "simulator/foundation/device_root.hpp"
 #include "simulator/foundation/property_list.hpp"
 #include "simulator/hardware/configuration.hpp"
-#include "simulator/phone/screen_picture.hpp"
-#include "simulator/rendering/canvas.hpp"
-#include "simulator/rendering/fingerprint.hpp"
 #include "simulator/runtime/clock.hpp"
 #include "simulator/runtime/history.hpp"
 #include "simulator/scenario/known_names.hpp"
@@ -307,13 +304,8 @@ double ServedPhone::pixelsPerPoint() const {
 }
 
 void ServedPhone::draw() {
-    const UprightScreen screen = uprightScreen();
-    const std::uint64_t print = rendering::fingerprint(screen.root);
-    const double scale = pixelsPerPoint();
-    if (drawn_ == print && drawnScale_ == scale) return;
-    drawn_ = print;
-    drawnScale_ = scale;
-    rows_.show(rendering::render(screen.root, screen.size, scale));
+    const rendering::Rows painted = painter_.paint(pixelsPerPoint());
+    if (!painted.empty()) rows_.show(painter_.picture(), painted);
 }
 
 std::string ServedPhone::state() {

@@ -12,6 +12,7 @@
 
 #include "simulator/live/live_phone.hpp"
 #include "simulator/live/pace.hpp"
+#include "simulator/phone/screen_picture.hpp"
 #include "simulator/serve/events.hpp"
 #include "simulator/serve/replay.hpp"
 #include "simulator/serve/requests.hpp"
@@ -91,9 +92,8 @@ class ServedPhone final : public Audience {
     std::ostringstream said_;  // by the console
     live::LivePhone live_;
     live::Pace pace_;
+    ScreenPainter painter_;
     ScreenRows rows_;
-    std::optional<std::uint64_t> drawn_;  // what the picture shows
-    double drawnScale_ = 0;
     Events events_;      // what was said and went wrong
     Events happenings_;  // the journal
     std::optional<Replay> replay_;

@@ -43,27 +43,43 @@ std::string pixelsOf(const std::string& message, std::size_t numbers, std::size_
     return pixels;
 }
 
+bool show(ScreenRows& rows, const rendering::Surface& picture) {
+    return rows.show(picture, rendering::rowsOf(picture));
+}
+
 TEST(ScreenRows, TellsOfTheRowsThatAreNewToAPage) {
     ScreenRows rows;
-    EXPECT_TRUE(rows.show(filled(4, 10, {1, 0, 0, 1}, {2, 3})));
+    EXPECT_TRUE(show(rows, filled(4, 10, {1, 0, 0, 1}, {2, 3})));
     EXPECT_EQ(rows.frame(), 1U);
     EXPECT_EQ(rows.changedSince(0), (std::vector<Band>{{0, 10}}));
-    EXPECT_FALSE(rows.show(filled(4, 10, {1, 0, 0, 1}, {2, 3})));
+    EXPECT_FALSE(show(rows, filled(4, 10, {1, 0, 0, 1}, {2, 3})));
     EXPECT_EQ(rows.frame(), 1U);
     // The red rows go from 2..4 to 3..5: 2 and 5 change.
-    EXPECT_TRUE(rows.show(filled(4, 10, {1, 0, 0, 1}, {3, 3})));
+    EXPECT_TRUE(show(rows, filled(4, 10, {1, 0, 0, 1}, {3, 3})));
     EXPECT_EQ(rows.changedSince(1), (std::vector<Band>{{2, 1}, {5, 1}}));
-    EXPECT_TRUE(rows.show(filled(4, 10, {1, 0, 0, 1}, {4, 3})));
+    EXPECT_TRUE(show(rows, filled(4, 10, {1, 0, 0, 1}, {4, 3})));
     // Who missed the second frame gets its rows with those of the third.
     EXPECT_EQ(rows.changedSince(1), (std::vector<Band>{{2, 2}, {5, 2}}));
     EXPECT_EQ(rows.changedSince(2), (std::vector<Band>{{3, 1}, {6, 1}}));
     EXPECT_TRUE(rows.changedSince(3).empty());
 }
 
+// Whoever paints goes on in the same pixels and says which of them may be others.
+TEST(ScreenRows, KeepsWhatWasShown) {
+    ScreenRows rows;
+    const rendering::Surface canvas = filled(4, 10, {1, 0, 0, 1}, {2, 3});
+    rows.show(canvas, rendering::rowsOf(canvas));
+    rendering::copyPixels(filled(4, 10, {1, 0, 0, 1}, {3, 3}), canvas, {0, 10});
+    EXPECT_TRUE(rows.show(canvas, {4, 8}));
+    EXPECT_EQ(rows.changedSince(1), (std::vector<Band>{{5, 1}}));
+    EXPECT_TRUE(rows.show(canvas, {0, 10}));
+    EXPECT_EQ(rows.changedSince(2), (std::vector<Band>{{2, 1}}));
+}
+
 TEST(ScreenRows, SendsNumbersThenPixels) {
     ScreenRows rows;
-    rows.show(filled(2, 4, {1, 0.5, 0, 1}, {1, 1}));
-    rows.show(filled(2, 4, {1, 0.5, 0, 1}, {1, 2}));
+    show(rows, filled(2, 4, {1, 0.5, 0, 1}, {1, 1}));
+    show(rows, filled(2, 4, {1, 0.5, 0, 1}, {1, 2}));
     const std::string message = rows.message(1);
     EXPECT_EQ(number(message, 0), 2U);  // the frame
     EXPECT_EQ(number(message, 1), 2U);
@@ -76,8 +92,8 @@ TEST(ScreenRows, SendsNumbersThenPixels) {
 
 TEST(ScreenRows, AnotherSizeIsNewAltogether) {
     ScreenRows rows;
-    rows.show(filled(2, 4, {1, 1, 1, 1}, {0, 4}));
-    EXPECT_TRUE(rows.show(filled(4, 2, {1, 1, 1, 1}, {0, 2})));
+    show(rows, filled(2, 4, {1, 1, 1, 1}, {0, 4}));
+    EXPECT_TRUE(show(rows, filled(4, 2, {1, 1, 1, 1}, {0, 2})));
     EXPECT_EQ(rows.changedSince(1), (std::vector<Band>{{0, 2}}));
 }
 
