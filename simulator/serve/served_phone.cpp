@@ -4,9 +4,9 @@
 #include <array>
 #include <nlohmann/json.hpp>
 
-#include "simulator/foundation/device_root.hpp"
 #include "simulator/foundation/property_list.hpp"
 #include "simulator/hardware/configuration.hpp"
+#include "simulator/phone/welcome.hpp"
 #include "simulator/runtime/clock.hpp"
 #include "simulator/runtime/history.hpp"
 #include "simulator/scenario/known_names.hpp"
@@ -30,9 +30,6 @@ constexpr std::size_t mostAnswers = 64;
 constexpr int tooMuch = 1013;  // try again later
 constexpr auto frameTime = std::chrono::microseconds(16667);
 
-// What the welcome leaves behind when it has been seen.
-constexpr const char* welcomeSeen =
-    "/var/mobile/Library/Preferences/com.ferolin.VantoriHistoryVersion.plist";
 constexpr std::size_t mostLayers = 400;
 
 struct Kind {
@@ -327,7 +324,7 @@ std::string ServedPhone::state() {
         {"touches", touches_},
         {"finger", finger_ ? json{fingerX_, fingerY_} : json()},
         {"pages", clients_.size()},
-        {"welcome", !std::filesystem::exists(DeviceRoot::shared().locate(welcomeSeen))},
+        {"welcome", welcomeIsShown()},
         {"recording", phone().records()},
         {"replaying", replay_.has_value()},
     };

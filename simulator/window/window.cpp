@@ -9,10 +9,10 @@
 #include <optional>
 #include <sstream>
 
-#include "simulator/foundation/device_root.hpp"
 #include "simulator/hardware/configuration.hpp"
 #include "simulator/live/pace.hpp"
 #include "simulator/phone/screen_picture.hpp"
+#include "simulator/phone/welcome.hpp"
 #include "simulator/springboard/display/lock_screen.hpp"
 #include "simulator/springboard/display/orientation.hpp"
 #include "simulator/uikit/screen/screen.hpp"
@@ -100,8 +100,6 @@ class PhoneWindow {
         display_.title(title);
     }
 
-    void tellOfWelcome();
-
     void handle(const SDL_Event& event);
     void press(const SDL_Keysym& key);
     void finger(const SDL_Event& event);
@@ -156,7 +154,7 @@ int PhoneWindow::run() {
     shown_ = screen();
     display_.shape(shown_);
     help();
-    tellOfWelcome();
+    if (welcomeIsShown()) input_.tell(howToLeaveTheWelcome);
     input_.prompt();
     tellTitle();
     pace_ = live::Pace();
@@ -236,13 +234,6 @@ void PhoneWindow::hearConsole() {
 void PhoneWindow::passTime() {
     for (int left = pace_.frames(); left > 0; --left)
         attempt([&] { phone().wait(pace_.frameTime()); });
-}
-
-// An owner who has seen it is not told again.
-void PhoneWindow::tellOfWelcome() {
-    const char* seen = "/var/mobile/Library/Preferences/com.ferolin.VantoriHistoryVersion.plist";
-    if (!std::filesystem::exists(DeviceRoot::shared().locate(seen)))
-        input_.tell("A new phone shows the welcome first: swipe to its last page and tap Back.");
 }
 
 void PhoneWindow::draw() {

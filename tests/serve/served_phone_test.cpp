@@ -49,6 +49,16 @@ class Page {
         });
         return text;
     }
+    // The first line of the journal that has that in it.
+    json happened(const std::string& part) {
+        json found;
+        until([&](const json& told) {
+            for (const json& event : told.value("happened", json::array()))
+                if (event.value("text", "").find(part) != std::string::npos) found = event;
+            return !found.is_null();
+        });
+        return found;
+    }
     std::string picture() {
         for (;;) {
             const auto message = client_.read();
@@ -176,6 +186,19 @@ TEST_F(ServedPhoneTest, TimeStandsStillAndGoesAFrameOn) {
     });
 }
 
+// The library notes that it was shown as soon as it shows it: what counts is what is on the screen.
+TEST_F(ServedPhoneTest, TellsOfTheWelcomeForAsLongAsItIsShown) {
+    serve([&] {
+        Page page = this->page();
+        EXPECT_EQ(page.state([](const json&) { return true; })["welcome"], true);
+        page.said("let windows = [[UIApplication sharedApplication] windows]");
+        page.said("let home = [[[windows objectAtIndex: 1] subviews] objectAtIndex: 0]");
+        page.said("do [[[[home subviews] lastObject] nextResponder] backToHome]");
+        page.said("wait 2");
+        page.state([](const json& state) { return state["welcome"] == false; });
+    });
+}
+
 TEST_F(ServedPhoneTest, TellsOfViewsWithTheirPlaces) {
     serve([&] {
         Page page = this->page();
@@ -204,9 +227,10 @@ TEST_F(ServedPhoneTest, CompletesStatementsAndTellsWhatHappens) {
         Page page = this->page();
         EXPECT_EQ(page.ask({{"do", "complete"}, {"before", ""}, {"word", "appea"}}),
                   json{"appearance"});
-        page.say({{"do", "journal"}, {"kinds", {"darwin"}}});
-        page.say({{"do", "say"}, {"line", "darwin a.name"}});
-        EXPECT_EQ(page.said("print 2"), "2\n");
+        page.say({{"do", "journal"}, {"kinds", {"notification"}}});
+        page.say({{"do", "say"}, {"line", "lock"}});
+        const json happened = page.happened("UIWindowDidBecomeVisibleNotification");
+        EXPECT_EQ(happened["kind"], "notification");
     });
 }
 

@@ -43,12 +43,8 @@ connection.addEventListener('state', ({ detail }) => {
   element('welcome').hidden = !detail.welcome;
 });
 
-// What the welcome leaves behind on a phone, so that the next start shows none.
-element('welcome-seen').addEventListener('click', () => {
-  connection.say(
-    'plist /var/mobile/Library/Preferences/com.ferolin.VantoriHistoryVersion.plist ["1.2.1"]');
-  connection.send({ do: 'start' });
-});
+// It has been noted as shown by now: the next start has none.
+element('welcome-seen').addEventListener('click', () => connection.send({ do: 'start' }));
 
 connection.connect();
 
