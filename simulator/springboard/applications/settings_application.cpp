@@ -29,7 +29,7 @@ VANTORI_CLASS(PSSwitchTableCell, UIView);  // a row with a switch
 constexpr double statusBar = 44;
 constexpr double barHeight = 44;
 constexpr double rowHeight = 46;
-constexpr double gap = 30;
+constexpr double gap = 38;                      // above a card, with its heading in it
 constexpr double side = rendering::margin - 4;  // beside the cards
 constexpr double indent = 16;
 constexpr double textSide = side + indent;
@@ -196,6 +196,15 @@ Strong<UIScrollView> addScroll(UIView parent, double top) {
     return scroll;
 }
 
+// The system's, which the pane would cover.
+void addStatusBar(PSListView self) {
+    auto bar = create<UIView, "initWithFrame:">(self.bounds());
+    if (!bar) return;
+    viewState(bar).interactionDisabled = true;
+    addPart(self, bar);
+    dressAsStatusBar(bar, StatusBarParts::all, wantsWhiteStatusBar(settingsApplication));
+}
+
 void fillPane(PSListView self, const SettingsPane& pane) {
     ListState& state = list(self);
     state.panes = {pane};
@@ -215,6 +224,7 @@ void fillPane(PSListView self, const SettingsPane& pane) {
     if (!state.scroll) return;
     const double end = addCells(state.scroll, cellsOf(self), self);
     state.scroll.setContentSize({width, end + bottom});
+    addStatusBar(self);
 }
 
 // The system's rows as a picture, the packages' below them.
@@ -289,6 +299,12 @@ void chosen(PSListView self, Object sender) {
     refill(self);
 }
 
+void scrollAs(PSListView old, PSListView fresh) {
+    const UIScrollView from = list(old).scroll, to = list(fresh).scroll;
+    if (!from || !to || widthOf(from) != widthOf(to)) return;
+    to.send<"setContentOffset:">(from.contentOffset());
+}
+
 // A screen reader's double tap on the row is one on its switch.
 CGPoint activationPoint(PSSwitchTableCell self) {
     const UIView toggle = stateOf<SwitchCellState>(self).toggle;
@@ -305,22 +321,25 @@ NSString switchValue(PSSwitchTableCell self) {
 
 }  // namespace
 
+// Dressed anew, in another appearance or lying on its side: what is open stays open, and scrolled as it was
+// where that fits.
 void showSettings(UIView scene) {
-    UIView old(objc_getAssociatedObject(scene.get(), &listKey));
-    const bool wasOpen = old && list(as<PSListView>(old)).pushed;
+    const auto old = retained(PSListView(objc_getAssociatedObject(scene.get(), &listKey)));
     if (old) old.removeFromSuperview();
     auto first = makeList(scene.bounds());
     if (!first) return;
     fillFirst(first);
     addPart(scene, first);
     objc_setAssociatedObject(scene.get(), &listKey, first.get(), associationRetainNonatomic);
-    ListState& state = list(first);
-    if (!wasOpen || state.panes.empty()) return;
-    auto pane = makeList(first.bounds());
+    if (!old) return;
+    scrollAs(old, first);
+    const UIView pushed = list(old).pushed;
+    auto pane = pushed ? makeList(first.bounds()) : Strong<PSListView>();
     if (!pane) return;
-    fillPane(pane, state.panes.front());
+    fillPane(pane, list(as<PSListView>(pushed)).panes.front());
+    scrollAs(as<PSListView>(pushed), pane);
     addPart(first, pane);
-    state.pushed = retained(UIView(pane));
+    list(first).pushed = retained(UIView(pane));
 }
 
 void registerSettingsApplication() {
