@@ -11,8 +11,14 @@ export function makeLayers(panel, connection, screen) {
 
   const place = () => {
     const { width, height } = screen.size;
-    const scale = Math.min(space.clientWidth / width, space.clientHeight / height) * 0.62;
-    const middle = (stack.childElementCount * apart.value) / 2;
+    const depth = stack.childElementCount * apart.value;
+    const middle = depth / 2;
+    // So that all of it is seen, however it is turned; what perspective enlarges is left room.
+    const [aside, up] = [turn.y, turn.x].map((angle) => (angle * Math.PI) / 180);
+    const across = width * Math.abs(Math.cos(aside)) + depth * Math.abs(Math.sin(aside));
+    const high = height * Math.abs(Math.cos(up)) +
+      (depth * Math.abs(Math.cos(aside)) + width * Math.abs(Math.sin(aside))) * Math.abs(Math.sin(up));
+    const scale = Math.min(space.clientWidth / across, space.clientHeight / high) * 0.82;
     stack.style.width = `${width}px`;
     stack.style.height = `${height}px`;
     stack.style.transform =

@@ -41,12 +41,14 @@ export class Screen {
     return this.#size;
   }
 
-  // From a place on the page to points of the phone.
+  // From a place on the page to points of the phone: hundredths, which no display shows and a recording of
+  // which can be read.
   toPhone(clientX, clientY) {
     const box = this.#canvas.getBoundingClientRect();
+    const points = (length, whole, size) => Math.round((length / whole) * size * 100) / 100;
     return {
-      x: ((clientX - box.left) / box.width) * this.#size.width,
-      y: ((clientY - box.top) / box.height) * this.#size.height,
+      x: points(clientX - box.left, box.width, this.#size.width),
+      y: points(clientY - box.top, box.height, this.#size.height),
     };
   }
 

@@ -47,7 +47,7 @@ export function makeSettings(panel, connection) {
       if (cell.kind === 'group') {
         endGroup();
         footer = cell.footer ?? '';
-        cells.append(text('h3', '', cell.label));
+        if (cell.label) cells.append(text('h3', '', cell.label));
       } else if (cell.kind === 'switch') {
         cells.append(toggle(cell));
       } else if (cell.kind === 'choice') {

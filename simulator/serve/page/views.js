@@ -60,7 +60,7 @@ export function makeViews(panel, connection, screen, finger, mark) {
       ['Frame on screen', `${x}, ${y}, ${w} by ${h}`],
       ['Owner', view.owner ?? 'none'],
       ['Alpha', view.hidden ? `${view.alpha}, hidden` : view.alpha],
-      ['Text', view.text ?? ''],
+      ...(view.text ? [['Text', view.text]] : []),
     ];
     facts.replaceChildren(...lines.flatMap(([term, value]) => [
       Object.assign(document.createElement('dt'), { textContent: term }),
