@@ -121,8 +121,8 @@ Display::Texture Display::textureOf(const rendering::Surface& picture, SDL_Textu
     return texture;
 }
 
-void Display::show(const rendering::Surface& picture, rendering::Rows changed, rendering::Size screen,
-                   std::optional<rendering::Point> finger) {
+void Display::show(const rendering::Surface& picture, rendering::Rows changed,
+                   rendering::Size screen, std::optional<rendering::Point> finger) {
     const int width = picture.width(), height = picture.height();
     if (width != textureWidth_ || height != textureHeight_ || !texture_) {
         texture_ = textureOf(picture, SDL_TEXTUREACCESS_STREAMING, SDL_BLENDMODE_NONE);
