@@ -255,13 +255,13 @@ void ServedPhone::answer(ClientId client, const json& id, json answer) {
 
 // Of each kind only while a page wants it: a phone that is used runs thousands of operations a second.
 void ServedPhone::watch() {
-    std::set<std::string> kinds;
+    std::set<std::string> wanted;
     for (const auto& [client, guest] : clients_)
-        kinds.insert(guest.kinds.begin(), guest.kinds.end());
-    if (kinds.empty()) return History::shared().watch({});
-    History::shared().watch([this, kinds](Happening what, const std::string& line) {
+        wanted.insert(guest.kinds.begin(), guest.kinds.end());
+    if (wanted.empty()) return History::shared().watch({});
+    History::shared().watch([this, wanted](Happening what, const std::string& line) {
         const char* kind = nameOf(what);
-        if (kinds.contains(kind)) happenings_.add({{"kind", kind}, {"text", line}});
+        if (wanted.contains(kind)) happenings_.add({{"kind", kind}, {"text", line}});
     });
 }
 
