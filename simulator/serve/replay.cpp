@@ -1,17 +1,34 @@
 #include "simulator/serve/replay.hpp"
 
-#include <regex>
 #include <sstream>
 
 namespace simulator::serve {
 
+namespace {
+
+struct Waits {
+    std::string each;
+    long times;
+};
+
+// `wait S times N`, and nothing behind it.
+std::optional<Waits> waitsOf(const std::string& line) {
+    std::istringstream words(line);
+    std::string wait, seconds, times, rest;
+    long count = 0;
+    if (!(words >> wait >> seconds >> times >> count) || wait != "wait" || times != "times")
+        return std::nullopt;
+    if (count < 0 || words >> rest) return std::nullopt;
+    return Waits{wait + " " + seconds, count};
+}
+
+}  // namespace
+
 Replay::Replay(const std::string& scenario) {
-    static const std::regex waits(R"(\s*(wait\s+\S+)\s+times\s+(\d{1,9})\s*)");
     std::istringstream text(scenario);
     for (std::string line; std::getline(text, line);) {
-        std::smatch parts;
-        if (std::regex_match(line, parts, waits))
-            lines_.push_back({parts[1], std::stol(parts[2])});
+        if (const auto waits = waitsOf(line))
+            lines_.push_back({waits->each, waits->times});
         else if (line.find_first_not_of(" \t\r") != std::string::npos)
             lines_.push_back({line});
     }
