@@ -15,6 +15,10 @@ done
 ln -s /proc/self/fd "$root/dev/fd"
 mkdir "$root/dev/shm"
 mount -t tmpfs -o mode=1777 shm "$root/dev/shm"
+# Terminals of its own, for what is typed in a test.
+mkdir "$root/dev/pts"
+mount -t devpts -o newinstance,ptmxmode=0666 devpts "$root/dev/pts"
+ln -s pts/ptmx "$root/dev/ptmx"
 # Each root unpacks the packages; they come over the wire once.
 mount --bind "$archives" "$root/var/cache/apt/archives"
 cp -L /etc/resolv.conf /etc/hosts "$root/etc/" 2>/dev/null || true
