@@ -3,7 +3,7 @@
 # it too.
 set(library_floors platform settings toggles pages toolbar hooks)
 set(simulator_floors runtime foundation rendering uikit loader hardware services springboard
-  scenario phone live window serve demo)
+  scenario phone restless live window serve demo)
 
 # vantori_floors(NAME OPTIONS FLOOR... [BELOW FOLDER...]): an object library NAME_FLOOR for each folder,
 # compiled with OPTIONS, whose room shows that folder, those before it and those BELOW, which are built

@@ -21,6 +21,7 @@ EventsInOrder Phone::inOrder(const std::vector<Event>&) { absent("the order of e
 std::optional<std::string> Phone::notShown(const std::string&) {
     absent("the texts on the screen");
 }
+std::optional<std::string> Phone::wrong() { absent("what must hold"); }
 std::vector<std::string> Phone::journal(std::size_t) { return {}; }
 std::string Phone::hooks() { absent("the hook report"); }
 void Phone::watch(Watched, std::function<void(const std::string&)>) { absent("the journal"); }

@@ -173,6 +173,9 @@ class Phone {
     // Nothing when nothing is loaded.
     virtual std::optional<PlayerLook> player();
     virtual std::optional<std::string> crashed() = 0;  // why it did first
+    // What does not hold of the extension that must hold whenever nothing moves; refused while a finger
+    // is down or a pull is on its way.
+    virtual std::optional<std::string> wrong();
     virtual void clear() = 0;
     virtual std::string tree(objc_object* root) = 0;  // of the whole screen for a null root
     virtual std::string elements();                   // what a screen reader goes through

@@ -120,6 +120,7 @@ class RecordingPhone final : public Phone {
     bool toggled(const std::string& name) override { return phone_.toggled(name); }
     std::optional<PlayerLook> player() override { return phone_.player(); }
     std::optional<std::string> crashed() override { return phone_.crashed(); }
+    std::optional<std::string> wrong() override { return phone_.wrong(); }
     void clear() override { phone_.clear(); }
     std::string tree(objc_object* root) override { return phone_.tree(root); }
     std::string elements() override { return phone_.elements(); }
