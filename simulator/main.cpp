@@ -147,7 +147,7 @@ struct RestlessCommand {
             ->type_name("N");
         command
             ->add_option("--life", options.eventsOfALife,
-                         "How much is done to a phone before another is taken (500)")
+                         "How much is done to a phone before another is taken (1000)")
             ->check(CLI::Range(1, 1000000))
             ->type_name("N");
         command->add_option("--device", options.device, "Machine identifier (any)")

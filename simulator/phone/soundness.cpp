@@ -60,8 +60,8 @@ bool isOfClass(UIView view, const char* className) {
 
 long windowsOfClass(const char* className) {
     const auto windows = allWindows();
-    return std::ranges::count_if(
-        windows, [&](const auto& each) { return isOfClass(each, className); });
+    return std::ranges::count_if(windows,
+                                 [&](const auto& each) { return isOfClass(each, className); });
 }
 
 void count(UIView root, Extent& extent) {
@@ -102,8 +102,7 @@ Extent Extent::now() {
         if (isOfClass(window, hostWindow) || isOfClass(window, welcomeWindow))
             count(window, extent);
     }
-    if (const Object toolbar = applicationToolbar())
-        count(toolbar.send<"view", UIView>(), extent);
+    if (const Object toolbar = applicationToolbar()) count(toolbar.send<"view", UIView>(), extent);
     extent.observers = registeredObservers();
     extent.timers = Clock::shared().waiting();
     return extent;
@@ -167,25 +166,18 @@ std::optional<std::string> Soundness::fault() {
 
 std::optional<std::string> Soundness::toolbarFault(Object toolbar) {
     const auto view = toolbar.send<"view", UIView>();
-    const double screenHeight = screen().bounds().size.height;
-    const double up = screenHeight - view.frame().origin.y;
+    const double up = screen().bounds().size.height - view.frame().origin.y;
     const bool open = isOpen(toolbar);
     const bool away = up < tolerance;
-    if (!away && !isHeight(up) && !leftInBetween_)
+    if (away || open) leftInBetween_ = false;
+    if (!open) movedAway_ = false;
+    if (leftInBetween_) return std::nullopt;
+    if (!away && !isHeight(up))
         return "the toolbar is neither up nor away: " + shown(up) + " points of it are up";
-    if (away || isHeight(up)) leftInBetween_ = false;
-    if (!open && isHeight(up) && !away && !leftInBetween_)
-        return "the toolbar is up and counts as closed";
-    if (!open) {
-        movedAway_ = false;
-        return std::nullopt;
-    }
-    if (away) {
-        if (movedAway_) return std::nullopt;
-        return "the toolbar counts as open and is away";
-    }
+    if (away && open && !movedAway_) return "the toolbar counts as open and is away";
+    if (!away && !open) return "the toolbar is up and counts as closed";
     // Upside down, the toolbar's window stays as the phone was held before.
-    if (activeOrientation() == orientationUpsideDown) return std::nullopt;
+    if (away || activeOrientation() == orientationUpsideDown) return std::nullopt;
     if (const auto hindrance = notVisible(view))
         return "the toolbar is open and not seen: " + *hindrance;
     if (!takesTouches(view, up)) return "the toolbar is open and takes no touch";
@@ -199,6 +191,12 @@ std::optional<std::string> Soundness::sceneFault() {
     const double lift = -controller.sceneContainerView().frame().origin.y;
     if (same(lift, 0)) {
         sceneLeft_ = false;
+        // On the home screen, or turned, nothing is lifted for it.
+        const bool lifts =
+            !frontMostIdentifier().empty() && activeOrientation() == orientationPortrait;
+        if (isOpen(toolbar) && lifts)
+            return "the toolbar behind the application counts as open, and the application is in its "
+                   "place";
         return std::nullopt;
     }
     if (sceneLeft_) return std::nullopt;
@@ -209,10 +207,11 @@ std::optional<std::string> Soundness::sceneFault() {
     return std::nullopt;
 }
 
-// The least in a period, so that what comes and goes (a page that is hosted, a song's title that scrolls)
+// From the first pull on, which makes the window. The least in a period, so that what comes and goes (a page that is hosted, a song's title that scrolls)
 // is not taken for what stays.
 std::optional<std::string> Soundness::growth() {
     constexpr Extent slack{.views = 60, .recognizers = 20, .observers = 20, .timers = 20};
+    if (windowsOfClass(hostWindow) == 0) return std::nullopt;
     const Extent now = Extent::now();
     const auto lower = [&](long Extent::* each) {
         least_.*each = checks_ == 0 ? now.*each : std::min(least_.*each, now.*each);

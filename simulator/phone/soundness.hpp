@@ -56,10 +56,10 @@ class Soundness {
     bool leftInBetween_ = false;  // see takenBack()
     bool movedAway_ = false;      // see noteTurns()
     long turns_ = 0;
-    bool sceneLeft_ = false;      // see announced()
+    bool sceneLeft_ = false;  // see announced()
 
     // The least of each in the checks of one period, and in those of the first.
-    static constexpr int period = 64;
+    static constexpr int period = 24;
     Extent least_;
     std::optional<Extent> first_;
     int checks_ = 0;

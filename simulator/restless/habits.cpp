@@ -149,7 +149,7 @@ void home(Hand& hand) { hand.write("home", "home"); }
 void lock(Hand& hand) { hand.write("lock", hand.random.chance(40) ? "lock" : "unlock"); }
 
 void turn(Hand& hand) {
-    static constexpr Words<6> ways{"portrait",   "portrait",        "portrait",
+    static constexpr Words<6> ways{"portrait",    "portrait",        "portrait",
                                    "upside-down", "landscape-right", "landscape-left"};
     const std::string_view way = hand.random.oneOf(ways);
     hand.write("turn", "rotate " + std::string(way));
@@ -188,7 +188,7 @@ void player(Hand& hand) {
 }
 
 void service(Hand& hand) {
-    static constexpr Words<7> names{"orientationlock", "ringermute", "lowpower",  "donotdisturb",
+    static constexpr Words<7> names{"orientationlock", "ringermute", "lowpower", "donotdisturb",
                                     "flashlight",      "nightshift", "truetone"};
     switch (hand.random.below(8)) {
         case 0:
@@ -206,18 +206,17 @@ void service(Hand& hand) {
 }
 
 void announce(Hand& hand) {
-    static constexpr Words<4> names{"VantoriPB/reloadSettings",
-                                    "com.ferolin.vantori.refresh-all-daily-toggles",
-                                    "com.ferolin.vantori.refresh-all-toggles",
-                                    "com.ferolin.vantori.Back-Now"};
-    hand.write("announcement", "darwin " + quoted(hand.random.chance(60)
-                                                      ? names.front()
-                                                      : hand.random.oneOf(names)));
+    static constexpr Words<4> names{
+        "VantoriPB/reloadSettings", "com.ferolin.vantori.refresh-all-daily-toggles",
+        "com.ferolin.vantori.refresh-all-toggles", "com.ferolin.vantori.Back-Now"};
+    hand.write(
+        "announcement",
+        "darwin " + quoted(hand.random.chance(60) ? names.front() : hand.random.oneOf(names)));
 }
 
 void set(Hand& hand) {
-    hand.write("setting", hand.random.chance(70) ? soundSetting(hand.random)
-                                                 : wrongSetting(hand.random));
+    hand.write("setting",
+               hand.random.chance(70) ? soundSetting(hand.random) : wrongSetting(hand.random));
     if (hand.random.chance(70)) announce(hand);
 }
 
@@ -274,14 +273,13 @@ void replaceFile(Hand& hand) {
 
 void interrupt(Hand& hand) {
     static constexpr Words<3> views{
-        "[front view]", "[[SBMainDisplaySceneLayoutViewController mainDisplaySceneLayoutViewController] sceneContainerView]",
+        "[front view]",
+        "[[SBMainDisplaySceneLayoutViewController mainDisplaySceneLayoutViewController] sceneContainerView]",
         "[[front mediaPlayerViewController] view]"};
     hand.write("interruption", "interrupt " + std::string(hand.random.oneOf(views)));
 }
 
-void wait(Hand& hand) {
-    hand.write("time", "wait " + seconds(hand.random.between(0.01, 0.6)));
-}
+void wait(Hand& hand) { hand.write("time", "wait " + seconds(hand.random.between(0.01, 0.6))); }
 
 constexpr bool gesture = true;
 

@@ -15,11 +15,14 @@ namespace {
 
 // Seconds in which every spring, fling and page that a hand can set off has come to rest.
 constexpr std::string_view settling = "wait 2";
+constexpr std::string_view stray = "grabber updated 60 200 0";
 constexpr std::string_view check = "expect nothing wrong";
 
-constexpr int restPercent = 12;   // of the chances between two things
-constexpr int goOnPercent = 70;   // of a gesture that is under way
-constexpr int welcomePercent = 5; // of the phones that show it
+constexpr int restPercent = 12;    // of the chances between two things
+constexpr int strayPercent = 25;   // of the rests
+constexpr int proofPercent = 4;    // likewise
+constexpr int goOnPercent = 70;    // of a gesture that is under way
+constexpr int welcomePercent = 5;  // of the phones that show it
 
 constexpr std::array<std::string_view, 6> systems{"11.4", "12.4", "13.3", "13.6", "14.2", "14.8"};
 
@@ -41,6 +44,8 @@ std::vector<std::string> introductions(Random& random, const LifeOptions& option
         if (random.chance(70))
             lines.push_back(std::string("setting ") + zone + "GestureEnabled true");
     }
+    if (random.chance(50)) lines.emplace_back("setting alwaysSpringBoardStyle false");
+    if (random.chance(30)) lines.emplace_back("setting reachability true");
     if (random.chance(30)) lines.push_back("dock " + std::to_string(random.below(7)));
     if (random.chance(30)) lines.push_back("recents " + someBundles(random));
     if (random.chance(10)) lines.push_back("connectivity-fails 2");
@@ -98,6 +103,33 @@ void Hand::finish() {
 void Hand::comeToRest() {
     finish();
     write(rest, std::string(settling));
+    // Whoever believed that a pull were still on its way would now follow it.
+    if (random.chance(strayPercent)) write(rest, std::string(stray));
+    write(rest, std::string(check));
+}
+
+// The lines of a proof go or stay together. What may lie in the way is an open toolbar, which the pull would
+// only close: each is sent away as a finger would.
+void Hand::showThatItOpens() {
+    static constexpr std::array<std::string_view, 13> lines{"unlock",
+                                                            "toggle orientationlock off",
+                                                            "rotate portrait",
+                                                            "home",
+                                                            "setting leftGestureEnabled true",
+                                                            "darwin \"VantoriPB/reloadSettings\"",
+                                                            settling,
+                                                            "do [behind handleDismissGesture: nil]",
+                                                            "do [front dismissVNTSB]",
+                                                            settling,
+                                                            "pull 20 300 over 0.3",
+                                                            settling,
+                                                            "expect [front isEnabled] == YES"};
+    ++gestures_;
+    for (const std::string_view line : lines) {
+        write(proof, std::string(line));
+        events_.back().gesture = gestures_;
+    }
+    turned(false);
     write(rest, std::string(check));
 }
 
@@ -112,9 +144,12 @@ std::vector<Event> life(const LifeOptions& options) {
             hand.goOn();
         else
             drawn(hand).act(hand);
-        if (!hand.isBusy() && hand.random.chance(restPercent)) hand.comeToRest();
+        if (hand.isBusy() || !hand.random.chance(restPercent)) continue;
+        hand.comeToRest();
+        if (hand.random.chance(proofPercent)) hand.showThatItOpens();
     }
     hand.comeToRest();
+    hand.showThatItOpens();
     return hand.takeEvents();
 }
 

@@ -21,9 +21,12 @@ struct Event {
 
 inline constexpr std::string_view setUp = "setting up";  // up to boot, and the names that are given
 inline constexpr std::string_view rest = "rest";         // until nothing moves, and the check
+inline constexpr std::string_view proof = "proof";       // that the toolbar can still be opened
 
 // Whether it counts as something that was done to the phone.
-inline bool isDone(const Event& event) { return event.kind != setUp && event.kind != rest; }
+inline bool isDone(const Event& event) {
+    return event.kind != setUp && event.kind != rest && event.kind != proof;
+}
 
 // One phone's life: how it is set up, and how much is done to it. What is empty is drawn from the seed.
 struct LifeOptions {
@@ -34,7 +37,7 @@ struct LifeOptions {
     bool real = false;  // always; else now and then
 };
 
-// Ends with a rest. `events` of the lines count as done.
+// Ends with a proof and a rest. `events` of the lines count as done.
 std::vector<Event> life(const LifeOptions& options);
 
 // The names of all habits, in the order of their table.
@@ -60,6 +63,8 @@ class Hand {
     void goOn();    // with the gesture
     void finish();  // it, at once
     void comeToRest();
+    // From wherever the phone is: brings it home, as it was bought, and pulls.
+    void showThatItOpens();
 
     // In points of the interface as it is held.
     double width() const { return isTurned_ ? height_ : width_; }

@@ -54,8 +54,8 @@ std::string signOf(const std::string& what) {
 // Of what a statement failed with, only that is a fault: the others are things that a phone refuses, or
 // a view that is not there.
 bool isFault(const scenario::Failure& failure, Phone& phone) {
-    return failure.statement.starts_with("expect") || failure.message.find(": raised ") != std::string::npos ||
-           phone.crashed().has_value();
+    return failure.statement.starts_with("expect") ||
+           failure.message.find(": raised ") != std::string::npos || phone.crashed().has_value();
 }
 
 struct Living {
@@ -66,8 +66,9 @@ struct Living {
 
     void countOpenings() {
         const OpenToolbars now = openToolbars();
-        outcome.openings += now.aboveSpringBoard && !open.aboveSpringBoard;
-        outcome.openings += now.behindApplications && !open.behindApplications;
+        const bool behind = now.behindApplications && !open.behindApplications;
+        outcome.openings += (now.aboveSpringBoard && !open.aboveSpringBoard) + behind;
+        outcome.behind += behind;
         open = now;
     }
 
@@ -91,16 +92,18 @@ struct Living {
             session.run(*statement);
             unheard.str("");
             countOpenings();
-            if (statement->text.starts_with("expect") && !outcome.finding) ++outcome.rests;
+            const Event& event = events[outcome.run];
+            if (outcome.finding || !event.line.starts_with("expect")) continue;
+            outcome.rests += event.kind == rest;
+            outcome.proofs += event.kind == proof;
         }
     }
 };
 
 std::string told(const Outcome& outcome) {
-    json text = {{"openings", outcome.openings},
-                 {"rests", outcome.rests},
-                 {"refused", outcome.refused},
-                 {"run", outcome.run}};
+    json text = {{"openings", outcome.openings}, {"behind", outcome.behind},
+                 {"rests", outcome.rests},       {"proofs", outcome.proofs},
+                 {"refused", outcome.refused},   {"run", outcome.run}};
     if (outcome.finding)
         text["finding"] = {outcome.finding->line, outcome.finding->what, outcome.finding->sign};
     return text.dump(-1, ' ', false, json::error_handler_t::replace);
@@ -109,7 +112,9 @@ std::string told(const Outcome& outcome) {
 Outcome understood(const std::string& text) {
     const json parts = json::parse(text);
     Outcome outcome{.openings = parts["openings"],
+                    .behind = parts["behind"],
                     .rests = parts["rests"],
+                    .proofs = parts["proofs"],
                     .refused = parts["refused"],
                     .run = parts["run"],
                     .finding = std::nullopt};
@@ -188,10 +193,9 @@ Outcome Life::outcome() {
 Outcome Life::buried(int status) const {
     std::error_code error;
     if (!box_->root().empty()) std::filesystem::remove_all(box_->root(), error);
-    const std::string cause = WIFSIGNALED(status)
-                                  ? std::string(strsignal(WTERMSIG(status)))
-                                  : "its process ended with status " +
-                                        std::to_string(WEXITSTATUS(status));
+    const std::string cause = WIFSIGNALED(status) ? std::string(strsignal(WTERMSIG(status)))
+                                                  : "its process ended with status " +
+                                                        std::to_string(WEXITSTATUS(status));
     std::string what = "the phone died: " + cause;
     const std::vector<std::string> inFlight = box_->inFlight();
     if (!inFlight.empty()) what += ", in " + inFlight.back();

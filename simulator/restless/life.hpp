@@ -2,10 +2,10 @@
 // lives.
 #pragma once
 
+#include <sys/types.h>
 #include <cstddef>
 #include <optional>
 #include <string>
-#include <sys/types.h>
 #include <vector>
 
 #include "simulator/restless/hand.hpp"
@@ -26,9 +26,11 @@ struct Finding {
 };
 
 struct Outcome {
-    long openings = 0;  // of either toolbar
-    long rests = 0;     // at which everything was checked
-    long refused = 0;   // lines that the phone could not carry out, and stayed as it was
+    long openings = 0;    // of either toolbar
+    long behind = 0;      // of those, of the one behind applications
+    long rests = 0;       // at which everything was checked
+    long proofs = 0;      // that a pull still opens
+    long refused = 0;     // lines that the phone could not carry out, and stayed as it was
     std::size_t run = 0;  // lines, the last one the finding's if there is one
     std::optional<Finding> finding;
 };

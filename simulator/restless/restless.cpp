@@ -64,7 +64,9 @@ class Restless {
         running_.pop_front();
         const Outcome outcome = first->life->outcome();
         openings_ += outcome.openings;
+        behind_ += outcome.behind;
         rests_ += outcome.rests;
+        proofs_ += outcome.proofs;
         refused_ += outcome.refused;
         for (std::size_t line = 0; line < std::min(outcome.run, first->events.size()); ++line) {
             if (!isDone(first->events[line])) continue;
@@ -109,7 +111,8 @@ class Restless {
 
     void sayTotal() {
         output_ << "seed " << options_.seed << ": " << done_ << " events on " << phones_
-                << " phones, " << openings_ << " openings, " << rests_ << " rests checked, "
+                << " phones, " << openings_ << " openings (" << behind_ << " behind applications), "
+                << rests_ << " rests checked, " << proofs_ << " pulls from home opened, "
                 << refused_ << " lines refused, " << findings_.size() << " findings\n ";
         std::string_view last;
         for (const std::string_view name : habitNames()) {
@@ -129,7 +132,7 @@ class Restless {
     std::set<std::string> findings_;
     std::map<std::string_view, long> byKind_;
     int phones_ = 0;
-    long done_ = 0, openings_ = 0, rests_ = 0, refused_ = 0;
+    long done_ = 0, openings_ = 0, behind_ = 0, rests_ = 0, proofs_ = 0, refused_ = 0;
 };
 
 }  // namespace

@@ -13,8 +13,8 @@ namespace simulator::restless {
 struct RestlessOptions {
     std::uint64_t seed = 0;
     long events = 1000;
-    int eventsOfALife = 500;  // after which another phone is taken
-    std::string device = {};  // of every phone; drawn from the seed when empty, as the next two
+    int eventsOfALife = 1000;  // after which another phone is taken
+    std::string device = {};   // of every phone; drawn from the seed when empty, as the next two
     std::string system = {};
     bool real = false;
     std::filesystem::path save = {};  // the folder for what was found; here when empty

@@ -24,8 +24,11 @@ class Shrinking {
     }
 
   private:
+    // Not the line at which it fails, nor what belongs to that.
     bool mayGo(std::size_t place) const {
-        return place + 1 < events_.size() && !isKept_(events_[place]);
+        const Event& event = events_[place];
+        const bool ofTheLast = event.gesture != 0 && event.gesture == events_.back().gesture;
+        return place + 1 < events_.size() && !isKept_(event) && (!ofTheLast || event.isMove);
     }
     std::set<std::string_view> kinds() const {
         std::set<std::string_view> names;
@@ -45,12 +48,11 @@ class Shrinking {
         for (std::size_t place = 0; place < events_.size(); ++place) {
             const int gesture = events_[place].gesture;
             if (!mayGo(place) || (gesture != 0 && !seen.insert(gesture).second)) continue;
+            if (gesture != 0 && gesture == events_.back().gesture) continue;
             units.push_back({place});
             for (std::size_t other = place + 1; gesture != 0 && other < events_.size(); ++other) {
                 if (events_[other].gesture == gesture) units.back().push_back(other);
             }
-            // One that the failure ends is not left out: its last line must stay.
-            if (units.back().back() + 1 == events_.size()) units.pop_back();
         }
         return units;
     }
