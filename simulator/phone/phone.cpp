@@ -140,6 +140,14 @@ class SimulatedPhone final : public Phone {
         setMissing(name);
     }
     void missingBundle(const std::string& path) override { setMissingBundle(path); }
+    void missingMethod(const std::string& className, const std::string& selector) override {
+        requireOff();
+        setMissingMethod(className, selector);
+    }
+    void missingFile(const std::string& path) override {
+        requireOff();
+        configuration().missingFiles.push_back(path);
+    }
     void dock(int icons) override {
         requireOff();
         int most = narrow(static_cast<long>(installedApplications().size()));

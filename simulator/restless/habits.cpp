@@ -27,11 +27,12 @@ std::string place(Hand& hand) {
 std::string alongTheEdge(Hand& hand) { return points(hand.random.between(0, hand.width())); }
 std::string distance(Hand& hand) { return points(hand.random.between(0, hand.height() * 0.9)); }
 
-// As quick as a release can be, either way; more often slow.
+// As quick as a release can be, either way, more often one that opens; or where it turns from one to the
+// other.
 std::string velocity(Hand& hand) {
     static constexpr Words<7> turningPoints{"0", "-5", "-5.01", "-15", "15", "-1", "300"};
     if (hand.random.chance(40)) return std::string(hand.random.oneOf(turningPoints));
-    return points(hand.random.between(-1500, 1500));
+    return points(hand.random.between(-500, 1500));
 }
 
 std::string level(Hand& hand) {
@@ -146,12 +147,12 @@ void reachability(Hand& hand) {
 
 void open(Hand& hand) { hand.write("application", "open " + aBundle(hand.random)); }
 void home(Hand& hand) { hand.write("home", "home"); }
-void lock(Hand& hand) { hand.write("lock", hand.random.chance(40) ? "lock" : "unlock"); }
+void lock(Hand& hand) { hand.write("lock", hand.random.chance(25) ? "lock" : "unlock"); }
 
+// Most of the time it is upright.
 void turn(Hand& hand) {
-    static constexpr Words<6> ways{"portrait",    "portrait",        "portrait",
-                                   "upside-down", "landscape-right", "landscape-left"};
-    const std::string_view way = hand.random.oneOf(ways);
+    static constexpr Words<3> ways{"upside-down", "landscape-right", "landscape-left"};
+    const std::string_view way = hand.random.chance(60) ? "portrait" : hand.random.oneOf(ways);
     hand.write("turn", "rotate " + std::string(way));
     hand.turned(way.starts_with("landscape"));
 }

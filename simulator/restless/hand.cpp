@@ -44,7 +44,8 @@ std::vector<std::string> introductions(Random& random, const LifeOptions& option
         if (random.chance(70))
             lines.push_back(std::string("setting ") + zone + "GestureEnabled true");
     }
-    if (random.chance(50)) lines.emplace_back("setting alwaysSpringBoardStyle false");
+    if (random.chance(60)) lines.emplace_back("setting alwaysSpringBoardStyle false");
+    if (random.chance(40)) lines.emplace_back("setting replaceCC true");
     if (random.chance(30)) lines.emplace_back("setting reachability true");
     if (random.chance(30)) lines.push_back("dock " + std::to_string(random.below(7)));
     if (random.chance(30)) lines.push_back("recents " + someBundles(random));

@@ -29,6 +29,8 @@ void Phone::keepLastSecond() {}
 void Phone::filmOfLastSecond(const std::filesystem::path&) {
     absent("the film of the last second");
 }
+void Phone::missingMethod(const std::string&, const std::string&) { absent("missing methods"); }
+void Phone::missingFile(const std::string&) { absent("missing files"); }
 void Phone::floatingDock() { absent("the floating dock"); }
 void Phone::connectivityFails(int) { absent("the connectivity module"); }
 void Phone::connectivityButton(double, double) { absent("the connectivity module"); }

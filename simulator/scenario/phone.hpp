@@ -96,6 +96,8 @@ class Phone {
     virtual void homeButton(bool present) = 0;
     virtual void missingClass(const std::string& name) = 0;
     virtual void missingBundle(const std::string& path) = 0;
+    virtual void missingMethod(const std::string& className, const std::string& selector);
+    virtual void missingFile(const std::string& path);  // of those that the package brings
     virtual void dock(int icons) = 0;
     virtual void floatingDock();
     virtual void connectivityFails(int creations);
