@@ -51,14 +51,11 @@ constexpr const char* ownWindow =
     "wait 0.1\n";
 
 TEST_F(OnAPhone, AMissingMethodIsAnsweredByNobody) {
-    EXPECT_EQ(
-        run("expect [SBLockScreenManager respondsToSelector: @selector(sharedInstance)] == NO\n"
-            "expect [UILabel instancesRespondToSelector: @selector(setText:)] == NO\n"
-            "expect [UILabel instancesRespondToSelector: @selector(text)] == YES\n"
-            "expect [UIButton instancesRespondToSelector: @selector(setTitle:forState:)] == YES\n",
-            "missing method SBLockScreenManager sharedInstance\n"
-            "missing method UILabel setText:\n"),
-        "");
+    EXPECT_EQ(run("expect [UIImpactFeedbackGenerator instancesRespondToSelector: "
+                  "@selector(impactOccurred)] == NO\n"
+                  "expect [UILabel instancesRespondToSelector: @selector(text)] == YES\n",
+                  "missing method UIImpactFeedbackGenerator impactOccurred\n"),
+              "");
 }
 
 TEST_F(OnAPhone, AMissingFileIsNotThere) {
