@@ -118,7 +118,8 @@ class Build:
                 raise BuildError(f"the mutated sources do not compile; see {self.folder / 'errors.txt'}")
             for name in touched:
                 self.write(name, sources[name])
-            waiting = [name for name in commands if name in failed or not self.is_current(name)]
+            # What failed first: a header that is written again makes the others wait once, not each time.
+            waiting = list(failed) or [name for name in commands if not self.is_current(name)]
 
     # The places that the compiler's errors are about.
     def blame(self, text):

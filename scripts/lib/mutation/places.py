@@ -192,8 +192,9 @@ class Finder:
 
     def lambda_(self, cursor, context):
         inner = context.inside(context.function)
+        inner.probe = UNKNOWN if context.probe is None else context.probe  # one of a table may run while compiling
         for child in cursor.get_children():
-            if child.kind == Kind.COMPOUND_STMT and context.probe != UNKNOWN:
+            if child.kind == Kind.COMPOUND_STMT and inner.probe != UNKNOWN:
                 self.probe(child, inner)
             self.walk(child, inner)
         return True

@@ -78,7 +78,7 @@ class UnitTests:
         self.program = program
 
     def all(self):
-        said = subprocess.run([self.program, "--gtest_list_tests"], capture_output=True, text=True, check=True).stdout
+        said = subprocess.run([self.program, "--gtest_list_tests"], capture_output=True, text=True, errors="replace", check=True).stdout
         names, suite = [], ""
         for line in said.splitlines():
             word = line.split("#")[0].strip()
