@@ -19,6 +19,15 @@ MEMORY = 6 << 30
 PATIENCE = 120  # seconds of waiting for tests that wait for each other
 
 
+WORD = re.compile(r"[A-Z]?[a-z]+|[A-Z]+(?![a-z])|\d+")
+COMMON = {"test", "cpp", "hpp", "vantori", "the", "a", "is", "of", "in", "and", "to", "for", "on"}
+
+
+def words(text):
+    """Of toolbar/setUpPages: toolbar, set, up, page."""
+    return {word.lower().rstrip("s") for word in WORD.findall(text)} - COMMON
+
+
 def limited(seconds):
     os.setsid()
     resource.setrlimit(resource.RLIMIT_CPU, (seconds, seconds))
@@ -88,6 +97,19 @@ class UnitTests:
                 suite = word
         return names
 
+    def subjects(self):
+        """The words that say what each test is about: those of its file and its name."""
+        with tempfile.TemporaryDirectory() as folder:
+            path = pathlib.Path(folder, "list.json")
+            subprocess.run([self.program, "--gtest_list_tests", f"--gtest_output=json:{path}"], capture_output=True, check=True)
+            suites = json.loads(path.read_text(encoding="utf-8", errors="replace"))["testsuites"] if path.exists() else []
+        found = {}
+        for suite in suites:
+            for test in suite["testsuite"]:
+                file = re.sub(r".*?/tests/", "", test.get("file", ""))
+                found[f"{suite['name']}.{test['name']}"] = words(f"{file} {suite['name']} {test['name']}")
+        return found
+
     def run(self, workplace, tests, **variables):
         """The test that failed first, with how; None: all held."""
         names = workplace.folder / "tests.txt"
@@ -112,6 +134,9 @@ class Scenarios:
 
     def all(self):
         return [str(path) for path in self.files]
+
+    def subjects(self):
+        return {str(path): words(path.stem) for path in self.files}
 
     def run(self, workplace, tests, **variables):
         for test in tests:
@@ -173,6 +198,8 @@ class Hunt:
         self.recording = recording
         self.build = build
         self.killers = collections.defaultdict(collections.Counter)  # of each file
+        self.tried = collections.defaultdict(set)
+        self.subjects = tests.subjects()
         self.lock = threading.Lock()
         by_file = collections.defaultdict(set)
         for change in build.changes:
@@ -191,19 +218,36 @@ class Hunt:
             return users & asked
         return self.by_file[change.file] & asked if change.file.endswith(".cpp") else asked
 
-    def run(self, change):
-        seeing = self.seeing(change)
-        if not seeing:
-            return "unseen", "", 0
+    def order(self, change, seeing):
+        """Those that caught others in the file, then by how many words they share with the change, then the cheap."""
         with self.lock:
             best = {test: -count for test, count in self.killers[change.file].most_common(6)}
         cost = self.recording.tests
-        order = sorted(seeing, key=lambda test: (best.get(test, 0), cost[test][1], cost[test][0], test))
+        about = words(change.file)
+        closer = words(f"{change.function} {change.before}")
+
+        def rank(test):
+            subject = self.subjects.get(test, set())
+            near = 2 * len(subject & about) + len(subject & closer)
+            return best.get(test, 0), -near, cost[test][1], cost[test][0], test
+
+        return sorted(seeing, key=rank)
+
+    def run(self, change, first, count):
+        """Runs so many of the tests that see it, from the first on: what came of it, by which, how many ran."""
+        seeing = self.seeing(change)
+        if not seeing:
+            return "unseen", "", 0
+        order = self.order(change, seeing)
+        if first:  # what ran before stays known, so that none runs twice
+            order = [test for test in order if test not in self.tried[change.key]]
+        part = order[:count]
+        self.tried[change.key] |= set(part)
         with Workplace(self.tests.seconds) as workplace:
-            failed = self.tests.run(workplace, order, MUTANT=str(self.build.numbers[id(change)]))
+            failed = self.tests.run(workplace, part, MUTANT=str(self.build.numbers[id(change)])) if part else None
         if failed is None:
-            return "survived", "", len(order)
+            return "open" if len(part) < len(order) else "survived", "", len(self.tried[change.key])
         with self.lock:
-            if failed[0] in cost:
+            if failed[0] in self.recording.tests:
                 self.killers[change.file][failed[0]] += 1
-        return "caught", f"{failed[0]}: {failed[1]}", len(order)
+        return "caught", f"{failed[0]}: {failed[1]}", len(self.tried[change.key])

@@ -95,7 +95,9 @@ def table(rows, head):
 
 def survivor_lines(survivors, results):
     for change in survivors:
-        by = "no test comes by" if results[change.key]["outcome"] == "unseen" else f"{results[change.key]['tests']} tests ran"
+        result = results[change.key]
+        by = "no test comes by" if result["outcome"] == "unseen" else f"{result['tests']} tests ran"
+        by += ", more are left" if result["outcome"] == "open" else ""
         after = change.after or "(nothing)"
         yield f"{change.file}:{change.line}: {change.function}: {change.kind}: {change.before} -> {after}  [{by}]"
 
