@@ -4,6 +4,7 @@
 
 #include "simulator/scenario/value.hpp"
 #include "simulator/services/system_settings.hpp"
+#include "tests/order.hpp"
 #include "tests/toggles/toggle_phone.hpp"
 
 namespace vantori::tests {
@@ -422,6 +423,22 @@ TEST_F(Switch, PostsItsOffMessageAtEveryTapWhileItIsOn) {
     EXPECT_EQ(posted("please-show"), 0);
     EXPECT_TRUE(toggle.isOn());
     EXPECT_EQ(toggle.currentState(), 0);
+}
+
+// Who hears the message finds the toggle as it was before the tap.
+TEST_F(Switch, TakesItsNewStateAfterItsMessage) {
+    boot();
+    auto toggle = makeSwitch();
+    listenTo({"please-show", "please-hide"});
+    std::vector<long> states;
+    Order::look() = [&] { states.push_back(toggle.currentState()); };
+    toggle.setIsOn(false);
+    toggle.setCurrentState(7);
+    tap(toggle);
+    toggle.setIsOn(true);
+    toggle.setCurrentState(8);
+    tap(toggle);
+    EXPECT_EQ(states, (std::vector<long>{7, 8}));
 }
 
 TEST_F(Switch, FadesItsColoursOverEightTenthsOfASecond) {
