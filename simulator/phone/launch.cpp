@@ -105,6 +105,12 @@ void installSupportFiles() {
     }
 }
 
+void takeMissingFilesAway() {
+    std::error_code error;
+    for (const std::string& path : configuration().missingFiles)
+        std::filesystem::remove_all(DeviceRoot::shared().locate(path), error);
+}
+
 // A plain name is one of SpringBoard's own bundle.
 std::string imagePath(const std::string& path) {
     const bool named = !path.starts_with('/');
@@ -195,6 +201,7 @@ void launchPhone(Extension extension) {
     setUpScreen();
     speak(configuration().language);
     installSupportFiles();
+    takeMissingFilesAway();
     registerUIKit();
     setImagePaths(&imagePath);
     registerSpringBoard();

@@ -24,6 +24,7 @@
 #include "simulator/phone/launch.hpp"
 #include "simulator/phone/on_screen.hpp"
 #include "simulator/phone/screen_picture.hpp"
+#include "simulator/phone/soundness.hpp"
 #include "simulator/phone/temporary_root.hpp"
 #include "simulator/runtime/clock.hpp"
 #include "simulator/runtime/crash.hpp"
@@ -139,6 +140,14 @@ class SimulatedPhone final : public Phone {
         setMissing(name);
     }
     void missingBundle(const std::string& path) override { setMissingBundle(path); }
+    void missingMethod(const std::string& className, const std::string& selector) override {
+        requireOff();
+        setMissingMethod(className, selector);
+    }
+    void missingFile(const std::string& path) override {
+        requireOff();
+        configuration().missingFiles.push_back(path);
+    }
     void dock(int icons) override {
         requireOff();
         int most = narrow(static_cast<long>(installedApplications().size()));
@@ -281,23 +290,27 @@ class SimulatedPhone final : public Phone {
         run([&] {
             bool mine = gestures_.cancelled();
             touching_ = taken_ = false;
+            if (mine) soundness_.takenBack();
             if (!mine) fingerCancelled();
         });
     }
 
     void grabber(PullPhase phase, double edge, double distance, double velocity) override {
         requireOn();
+        soundness_.reported(Soundness::Reporter::switcher, stageOf(phase));
         report("SBFluidSwitcherGestureManager",
                [&] { return reportSwitcherPull({stageOf(phase), edge, distance, velocity}); });
     }
     void controlCenterGrabber(PullPhase phase, double edge, double distance,
                               double velocity) override {
         requireOn();
+        soundness_.reported(Soundness::Reporter::controlCenter, stageOf(phase));
         report("SBControlCenterController",
                [&] { return reportControlCenterPull({stageOf(phase), edge, distance, velocity}); });
     }
     void statusBar(PullPhase phase, double x, double y, double velocity) override {
         requireOn();
+        soundness_.reported(Soundness::Reporter::statusBar, stageOf(phase));
         report("SBControlCenterController",
                [&] { return reportStatusBarPull(stageOf(phase), {x, y}, CGPoint{0, velocity}); });
     }
@@ -403,12 +416,14 @@ class SimulatedPhone final : public Phone {
     }
     void post(const std::string& notification) override {
         requireOn();
+        soundness_.posted(notification);
         run([&] {
             NSNotificationCenter::defaultCenter().post(NSString::from(notification.c_str()));
         });
     }
     void postDarwin(const std::string& notification) override {
         requireOn();
+        soundness_.announced();
         simulator::postDarwin(notification);
     }
 
@@ -467,6 +482,13 @@ class SimulatedPhone final : public Phone {
         return narrow(launches(bundle, true));
     }
     std::optional<std::string> crashed() override { return crash(); }
+    std::optional<std::string> wrong() override {
+        requireOn();
+        if (touching_) throw PhoneError("the finger is down");
+        if (const auto reason = soundness_.unsettled()) throw PhoneError(*reason);
+        AutoreleasePool pool;
+        return soundness_.fault();
+    }
     void clear() override {
         History::shared().clear();
         clearNotificationPosts();
@@ -595,6 +617,7 @@ class SimulatedPhone final : public Phone {
     bool taken_ = false;  // the system has the finger
     CGPoint finger_{};
     SystemGestures gestures_;
+    Soundness soundness_;
     LastSecond lastSecond_;
 };
 

@@ -26,6 +26,9 @@ class Clock {
     Ticket after(double seconds, Work work) { return at(now_ + seconds, std::move(work)); }
     void withdraw(Ticket ticket);
 
+    // How much work waits for its time.
+    long waiting() const { return static_cast<long>(due_.size()); }
+
     // Work for the next turn of the main run loop: first in, first out, never re-entered.
     void post(Work work);
 

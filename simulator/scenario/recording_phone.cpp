@@ -131,6 +131,14 @@ void RecordingPhone::missingBundle(const std::string& path) {
     phone_.missingBundle(path);
     preparation(statement("missing bundle", path));
 }
+void RecordingPhone::missingMethod(const std::string& className, const std::string& selector) {
+    phone_.missingMethod(className, selector);
+    preparation(statement("missing method", className, selector));
+}
+void RecordingPhone::missingFile(const std::string& path) {
+    phone_.missingFile(path);
+    preparation(statement("missing file", path));
+}
 void RecordingPhone::dock(int icons) {
     phone_.dock(icons);
     preparation(statement("dock", icons));

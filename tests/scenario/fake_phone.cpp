@@ -27,6 +27,10 @@ void FakePhone::real() { note("real"); }
 void FakePhone::homeButton(bool present) { note("homeButton", yesOrNo(present)); }
 void FakePhone::missingClass(const std::string& name) { note("missingClass", name); }
 void FakePhone::missingBundle(const std::string& path) { note("missingBundle", path); }
+void FakePhone::missingMethod(const std::string& className, const std::string& selector) {
+    note("missingMethod", className, selector);
+}
+void FakePhone::missingFile(const std::string& path) { note("missingFile", path); }
 void FakePhone::dock(int icons) { note("dock", icons); }
 void FakePhone::connectivityFails(int creations) { note("connectivityFails", creations); }
 void FakePhone::sceneAfter(const std::string& bundle, int creation) {

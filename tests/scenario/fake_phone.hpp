@@ -34,6 +34,8 @@ class FakePhone : public Phone {
     void homeButton(bool present) override;
     void missingClass(const std::string& name) override;
     void missingBundle(const std::string& path) override;
+    void missingMethod(const std::string& className, const std::string& selector) override;
+    void missingFile(const std::string& path) override;
     void dock(int icons) override;
     void connectivityFails(int creations) override;
     void sceneAfter(const std::string& bundle, int creation) override;

@@ -50,6 +50,28 @@ constexpr const char* ownWindow =
     "do [window setHidden: NO]\n"
     "wait 0.1\n";
 
+TEST_F(OnAPhone, AMissingMethodIsAnsweredByNobody) {
+    EXPECT_EQ(
+        run("expect [SBLockScreenManager respondsToSelector: @selector(sharedInstance)] == NO\n"
+            "expect [UILabel instancesRespondToSelector: @selector(setText:)] == NO\n"
+            "expect [UILabel instancesRespondToSelector: @selector(text)] == YES\n"
+            "expect [UIButton instancesRespondToSelector: @selector(setTitle:forState:)] == YES\n",
+            "missing method SBLockScreenManager sharedInstance\n"
+            "missing method UILabel setText:\n"),
+        "");
+}
+
+TEST_F(OnAPhone, AMissingFileIsNotThere) {
+    EXPECT_EQ(run("expect [UIImage imageWithContentsOfFile: "
+                  "\"/Library/Application Support/Vantori/nightshift.png\"] == nil\n"
+                  "expect [UIImage imageWithContentsOfFile: "
+                  "\"/Library/Application Support/Vantori/flashlight_on.png\"] != nil\n",
+                  "missing file \"/Library/Application Support/Vantori/nightshift.png\"\n"
+                  "missing file \"/Library/Application Support/Vantori/nightshift@2x.png\"\n"
+                  "missing file \"/Library/Application Support/Vantori/nightshift@3x.png\"\n"),
+              "");
+}
+
 TEST_F(OnAPhone, ASlipInAMethodsNameIsAMistake) {
     EXPECT_EQ(
         run("expect called SBMediaControler setMediaVolume: 0\n"
