@@ -6,6 +6,7 @@
 
 #include "simulator/foundation/bundles.hpp"
 #include "simulator/foundation/conversions.hpp"
+#include "simulator/foundation/dates.hpp"
 #include "simulator/foundation/device_root.hpp"
 #include "simulator/foundation/files.hpp"
 #include "simulator/foundation/first_use.hpp"
@@ -48,6 +49,7 @@
 #include "simulator/springboard/display/lock_screen.hpp"
 #include "simulator/springboard/display/platform_parts.hpp"
 #include "simulator/springboard/display/setting_effects.hpp"
+#include "simulator/springboard/display/time_of_day.hpp"
 #include "simulator/springboard/display/windows.hpp"
 #include "simulator/springboard/gestures/reachability.hpp"
 #include "simulator/springboard/gestures/switcher_gestures.hpp"
@@ -143,6 +145,7 @@ void prepareProcess() {
     installFiles();
     installBundles();
     installConversions();
+    installDates();
     installNotificationOrder();
     installNotificationCounts();
     installObservers();
@@ -150,7 +153,7 @@ void prepareProcess() {
 
 void warmUp() {
     prepareProcess();
-    rendering::measure("9:41", 17, 400);  // finds the fonts
+    rendering::measure(shownTime(firstDate), 17, 400);  // finds the fonts
 }
 
 void registerSpringBoard() {
@@ -187,6 +190,7 @@ void registerSpringBoard() {
     registerDoNotDisturb();
     registerPackages();
     followSettings();
+    followTime();
     registerSpringBoardApplication();
 }
 

@@ -45,6 +45,7 @@
 #include "simulator/springboard/display/interface_style.hpp"
 #include "simulator/springboard/display/lock_screen.hpp"
 #include "simulator/springboard/display/orientation.hpp"
+#include "simulator/springboard/display/time_of_day.hpp"
 #include "simulator/springboard/display/windows.hpp"
 #include "simulator/springboard/gestures/system_gestures.hpp"
 #include "simulator/uikit/screen/screen.hpp"
@@ -396,6 +397,11 @@ class SimulatedPhone final : public Phone {
         requireOff();
         if (!isLanguage(code)) throw PhoneError("no such language: " + code);
         configuration().language = code;
+    }
+
+    void date(double seconds) override {
+        Clock::shared().setDate(seconds);
+        if (on_) run([] { clockWasSet(); });
     }
 
     void interrupt(objc_object* view) override {
