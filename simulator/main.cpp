@@ -197,6 +197,8 @@ int main(int argc, char** argv) {
 
     CLI::App* windowCommand = program.add_subcommand("window", "Show the phone in a window");
     addPhone(*windowCommand, live);
+    bool bare = false;
+    windowCommand->add_flag("--bare", bare, "The screen without the phone around it");
     windowCommand->footer(simulator::window::keysHelp() +
                           "\nStatements of a scenario can be typed in the terminal meanwhile.");
 
@@ -243,7 +245,7 @@ int main(int argc, char** argv) {
         }
         parsed(live.settings);  // for what it has to say
         if (consoleCommand->parsed()) return simulator::live::runLiveConsole(live, std::cout);
-        if (windowCommand->parsed()) return simulator::window::runWindow(live, std::cout);
+        if (windowCommand->parsed()) return simulator::window::runWindow({live, bare}, std::cout);
         if (serveCommand->parsed()) return simulator::serve::runServe(serve, std::cout);
         if (demoCommand->parsed()) return simulator::demo::runDemo(demo, std::cout, std::cerr);
         if (program.got_subcommand("settings")) return settings.run();
