@@ -1,5 +1,7 @@
 // vantori-simulator: a small phone on Linux that loads the extension as a real one does, and the
 // commands that reach it.
+#include <sys/stat.h>
+
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <filesystem>
@@ -145,6 +147,7 @@ void addPhone(CLI::App& command, LiveOptions& options) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    umask(077);  // what is written here, phones and pictures of them, is its owner's alone
     CLI::App program("A small phone for Linux that loads the toolbar's own library.",
                      "vantori-simulator");
     program.set_version_flag("--version", std::string("vantori-simulator ") + VANTORI_VERSION);

@@ -14,6 +14,7 @@
 #include "simulator/foundation/notification_counts.hpp"
 #include "simulator/foundation/notification_order.hpp"
 #include "simulator/foundation/observers.hpp"
+#include "simulator/foundation/user_defaults.hpp"
 #include "simulator/hardware/configuration.hpp"
 #include "simulator/hardware/uikit_bridge.hpp"
 #include "simulator/phone/extension.hpp"
@@ -89,6 +90,18 @@ constexpr std::array<SupportFile, 2> supportFiles{{
      "/Library/PreferenceLoader/Preferences/Vantori.plist"},
 }};
 
+// A copy brings the permissions of what it is of.
+void makeOwnersOnly(const std::filesystem::path& place) {
+    namespace fs = std::filesystem;
+    std::error_code error;
+    const bool folder = fs::is_directory(place, error);
+    fs::permissions(place,
+                    folder ? fs::perms::owner_all : fs::perms::owner_read | fs::perms::owner_write,
+                    error);
+    if (!folder) return;
+    for (const auto& entry : fs::directory_iterator(place, error)) makeOwnersOnly(entry.path());
+}
+
 void installSupportFiles() {
     namespace fs = std::filesystem;
     std::error_code error;
@@ -102,6 +115,7 @@ void installSupportFiles() {
             fs::create_directories(target.parent_path(), error);
             fs::copy(source, target, fs::copy_options::recursive | fs::copy_options::skip_existing,
                      error);
+            makeOwnersOnly(target);
             break;
         }
     }
@@ -142,6 +156,7 @@ void prepareProcess() {
     SystemLog::shared().install();
     installCrashReport();
     installAssociations();
+    installUserDefaults();
     installFiles();
     installBundles();
     installConversions();

@@ -1,6 +1,5 @@
 #include "simulator/serve/serve.hpp"
 
-#include <sys/stat.h>
 #include <sys/wait.h>
 
 #include <chrono>
@@ -85,7 +84,6 @@ Life forScenario(const Life& life, const std::filesystem::path& root) {
 }  // namespace
 
 int runServe(const ServeOptions& options, std::ostream& output) {
-    umask(077);  // what is written here is its owner's alone
     const Listening listening(options.listen, options.port);
     const TemporaryRoot root(options.phone.root);
     const TemporaryRoot folder({});
