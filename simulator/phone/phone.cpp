@@ -5,6 +5,8 @@
 #include <charconv>
 #include <cmath>
 #include <nlohmann/json.hpp>
+#include <set>
+#include <utility>
 
 #include "simulator/foundation/bundles.hpp"
 #include "simulator/foundation/device_root.hpp"
@@ -75,16 +77,16 @@ GestureStage stageOf(PullPhase phase) {
     }
 }
 
-bool isWatched(Happening what, Phone::Watched kind) {
+std::set<Happening> watched(Phone::Watched kind) {
     switch (kind) {
         case Phone::Watched::calls:
-            return what == Happening::called;
+            return {Happening::called};
         case Phone::Watched::log:
-            return what == Happening::logged;
+            return {Happening::logged};
         case Phone::Watched::notifications:
             break;
     }
-    return what == Happening::posted || what == Happening::darwinPosted;
+    return {Happening::posted, Happening::darwinPosted};
 }
 
 int narrow(long count) { return static_cast<int>(count); }
@@ -499,11 +501,11 @@ class SimulatedPhone final : public Phone {
         return Object(classObject(report)).send<"text", NSString>().utf8();
     }
     void watch(Watched kind, std::function<void(const std::string&)> tell) override {
-        if (!tell) return History::shared().watch({});
-        History::shared().watch(
-            [kind, tell = std::move(tell)](Happening what, const std::string& line) {
-                if (isWatched(what, kind)) tell(line);
-            });
+        History::shared().unwatch(std::exchange(watching_, 0));
+        if (!tell) return;
+        watching_ = History::shared().watch(
+            watched(kind),
+            [tell = std::move(tell)](Happening, const std::string& line) { tell(line); });
     }
     void shot(const std::filesystem::path& file, double pixelsPerPoint) override {
         requireOn();
@@ -602,6 +604,7 @@ class SimulatedPhone final : public Phone {
     CGPoint finger_{};
     SystemGestures gestures_;
     LastSecond lastSecond_;
+    History::Ticket watching_ = 0;  // for the console
 };
 
 }  // namespace

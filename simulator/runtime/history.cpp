@@ -75,10 +75,23 @@ void History::add(Number event, std::vector<BriefArgument> arguments) {
     const Kind& kind = kinds_[event];
     if (BlackBox* box = BlackBox::ofThisProcess())
         box->note(latest_.back().time, wordOf(kind.happening), kind.name);
-    if (!watcher_ || telling_) return;
+    if (!telling_ && !watching_.empty()) tell(kind.happening, latest_.back());
+}
+
+void History::tell(Happening kind, const Latest& entry) {
     telling_ = true;  // what telling it makes happen is not told
-    watcher_(kind.happening, line(latest_.back()));
+    std::string text;
+    for (const auto& [ticket, watching] : watching_) {
+        if (!watching.kinds.contains(kind)) continue;
+        if (text.empty()) text = line(entry);
+        watching.tell(kind, text);
+    }
     telling_ = false;
+}
+
+History::Ticket History::watch(std::set<Happening> kinds, Watcher watcher) {
+    watching_.emplace(++latestTicket_, Watching{std::move(kinds), std::move(watcher)});
+    return latestTicket_;
 }
 
 std::set<History::Number> History::numbersWhere(

@@ -61,8 +61,10 @@ class History {
 
     // The latest so many, oldest first: "0.517 called -[UIView setAlpha:] 0.5".
     std::vector<std::string> latest(std::size_t lines) const;
-    // Told of everything from here on; an empty function ends it.
-    void watch(Watcher watcher) { watcher_ = std::move(watcher); }
+    // Told of everything of those kinds from here on, until the ticket is given back (0 is none).
+    using Ticket = std::uint64_t;
+    Ticket watch(std::set<Happening> kinds, Watcher watcher);
+    void unwatch(Ticket ticket) { watching_.erase(ticket); }
 
   private:
     struct Kind {
@@ -75,6 +77,7 @@ class History {
         std::vector<BriefArgument> arguments;
     };
     std::string line(const Latest& entry) const;
+    void tell(Happening kind, const Latest& entry);
 
     std::map<std::pair<Happening, std::string>, Number> numbers_;
     std::vector<Kind> kinds_;
@@ -85,8 +88,13 @@ class History {
     std::unique_ptr<Number[]> order_ = std::make_unique_for_overwrite<Number[]>(mostEvents);
     std::size_t added_ = 0;
     std::deque<Latest> latest_;
+    struct Watching {
+        std::set<Happening> kinds;
+        Watcher tell;
+    };
     bool telling_ = false;
-    Watcher watcher_;
+    Ticket latestTicket_ = 0;
+    std::map<Ticket, Watching> watching_;
 };
 
 }  // namespace simulator
