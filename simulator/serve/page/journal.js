@@ -46,7 +46,7 @@ export function makeJournal(panel, connection) {
     const row = document.createElement('div');
     row.className = detail.kind;
     const kind = Object.assign(document.createElement('span'), { className: 'kind', textContent: detail.kind });
-    row.append(kind, ` ${detail.text}`);
+    row.append(kind, ` ${detail.text.trimEnd()}`);
     row.hidden = !matches(row);
     const atEnd = log.scrollHeight - log.scrollTop - log.clientHeight < 40;
     log.append(row);
