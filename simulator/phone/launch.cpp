@@ -23,6 +23,7 @@
 #include "simulator/runtime/associations.hpp"
 #include "simulator/runtime/clock.hpp"
 #include "simulator/runtime/crash.hpp"
+#include "simulator/runtime/date.hpp"
 #include "simulator/runtime/machine.hpp"
 #include "simulator/runtime/system_log.hpp"
 #include "simulator/services/brightness.hpp"

@@ -9,8 +9,6 @@
 #include <map>
 #include <vector>
 
-#include "simulator/runtime/date.hpp"
-
 namespace simulator {
 
 class Clock {
@@ -19,6 +17,7 @@ class Clock {
     using Ticket = std::uint64_t;
     static constexpr double frame = 1.0 / 60;
 
+    Clock();
     static Clock& shared();
 
     double now() const { return now_; }
@@ -51,7 +50,7 @@ class Clock {
     void runFrame();
 
     double now_ = 0;
-    double switchedOn_ = firstDate;
+    double switchedOn_;  // when, as the first date says or as it was set
     Ticket nextTicket_ = 1;
     std::map<std::pair<double, Ticket>, Work> due_;
     std::map<Ticket, double> times_;

@@ -11,6 +11,7 @@
 #include "simulator/rendering/painter.hpp"
 #include "simulator/rendering/wallpaper.hpp"
 #include "simulator/runtime/clock.hpp"
+#include "simulator/runtime/date.hpp"
 #include "simulator/services/radios.hpp"
 #include "simulator/services/system_settings.hpp"
 #include "simulator/uikit/screen/screen.hpp"
