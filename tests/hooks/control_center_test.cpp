@@ -59,7 +59,7 @@ TEST_F(ControlCenter, TheToolbarMovesBeforeTheTranslationIsTakenBack) {
     bootReplacing(true);
     std::vector<double> tops;
     Spy<"setTranslation:inView:", CGPoint, id>::on(
-        "UIPanGestureRecognizer", [&](Object, CGPoint, id) { tops.push_back(toolbarY()); });
+        "SBSystemPanGestureRecognizer", [&](Object, CGPoint, id) { tops.push_back(toolbarY()); });
     phone_->statusBar(PullPhase::began, 300, 10, 0);
     phone_->statusBar(PullPhase::updated, 300, 100, 0);
     EXPECT_EQ(tops, (std::vector<double>{812 - 10, 812 - 100}));

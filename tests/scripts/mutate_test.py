@@ -199,13 +199,13 @@ class PlantedLibraryTest(unittest.TestCase):
 
 class ScoreTest(unittest.TestCase):
     def test_rows_of_the_table(self):
-        changes = [change(function=name) for name in ("one", "two", "three", "four")]
-        outcomes = ("caught", "caught", "survived", "unseen")
+        changes = [change(function=name) for name in ("one", "two", "three", "four", "five")]
+        outcomes = ("caught", "caught", "survived", "unseen", "open")
         results = {each.key: {"outcome": outcome, "tests": 2} for each, outcome in zip(changes, outcomes)}
         equal = [scoring.Equal("a/*", "four", "*", "1 -> 2", "as planted")]
         folders, _, survivors = scoring.rows_of(changes, results, equal)
-        self.assertEqual(scoring.table(folders, "Folder")[2], "| `a` | 4 | 2 | 1 | 1 | 66.7 |")
-        self.assertEqual([each.function for each in survivors], ["three"])
+        self.assertEqual(scoring.table(folders, "Folder")[2], "| `a` | 5 | 2 | 1 | 1 | 1 | 50.0 to 75.0 |")
+        self.assertEqual([each.function for each in survivors], ["three", "five"])
         self.assertEqual(equal[0].used, 1)
 
     def test_a_row_without_a_reason_is_refused(self):

@@ -382,6 +382,18 @@ TEST_F(CatalogueDetails, LoadingTheViewOfNightShiftAndTrueToneKeepsOneCallForATa
     EXPECT_TRUE((makeToggle(kinds[7]).send<"adaptationClient", Object>()));
 }
 
+TEST_F(CatalogueDetails, LoadingTheViewOfNightShiftAndTrueToneMakesANewClient) {
+    boot();
+    Toggle nightShift = makeToggle(kinds[6]);
+    Toggle trueTone = makeToggle(kinds[7]);
+    Strong<Object> first = retained(nightShift.send<"blueLightClient", Object>());
+    Strong<Object> second = retained(trueTone.send<"adaptationClient", Object>());
+    nightShift.send<"viewDidLoad">();
+    trueTone.send<"viewDidLoad">();
+    EXPECT_FALSE((nightShift.send<"blueLightClient", Object>() == first));
+    EXPECT_FALSE((trueTone.send<"adaptationClient", Object>() == second));
+}
+
 class Switch : public CatalogueBase {
   protected:
     VNTSwitchModuleToggleViewController makeSwitch() {
@@ -465,7 +477,10 @@ TEST_F(Switch, TakesItsStateBackFromItsFlagAtARefresh) {
     refreshAll();
     EXPECT_EQ(toggle.currentState(), 0);
     expectShown(toggle, false);
+    tap(toggle);
+    EXPECT_EQ(toggle.currentState(), 1);
     toggle.send<"viewDidLoad">();
+    EXPECT_EQ(toggle.currentState(), 0);
     expectShown(toggle, false);
 }
 

@@ -1,5 +1,6 @@
 // Do not disturb on real phones: Control Center's module, the services behind it, or iOS 11's gateway.
 // The services may refuse; the gateway tells late, again, on another thread or not at all.
+#include "hooks/hook_report.hpp"
 #include "simulator/scenario/value.hpp"
 #include "simulator/services/answers.hpp"
 #include "simulator/services/system_settings.hpp"
@@ -109,6 +110,13 @@ TEST_F(DoNotDisturbOnReal, TheServiceIsToldWhoAsksForWhichMode) {
     };
     EXPECT_EQ(text(argument(0)), "com.apple.control-center.manual-toggle");
     EXPECT_EQ(text(argument(1)), "com.apple.donotdisturb.mode.default");
+}
+
+TEST_F(DoNotDisturbOnReal, TheReportNamesTheFormThatIsTaken) {
+    bootReal("14.2");
+    tapAndWait(makeToggle());
+    EXPECT_NE(text(hookReport()).find("\nform do not disturb: DoNotDisturb services\n"),
+              std::string::npos);
 }
 
 TEST_F(DoNotDisturbOnReal, ARefusingServiceIsNotAskedAgain) {

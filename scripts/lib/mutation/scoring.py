@@ -46,12 +46,16 @@ def read_equal(path):
 class Row:
     caught: int = 0
     survived: int = 0
+    open: int = 0  # alive, and not all tests that see them ran yet
     equal: int = 0
 
     @property
     def score(self):
-        counted = self.caught + self.survived
-        return f"{100 * self.caught / counted:.1f}" if counted else "-"
+        counted = self.caught + self.survived + self.open
+        if not counted:
+            return "-"
+        least = f"{100 * self.caught / counted:.1f}"
+        return f"{least} to {100 * (self.caught + self.open) / counted:.1f}" if self.open else least
 
 
 def rows_of(changes, results, equal):
@@ -73,23 +77,26 @@ def rows_of(changes, results, equal):
             row.equal += 1
             kind.equal += 1
         else:
-            row.survived += 1
-            kind.survived += 1
+            for each in (row, kind):
+                if outcome["outcome"] == "open":
+                    each.open += 1
+                else:
+                    each.survived += 1
             survivors.append(change)
     return folders, kinds, survivors
 
 
 def total(rows):
-    return Row(*(sum(getattr(row, name) for row in rows) for name in ("caught", "survived", "equal")))
+    return Row(*(sum(getattr(row, name) for row in rows) for name in ("caught", "survived", "open", "equal")))
 
 
 def table(rows, head):
-    lines = [f"| {head} | Changes | Caught | Survived | Equal | Caught of 100 that are not equal |",
-             "|---|---:|---:|---:|---:|---:|"]  # fmt: skip
+    lines = [f"| {head} | Changes | Caught | Survived | Open | Equal | Caught of 100 that are not equal |",
+             "|---|---:|---:|---:|---:|---:|---:|"]  # fmt: skip
     for name, row in [*rows.items(), ("all", total(rows.values()))]:
-        count = row.caught + row.survived + row.equal
+        count = row.caught + row.survived + row.open + row.equal
         name = f"`{name}`" if head == "Folder" and name != "all" else name
-        lines.append(f"| {name} | {count} | {row.caught} | {row.survived} | {row.equal} | {row.score} |")
+        lines.append(f"| {name} | {count} | {row.caught} | {row.survived} | {row.open} | {row.equal} | {row.score} |")
     return lines
 
 
