@@ -1,5 +1,7 @@
 // vantori-simulator: a small phone on Linux that loads the extension as a real one does, and the
 // commands that reach it.
+#include <sys/stat.h>
+
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <filesystem>
@@ -192,6 +194,7 @@ void addPhone(CLI::App& command, LiveOptions& options) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    umask(077);  // what is written here, phones and pictures of them, is its owner's alone
     CLI::App program("A small phone for Linux that loads the toolbar's own library.",
                      "vantori-simulator");
     program.set_version_flag("--version", std::string("vantori-simulator ") + VANTORI_VERSION);
@@ -244,6 +247,8 @@ int main(int argc, char** argv) {
 
     CLI::App* windowCommand = program.add_subcommand("window", "Show the phone in a window");
     addPhone(*windowCommand, live);
+    bool bare = false;
+    windowCommand->add_flag("--bare", bare, "The screen without the phone around it");
     windowCommand->footer(simulator::window::keysHelp() +
                           "\nStatements of a scenario can be typed in the terminal meanwhile.");
 
@@ -295,7 +300,7 @@ int main(int argc, char** argv) {
         }
         simulator::live::parsedSettings(live.settings, std::cerr);  // for what it has to say
         if (consoleCommand->parsed()) return simulator::live::runLiveConsole(live, std::cout);
-        if (windowCommand->parsed()) return simulator::window::runWindow(live, std::cout);
+        if (windowCommand->parsed()) return simulator::window::runWindow({live, bare}, std::cout);
         if (serveCommand->parsed()) return simulator::serve::runServe(serve, std::cout);
         if (demoCommand->parsed()) return simulator::demo::runDemo(demo, std::cout, std::cerr);
         if (program.got_subcommand("restless")) return restless.run();

@@ -5,6 +5,8 @@
 #include <charconv>
 #include <cmath>
 #include <nlohmann/json.hpp>
+#include <set>
+#include <utility>
 
 #include "simulator/foundation/bundles.hpp"
 #include "simulator/foundation/device_root.hpp"
@@ -46,6 +48,7 @@
 #include "simulator/springboard/display/interface_style.hpp"
 #include "simulator/springboard/display/lock_screen.hpp"
 #include "simulator/springboard/display/orientation.hpp"
+#include "simulator/springboard/display/time_of_day.hpp"
 #include "simulator/springboard/display/windows.hpp"
 #include "simulator/springboard/gestures/system_gestures.hpp"
 #include "simulator/uikit/screen/screen.hpp"
@@ -75,16 +78,16 @@ GestureStage stageOf(PullPhase phase) {
     }
 }
 
-bool isWatched(Happening what, Phone::Watched kind) {
+std::set<Happening> watched(Phone::Watched kind) {
     switch (kind) {
         case Phone::Watched::calls:
-            return what == Happening::called;
+            return {Happening::called};
         case Phone::Watched::log:
-            return what == Happening::logged;
+            return {Happening::logged};
         case Phone::Watched::notifications:
             break;
     }
-    return what == Happening::posted || what == Happening::darwinPosted;
+    return {Happening::posted, Happening::darwinPosted};
 }
 
 int narrow(long count) { return static_cast<int>(count); }
@@ -411,6 +414,11 @@ class SimulatedPhone final : public Phone {
         configuration().language = code;
     }
 
+    void date(double seconds) override {
+        Clock::shared().setDate(seconds);
+        if (on_) run([] { clockWasSet(); });
+    }
+
     void interrupt(objc_object* view) override {
         run([&] { simulator::interrupt(Object(view)); });
     }
@@ -515,11 +523,11 @@ class SimulatedPhone final : public Phone {
         return Object(classObject(report)).send<"text", NSString>().utf8();
     }
     void watch(Watched kind, std::function<void(const std::string&)> tell) override {
-        if (!tell) return History::shared().watch({});
-        History::shared().watch(
-            [kind, tell = std::move(tell)](Happening what, const std::string& line) {
-                if (isWatched(what, kind)) tell(line);
-            });
+        History::shared().unwatch(std::exchange(watching_, 0));
+        if (!tell) return;
+        watching_ = History::shared().watch(
+            watched(kind),
+            [tell = std::move(tell)](Happening, const std::string& line) { tell(line); });
     }
     void shot(const std::filesystem::path& file, double pixelsPerPoint) override {
         requireOn();
@@ -619,6 +627,7 @@ class SimulatedPhone final : public Phone {
     SystemGestures gestures_;
     Soundness soundness_;
     LastSecond lastSecond_;
+    History::Ticket watching_ = 0;  // for the console
 };
 
 }  // namespace

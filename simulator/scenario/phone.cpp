@@ -14,6 +14,7 @@ Place Phone::reach(objc_object*) { absent("the places of views"); }
 void Phone::activate(const std::string&) { absent("the accessibility protocol"); }
 std::string Phone::elements() { absent("the accessibility protocol"); }
 void Phone::language(const std::string&) { absent("languages"); }
+void Phone::date(double) { absent("a clock"); }
 std::optional<std::string> Phone::mistakeInMethod(const std::string&, const std::string&) {
     return std::nullopt;
 }

@@ -114,6 +114,8 @@ class Phone {
     virtual void connectivityButton(double width, double height);
     virtual void recents(const std::vector<std::string>& bundles);
     virtual void flashlightAvailable(bool available);
+    // The phone's clock, set to seconds since the first of January 1970.
+    virtual void date(double seconds);
 
     // Driving.
     virtual void wait(double seconds) = 0;

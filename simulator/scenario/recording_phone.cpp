@@ -4,6 +4,8 @@
 #include <charconv>
 #include <nlohmann/json.hpp>
 
+#include "simulator/runtime/date.hpp"
+
 namespace simulator::scenario {
 namespace {
 
@@ -199,6 +201,11 @@ void RecordingPhone::recents(const std::vector<std::string>& bundles) {
 void RecordingPhone::flashlightAvailable(bool available) {
     phone_.flashlightAvailable(available);
     preparation(statement("flashlight-available", yesOrNo(available)));
+}
+
+void RecordingPhone::date(double seconds) {
+    phone_.date(seconds);
+    preparation("date " + writtenDate(seconds));
 }
 
 void RecordingPhone::wait(double seconds) {

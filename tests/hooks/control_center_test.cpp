@@ -5,6 +5,7 @@
 #include "platform/control_center.hpp"
 #include "simulator/hardware/configuration.hpp"
 #include "tests/library_phone.hpp"
+#include "tests/order.hpp"
 
 namespace vantori::tests {
 namespace {
@@ -52,6 +53,16 @@ TEST_F(ControlCenter, ReplacedTheStatusBarRaisesTheToolbarByTheSameDistance) {
     EXPECT_TRUE(toolbar().isEnabled());
     EXPECT_EQ(statusBarSystem(), 0);
     EXPECT_TRUE(shouldHideCCScrollView);
+}
+
+TEST_F(ControlCenter, TheToolbarMovesBeforeTheTranslationIsTakenBack) {
+    bootReplacing(true);
+    std::vector<double> tops;
+    Spy<"setTranslation:inView:", CGPoint, id>::on(
+        "SBSystemPanGestureRecognizer", [&](Object, CGPoint, id) { tops.push_back(toolbarY()); });
+    phone_->statusBar(PullPhase::began, 300, 10, 0);
+    phone_->statusBar(PullPhase::updated, 300, 100, 0);
+    EXPECT_EQ(tops, (std::vector<double>{812 - 10, 812 - 100}));
 }
 
 TEST_F(ControlCenter, ExactlyHalfTheHeightCloses) {

@@ -148,5 +148,22 @@ TEST_F(ZoneTest, TheSecondRuleComparesTheLeftZoneWithTheMiddleWidth) {
     EXPECT_EQ(posted("should-refresh-value"), 0);
 }
 
+// The middle is 75 wide on a screen of 375: it lies between 150 and 225, neither border in it.
+TEST_F(ZoneTest, TheSecondRuleLeavesTheBordersOfTheMiddleToTheRight) {
+    boot();
+    phone_->open("com.example.notes");
+    leftGestureEnabled = false;
+    middleGestureEnabled = true;
+    middleZoneWidth = 75;
+    EXPECT_FALSE(isPointInRange(150));
+    EXPECT_TRUE(isPointInRange(150.5));
+    EXPECT_TRUE(isPointInRange(224.5));
+    EXPECT_FALSE(isPointInRange(225));
+    middleGestureEnabled = false;
+    rightGestureEnabled = true;
+    EXPECT_FALSE(isPointInRange(224.5));
+    EXPECT_TRUE(isPointInRange(225));
+}
+
 }  // namespace
 }  // namespace vantori::tests

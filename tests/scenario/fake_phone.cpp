@@ -36,6 +36,7 @@ void FakePhone::connectivityFails(int creations) { note("connectivityFails", cre
 void FakePhone::sceneAfter(const std::string& bundle, int creation) {
     note("sceneAfter", bundle, creation);
 }
+void FakePhone::date(double seconds) { note("date", seconds); }
 void FakePhone::language(const std::string& code) { note("language", code); }
 void FakePhone::activate(const std::string& label) { note("activate", label); }
 Place FakePhone::reach(objc_object* view) {

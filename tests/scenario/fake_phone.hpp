@@ -49,6 +49,7 @@ class FakePhone : public Phone {
     void connectivityButton(double width, double height) override;
     void recents(const std::vector<std::string>& bundles) override;
     void flashlightAvailable(bool available) override;
+    void date(double seconds) override;
     void wait(double seconds) override;
     void open(const std::string& bundle) override;
     void home() override;

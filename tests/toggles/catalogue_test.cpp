@@ -4,6 +4,7 @@
 
 #include "simulator/scenario/value.hpp"
 #include "simulator/services/system_settings.hpp"
+#include "tests/order.hpp"
 #include "tests/toggles/toggle_phone.hpp"
 
 namespace vantori::tests {
@@ -381,6 +382,18 @@ TEST_F(CatalogueDetails, LoadingTheViewOfNightShiftAndTrueToneKeepsOneCallForATa
     EXPECT_TRUE((makeToggle(kinds[7]).send<"adaptationClient", Object>()));
 }
 
+TEST_F(CatalogueDetails, LoadingTheViewOfNightShiftAndTrueToneMakesANewClient) {
+    boot();
+    Toggle nightShift = makeToggle(kinds[6]);
+    Toggle trueTone = makeToggle(kinds[7]);
+    Strong<Object> first = retained(nightShift.send<"blueLightClient", Object>());
+    Strong<Object> second = retained(trueTone.send<"adaptationClient", Object>());
+    nightShift.send<"viewDidLoad">();
+    trueTone.send<"viewDidLoad">();
+    EXPECT_FALSE((nightShift.send<"blueLightClient", Object>() == first));
+    EXPECT_FALSE((trueTone.send<"adaptationClient", Object>() == second));
+}
+
 class Switch : public CatalogueBase {
   protected:
     VNTSwitchModuleToggleViewController makeSwitch() {
@@ -424,6 +437,22 @@ TEST_F(Switch, PostsItsOffMessageAtEveryTapWhileItIsOn) {
     EXPECT_EQ(toggle.currentState(), 0);
 }
 
+// Who hears the message finds the toggle as it was before the tap.
+TEST_F(Switch, TakesItsNewStateAfterItsMessage) {
+    boot();
+    auto toggle = makeSwitch();
+    listenTo({"please-show", "please-hide"});
+    std::vector<long> states;
+    Order::look() = [&] { states.push_back(toggle.currentState()); };
+    toggle.setIsOn(false);
+    toggle.setCurrentState(7);
+    tap(toggle);
+    toggle.setIsOn(true);
+    toggle.setCurrentState(8);
+    tap(toggle);
+    EXPECT_EQ(states, (std::vector<long>{7, 8}));
+}
+
 TEST_F(Switch, FadesItsColoursOverEightTenthsOfASecond) {
     boot();
     auto toggle = makeSwitch();
@@ -448,7 +477,10 @@ TEST_F(Switch, TakesItsStateBackFromItsFlagAtARefresh) {
     refreshAll();
     EXPECT_EQ(toggle.currentState(), 0);
     expectShown(toggle, false);
+    tap(toggle);
+    EXPECT_EQ(toggle.currentState(), 1);
     toggle.send<"viewDidLoad">();
+    EXPECT_EQ(toggle.currentState(), 0);
     expectShown(toggle, false);
 }
 

@@ -1,5 +1,7 @@
 // Do not disturb on real phones: Control Center's module, the services behind it, or iOS 11's gateway.
 // The services may refuse; the gateway tells late, again, on another thread or not at all.
+#include "hooks/hook_report.hpp"
+#include "simulator/scenario/value.hpp"
 #include "simulator/services/answers.hpp"
 #include "simulator/services/system_settings.hpp"
 #include "tests/toggles/toggle_phone.hpp"
@@ -93,6 +95,28 @@ TEST_F(DoNotDisturbOnReal, OnFourteenOnlyTheServicesAreAsked) {
     tapAndWait(toggle);
     EXPECT_EQ(called("DNDModeAssertionService", "invalidateAllActiveModeAssertionsWithError:"), 1);
     EXPECT_FALSE((toggle.send<"ccDND", Object>()));
+}
+
+// As the switch of Control Center itself does: the system keeps who turned it on, and for which mode.
+TEST_F(DoNotDisturbOnReal, TheServiceIsToldWhoAsksForWhichMode) {
+    bootReal("14.2");
+    tapAndWait(makeToggle());
+    auto call =
+        phone_->lastCall("DNDModeAssertionDetails",
+                         "userRequestedAssertionDetailsWithIdentifier:modeIdentifier:lifetime:");
+    ASSERT_TRUE(call);
+    const auto argument = [&](std::size_t index) {
+        return NSString(*simulator::scenario::asObject((*call)[index]));
+    };
+    EXPECT_EQ(text(argument(0)), "com.apple.control-center.manual-toggle");
+    EXPECT_EQ(text(argument(1)), "com.apple.donotdisturb.mode.default");
+}
+
+TEST_F(DoNotDisturbOnReal, TheReportNamesTheFormThatIsTaken) {
+    bootReal("14.2");
+    tapAndWait(makeToggle());
+    EXPECT_NE(text(hookReport()).find("\nform do not disturb: DoNotDisturb services\n"),
+              std::string::npos);
 }
 
 TEST_F(DoNotDisturbOnReal, ARefusingServiceIsNotAskedAgain) {

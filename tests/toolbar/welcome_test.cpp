@@ -1,6 +1,7 @@
 // The welcome pager: what it shows, turning its pages, leaving it.
 #include <cmath>
 
+#include "tests/order.hpp"
 #include "tests/toolbar/welcome_pager.hpp"
 
 namespace vantori::tests {
@@ -188,6 +189,16 @@ TEST_F(WelcomePager, BackGoesHomeOnly) {
     phone_->wait(2);
     EXPECT_TRUE(pagers().empty());
     EXPECT_EQ(phone_->calledCount("UIApplication", "openURL:"), 0);
+}
+
+TEST_F(WelcomePager, TheAddressIsOpenedBeforeThePagerGoes) {
+    boot();
+    int opened = -1;
+    Spy<"backToHome">::on("VNTUpdateViewController", [&](Object) {
+        opened = phone_->calledCount("UIApplication", "openURL:");
+    });
+    pager().send<"launchApp">();
+    EXPECT_EQ(opened, 1);
 }
 
 TEST_F(WelcomePager, TheFullVersionOpensItsAddressAndGoesHome) {
