@@ -19,6 +19,7 @@
 #include "simulator/phone/extension.hpp"
 #include "simulator/phone/launch.hpp"
 #include "simulator/restless/restless.hpp"
+#include "simulator/restless/soak.hpp"
 #include "simulator/scenario/known_names.hpp"
 #include "simulator/scenario/phone.hpp"
 #include "simulator/scenario/runner.hpp"
@@ -155,6 +156,29 @@ struct RestlessCommand {
     }
 };
 
+struct SoakCommand {
+    simulator::restless::SoakOptions options;
+
+    void addTo(CLI::App& program) {
+        CLI::App* command = program.add_subcommand(
+            "soak", "Use one phone for long in the same way, and tell what it takes");
+        command->add_option("--opens", options.opens, "Opens and closes of the toolbar (1000)")
+            ->check(CLI::Range(1L, 100000000L))
+            ->type_name("N");
+        command
+            ->add_option("--hours", options.hours,
+                         "The phone's time that passes with music afterwards (0)")
+            ->check(CLI::Range(0.0, 10000.0))
+            ->type_name("H");
+        command->add_option("--table", options.table, "What it took, a row for each step")
+            ->required()
+            ->type_name("FILE");
+    }
+    int run() const {
+        return simulator::restless::runSoak(options, simulator::makePhone, std::cout);
+    }
+};
+
 void addPhone(CLI::App& command, LiveOptions& options) {
     addModel(command, options.device, options.system, options.settings);
     command.add_flag("--real", options.real, realHelp);
@@ -251,6 +275,8 @@ int main(int argc, char** argv) {
 
     RestlessCommand restless;
     restless.addTo(program);
+    SoakCommand soak;
+    soak.addTo(program);
 
     SettingsCommand settings;
     settings.addTo(program);
@@ -278,6 +304,7 @@ int main(int argc, char** argv) {
         if (serveCommand->parsed()) return simulator::serve::runServe(serve, std::cout);
         if (demoCommand->parsed()) return simulator::demo::runDemo(demo, std::cout, std::cerr);
         if (program.got_subcommand("restless")) return restless.run();
+        if (program.got_subcommand("soak")) return soak.run();
         if (program.got_subcommand("settings")) return settings.run();
         std::cerr << program.help();
         return misused;

@@ -168,7 +168,8 @@ std::optional<std::string> Soundness::toolbarFault(Object toolbar) {
     const auto view = toolbar.send<"view", UIView>();
     const double up = screen().bounds().size.height - view.frame().origin.y;
     const bool open = isOpen(toolbar);
-    const bool away = up < tolerance;
+    // Before the first pull it has no window, and no place yet.
+    const bool away = up < tolerance || !windowOf(view);
     if (away || open) leftInBetween_ = false;
     if (!open) movedAway_ = false;
     if (leftInBetween_) return std::nullopt;

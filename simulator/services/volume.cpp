@@ -84,8 +84,9 @@ void announce(const Category& category) {
         "AVSystemController_SystemVolumeDidChangeNotification"_ns, controller,
         changeInfo(category));
     if (&category != &sound().media) return;
-    lasting<MediaControlsVolumeController>().send<"volumeController:volumeValueDidChange:">(
-        lasting<MPVolumeController>(), category.volume);
+    lasting<MediaControlsVolumeController>()
+        .sendIfAnswered<"volumeController:volumeValueDidChange:">(lasting<MPVolumeController>(),
+                                                                  category.volume);
 }
 
 void setVolume(Category& category, float level) {

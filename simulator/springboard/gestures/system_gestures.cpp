@@ -32,10 +32,10 @@ template <FixedString threeParts>
 void send(Object receiver, const PullReport& report) {
     SBGrabberTongue tongue = grabberTongue();
     if (pullReportsNameTheGesture()) {
-        receiver.send<threeParts + FixedString{"andGesture:"}>(tongue, report.distance,
-                                                               report.velocity, edgePullPan());
+        receiver.template sendIfAnswered<threeParts + FixedString{"andGesture:"}>(
+            tongue, report.distance, report.velocity, edgePullPan());
     } else {
-        receiver.send<threeParts>(tongue, report.distance, report.velocity);
+        receiver.template sendIfAnswered<threeParts>(tongue, report.distance, report.velocity);
     }
 }
 
