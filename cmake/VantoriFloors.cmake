@@ -4,6 +4,9 @@
 set(library_floors platform settings toggles pages toolbar hooks)
 set(simulator_floors runtime foundation rendering uikit loader hardware services springboard
   scenario phone live window serve demo)
+# Floors of many small files, of which several are compiled at once: what they include costs more than what
+# they say. A name in an unnamed namespace is the only one of its floor there.
+set(floors_in_batches uikit rendering scenario serve)
 
 # vantori_floors(NAME OPTIONS FLOOR... [BELOW FOLDER...]): an object library NAME_FLOOR for each folder,
 # compiled with OPTIONS, whose room shows that folder, those before it and those BELOW, which are built
@@ -21,6 +24,9 @@ function(vantori_floors name options)
     add_library(${name}_${folder} OBJECT ${sources})
     target_include_directories(${name}_${folder} PRIVATE "${${name}_${folder}_room}")
     target_link_libraries(${name}_${folder} PRIVATE ${options})
+    if(folder IN_LIST floors_in_batches AND NOT CMAKE_CROSSCOMPILING)
+      set_target_properties(${name}_${folder} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 6)
+    endif()
     if(NOT DEFINED lowest)
       set(lowest ${name}_${folder})
       target_precompile_headers(${lowest} PRIVATE ${vantori_precompiled})

@@ -65,27 +65,9 @@ void addModel(CLI::App& command, std::string& device, std::string& system,
         ->check(refusing(simulator::mistakeInSystem))
         ->type_name("X.Y");
     command.add_option("--setting", settings, "Put a setting in the settings file")
-        ->check(refusing([](const std::string& text) -> std::optional<std::string> {
-            try {
-                simulator::live::parseSetting(text);
-                return std::nullopt;
-            } catch (const std::exception& error) {
-                return error.what();
-            }
-        }))
+        ->check(refusing(simulator::live::mistakeInSettingText))
         ->type_name("KEY=JSON")
         ->allow_extra_args(false);
-}
-
-// The settings of a command line; a key that nothing reads is told of.
-std::vector<std::pair<std::string, nlohmann::json>> parsed(const std::vector<std::string>& texts) {
-    std::vector<std::pair<std::string, nlohmann::json>> settings;
-    for (const std::string& text : texts) {
-        settings.push_back(simulator::live::parseSetting(text));
-        if (const auto mistake = simulator::mistakeInSetting(settings.back().first))
-            std::cerr << "vantori-simulator: " << *mistake << "; it is written all the same\n";
-    }
-    return settings;
 }
 
 template <class Printer>
@@ -231,7 +213,7 @@ int main(int argc, char** argv) {
         program.parse(argc, argv);
         if (!library.empty()) simulator::nameExtension(library);
         if (runCommand->parsed()) {
-            options.settings = parsed(runSettings);
+            options.settings = simulator::live::parsedSettings(runSettings, std::cerr);
             if (everySystem) options.matrix = simulator::knownSystems();
             if (!slice.empty()) simulator::nameSlice(slice);
             simulator::warmUp();  // once for the processes of all files
@@ -241,7 +223,7 @@ int main(int argc, char** argv) {
             simulator::printDevices(std::cout);
             return 0;
         }
-        parsed(live.settings);  // for what it has to say
+        simulator::live::parsedSettings(live.settings, std::cerr);  // for what it has to say
         if (consoleCommand->parsed()) return simulator::live::runLiveConsole(live, std::cout);
         if (windowCommand->parsed()) return simulator::window::runWindow(live, std::cout);
         if (serveCommand->parsed()) return simulator::serve::runServe(serve, std::cout);

@@ -7,7 +7,7 @@
 
 #include "tests/uikit/support.hpp"
 
-namespace simulator::testing {
+namespace simulator::tests {
 
 namespace {
 
@@ -39,4 +39,4 @@ TEST_F(Printing, ObjectsReadAsTheirClassAndTextsAsTheirWords) {
 
 }  // namespace
 
-}  // namespace simulator::testing
+}  // namespace simulator::tests

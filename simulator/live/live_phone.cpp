@@ -36,6 +36,27 @@ std::pair<std::string, nlohmann::json> parseSetting(const std::string& text) {
     return {key, scenario::jsonOrError(text.substr(sign + 1), key + " has no JSON value")};
 }
 
+std::optional<std::string> mistakeInSettingText(const std::string& text) {
+    try {
+        parseSetting(text);
+        return std::nullopt;
+    } catch (const std::exception& error) {
+        return error.what();
+    }
+}
+
+scenario::Settings parsedSettings(const std::vector<std::string>& texts, std::ostream& warnings) {
+    scenario::Settings settings;
+    for (const std::string& text : texts) {
+        auto [key, value] = parseSetting(text);
+        if (const auto mistake = mistakeInSetting(key))
+            warnings << "vantori-simulator: " << *mistake << "; it is written all the same\n";
+        settings.emplace_back(std::move(key),
+                              std::make_shared<const nlohmann::json>(std::move(value)));
+    }
+    return settings;
+}
+
 LivePhone::LivePhone(const LiveOptions& options, bool prompt, std::ostream& output)
     : phone_(makePhone({options.root})),
       listener_(DeviceRoot::shared().path()),

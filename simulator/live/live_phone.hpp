@@ -13,6 +13,7 @@
 #include "simulator/live/darwin_socket.hpp"
 #include "simulator/scenario/console.hpp"
 #include "simulator/scenario/phone.hpp"
+#include "simulator/scenario/runner.hpp"
 
 namespace simulator::live {
 
@@ -28,6 +29,10 @@ struct LiveOptions {
 
 // Throws std::runtime_error when the text is no KEY=JSON.
 std::pair<std::string, nlohmann::json> parseSetting(const std::string& text);
+// What is wrong with such a text, if anything.
+std::optional<std::string> mistakeInSettingText(const std::string& text);
+// The settings of a command line; a key that nothing reads is told of.
+scenario::Settings parsedSettings(const std::vector<std::string>& texts, std::ostream& warnings);
 
 class LivePhone {
   public:

@@ -7,6 +7,8 @@
 
 namespace simulator::rendering {
 
+inline constexpr double turn = 2 * 3.14159265358979323846;  // radians
+
 struct Glyph {
     const char* name;
     // `progress` 0 to 1 where the glyph has degrees.

@@ -133,13 +133,13 @@ void location(Pen& pen, double) {
     pen.polygon({{21, 3}, {13.4, 21.4}, {11.6, 12.4}, {2.6, 10.6}}).fill();
 }
 
-constexpr Glyph glyphs[] = {
+constexpr Glyph connectivityTable[] = {
     {"wifi", wifi},         {"signal", signalBars}, {"battery", battery}, {"bluetooth", bluetooth},
     {"airplane", airplane}, {"cellular", cellular}, {"hotspot", hotspot}, {"location", location},
 };
 
 }  // namespace
 
-std::span<const Glyph> connectivityGlyphs() { return glyphs; }
+std::span<const Glyph> connectivityGlyphs() { return connectivityTable; }
 
 }  // namespace simulator::rendering

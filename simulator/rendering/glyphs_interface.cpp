@@ -7,7 +7,6 @@ namespace simulator::rendering {
 
 namespace {
 
-constexpr double turn = 2 * 3.14159265358979323846;
 constexpr double line = 2.2;
 
 void chevronRight(Pen& pen, double) { pen.lines({{9, 4.6}, {16, 12}, {9, 19.4}}).stroke(line); }
@@ -103,7 +102,7 @@ void star(Pen& pen, double) {
     pen.close().fill();
 }
 
-constexpr Glyph glyphs[] = {
+constexpr Glyph interfaceTable[] = {
     {"chevron", chevronRight},
     {"chevron.right", chevronRight},
     {"chevron.left", chevronLeft},
@@ -127,6 +126,6 @@ constexpr Glyph glyphs[] = {
 
 }  // namespace
 
-std::span<const Glyph> interfaceGlyphs() { return glyphs; }
+std::span<const Glyph> interfaceGlyphs() { return interfaceTable; }
 
 }  // namespace simulator::rendering

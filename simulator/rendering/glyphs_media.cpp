@@ -104,7 +104,7 @@ void record(Pen& pen, double) {
     pen.circle(12, 12, 5.8).fill();
 }
 
-constexpr Glyph glyphs[] = {
+constexpr Glyph mediaTable[] = {
     {"play", play},
     {"pause", pauseBars},
     {"next", next},
@@ -122,6 +122,6 @@ constexpr Glyph glyphs[] = {
 
 }  // namespace
 
-std::span<const Glyph> mediaGlyphs() { return glyphs; }
+std::span<const Glyph> mediaGlyphs() { return mediaTable; }
 
 }  // namespace simulator::rendering

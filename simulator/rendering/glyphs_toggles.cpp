@@ -7,8 +7,6 @@ namespace simulator::rendering {
 
 namespace {
 
-constexpr double turn = 2 * 3.14159265358979323846;
-
 void rays(Pen& pen, double from, double to, double width) {
     for (int i = 0; i < 8; ++i) {
         const double angle = turn * i / 8;
@@ -156,7 +154,7 @@ void camera(Pen& pen, double) {
     pen.circle(12, 13, 2.9).fill();
 }
 
-constexpr Glyph glyphs[] = {
+constexpr Glyph toggleTable[] = {
     {"sun", sun},
     {"moon", moon},
     {"nightshift", nightShift},
@@ -179,6 +177,6 @@ constexpr Glyph glyphs[] = {
 
 }  // namespace
 
-std::span<const Glyph> toggleGlyphs() { return glyphs; }
+std::span<const Glyph> toggleGlyphs() { return toggleTable; }
 
 }  // namespace simulator::rendering

@@ -2,6 +2,9 @@
 
 #include <array>
 #include <cstdio>
+#include <deque>
+#include <map>
+#include <utility>
 
 #include "simulator/runtime/black_box.hpp"
 #include "simulator/runtime/clock.hpp"
@@ -55,6 +58,41 @@ struct Writer {
 
 }  // namespace
 
+struct History::Events {
+    struct Kind {
+        Happening happening;
+        std::string name;
+    };
+    struct Latest {
+        Number event = 0;
+        double time = 0;
+        std::vector<BriefArgument> arguments;
+    };
+
+    std::map<std::pair<Happening, std::string>, Number> numbers;
+    std::vector<Kind> kinds;
+    // The events since the last clear, in a ring whose room is taken once: a long run needs no more
+    // memory than it has from the start, and pages that are never reached cost nothing.
+    std::unique_ptr<Number[]> order = std::make_unique_for_overwrite<Number[]>(mostEvents);
+    std::size_t added = 0;
+    std::deque<Latest> latest;
+    bool telling = false;
+    Watcher watcher;
+
+    std::size_t first() const { return added > mostEvents ? added - mostEvents : 0; }
+    Number at(std::size_t place) const { return order[place % mostEvents]; }
+
+    std::string line(const Latest& entry) const {
+        const Kind& kind = kinds[entry.event];
+        std::string text = decimal(entry.time, 3) + " " + wordOf(kind.happening) + " " + kind.name;
+        for (const BriefArgument& argument : entry.arguments)
+            text += " " + std::visit(Writer{}, argument);
+        return text;
+    }
+};
+
+History::History() : events_(std::make_unique<Events>()) {}
+
 History& History::shared() {
     // Never destroyed: objects may still be recorded while the process ends.
     static auto& history = *new History;
@@ -63,62 +101,64 @@ History& History::shared() {
 
 History::Number History::numberOf(Happening kind, const std::string& name) {
     const auto [place, fresh] =
-        numbers_.try_emplace({kind, name}, static_cast<Number>(kinds_.size()));
-    if (fresh) kinds_.push_back({kind, name});
+        events_->numbers.try_emplace({kind, name}, static_cast<Number>(events_->kinds.size()));
+    if (fresh) events_->kinds.push_back({kind, name});
     return place->second;
 }
 
+void History::add(Number event) { add(event, {}); }
+
 void History::add(Number event, std::vector<BriefArgument> arguments) {
-    order_[added_++ % mostEvents] = event;
-    latest_.push_back({event, Clock::shared().now(), std::move(arguments)});
-    if (latest_.size() > mostLatest) latest_.pop_front();
-    const Kind& kind = kinds_[event];
+    Events& all = *events_;
+    all.order[all.added++ % mostEvents] = event;
+    all.latest.push_back({event, Clock::shared().now(), std::move(arguments)});
+    if (all.latest.size() > mostLatest) all.latest.pop_front();
+    const Events::Kind& kind = all.kinds[event];
     if (BlackBox* box = BlackBox::ofThisProcess())
-        box->note(latest_.back().time, wordOf(kind.happening), kind.name);
-    if (!watcher_ || telling_) return;
-    telling_ = true;  // what telling it makes happen is not told
-    watcher_(kind.happening, line(latest_.back()));
-    telling_ = false;
+        box->note(all.latest.back().time, wordOf(kind.happening), kind.name);
+    if (!all.watcher || all.telling) return;
+    all.telling = true;  // what telling it makes happen is not told
+    all.watcher(kind.happening, all.line(all.latest.back()));
+    all.telling = false;
 }
 
 std::set<History::Number> History::numbersWhere(
     Happening kind, const std::function<bool(const std::string&)>& accepts) const {
     std::set<Number> found;
-    for (Number number = 0; number < kinds_.size(); ++number) {
-        if (kinds_[number].happening == kind && accepts(kinds_[number].name)) found.insert(number);
+    const auto& kinds = events_->kinds;
+    for (Number number = 0; number < kinds.size(); ++number) {
+        if (kinds[number].happening == kind && accepts(kinds[number].name)) found.insert(number);
     }
     return found;
 }
 
 std::size_t History::inOrder(const std::vector<std::set<Number>>& wanted) const {
     std::size_t met = 0;
-    for (std::size_t place = first(); place < added_ && met < wanted.size(); ++place) {
-        if (wanted[met].contains(at(place))) ++met;
+    for (std::size_t place = events_->first(); place < events_->added && met < wanted.size();
+         ++place) {
+        if (wanted[met].contains(events_->at(place))) ++met;
     }
     return met;
 }
 
 long History::count(const std::set<Number>& events) const {
     long found = 0;
-    for (std::size_t place = first(); place < added_; ++place)
-        if (events.contains(at(place))) ++found;
+    for (std::size_t place = events_->first(); place < events_->added; ++place)
+        if (events.contains(events_->at(place))) ++found;
     return found;
 }
 
-void History::clear() { added_ = 0; }
+bool History::forgot() const { return events_->added > mostEvents; }
 
-std::string History::line(const Latest& entry) const {
-    const Kind& kind = kinds_[entry.event];
-    std::string text = decimal(entry.time, 3) + " " + wordOf(kind.happening) + " " + kind.name;
-    for (const BriefArgument& argument : entry.arguments)
-        text += " " + std::visit(Writer{}, argument);
-    return text;
-}
+void History::clear() { events_->added = 0; }
+
+void History::watch(Watcher watcher) { events_->watcher = std::move(watcher); }
 
 std::vector<std::string> History::latest(std::size_t lines) const {
+    const auto& latest = events_->latest;
     std::vector<std::string> result;
-    const std::size_t first = latest_.size() > lines ? latest_.size() - lines : 0;
-    for (std::size_t i = first; i < latest_.size(); ++i) result.push_back(line(latest_[i]));
+    const std::size_t first = latest.size() > lines ? latest.size() - lines : 0;
+    for (std::size_t i = first; i < latest.size(); ++i) result.push_back(events_->line(latest[i]));
     return result;
 }
 

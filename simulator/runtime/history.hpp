@@ -4,9 +4,7 @@
 #pragma once
 
 #include <cstdint>
-#include <deque>
 #include <functional>
-#include <map>
 #include <memory>
 #include <set>
 #include <string>
@@ -45,7 +43,8 @@ class History {
     // The number of such an event: the same for the same kind and name.
     Number numberOf(Happening kind, const std::string& name);
 
-    void add(Number event, std::vector<BriefArgument> arguments = {});
+    void add(Number event, std::vector<BriefArgument> arguments);
+    void add(Number event);
     void happened(Happening kind, const std::string& name) { add(numberOf(kind, name)); }
 
     // The numbers of the events of that kind whose names the test accepts.
@@ -56,37 +55,18 @@ class History {
     std::size_t inOrder(const std::vector<std::set<Number>>& wanted) const;
     long count(const std::set<Number>& events) const;
     // Whether there was more since the last clear than is kept.
-    bool forgot() const { return added_ > mostEvents; }
+    bool forgot() const;
     void clear();
 
     // The latest so many, oldest first: "0.517 called -[UIView setAlpha:] 0.5".
     std::vector<std::string> latest(std::size_t lines) const;
     // Told of everything from here on; an empty function ends it.
-    void watch(Watcher watcher) { watcher_ = std::move(watcher); }
+    void watch(Watcher watcher);
 
   private:
-    struct Kind {
-        Happening happening;
-        std::string name;
-    };
-    struct Latest {
-        Number event = 0;
-        double time = 0;
-        std::vector<BriefArgument> arguments;
-    };
-    std::string line(const Latest& entry) const;
-
-    std::map<std::pair<Happening, std::string>, Number> numbers_;
-    std::vector<Kind> kinds_;
-    // The events since the last clear, in a ring whose room is taken once: a long run needs no more
-    // memory than it has from the start, and pages that are never reached cost nothing.
-    std::size_t first() const { return added_ > mostEvents ? added_ - mostEvents : 0; }
-    Number at(std::size_t place) const { return order_[place % mostEvents]; }
-    std::unique_ptr<Number[]> order_ = std::make_unique_for_overwrite<Number[]>(mostEvents);
-    std::size_t added_ = 0;
-    std::deque<Latest> latest_;
-    bool telling_ = false;
-    Watcher watcher_;
+    struct Events;
+    History();
+    std::unique_ptr<Events> events_;  // apart: many include this
 };
 
 }  // namespace simulator

@@ -4,6 +4,7 @@
 #include <unordered_map>
 
 #include "simulator/runtime/black_box.hpp"
+#include "simulator/runtime/history.hpp"
 
 namespace simulator {
 
@@ -99,8 +100,40 @@ std::vector<const std::pair<const Key, Entry>*> entriesOf(std::string_view class
 
 }  // namespace
 
+Argument Passed::kept() const {
+    switch (kind_) {
+        case Kind::boolean:
+            return boolean_;
+        case Kind::integer:
+            return integer_;
+        case Kind::real:
+            return real_;
+        case Kind::point:
+            return *static_cast<const CGPoint*>(pointer_);
+        case Kind::size:
+            return *static_cast<const CGSize*>(pointer_);
+        case Kind::rect:
+            return *static_cast<const CGRect*>(pointer_);
+        case Kind::transform:
+            return *static_cast<const CGAffineTransform*>(pointer_);
+        case Kind::object:
+            return platform::retained(
+                platform::Object(static_cast<id>(const_cast<void*>(pointer_))));
+        case Kind::cls:
+            return static_cast<Class>(const_cast<void*>(pointer_));
+        case Kind::selector:
+            return static_cast<SEL>(pointer_);
+        case Kind::other:
+            break;
+    }
+    return pointer_;
+}
+
 std::size_t Journal::note(Class definer, id self, const char* selector,
-                          std::vector<Argument> arguments) {
+                          std::initializer_list<Passed> passed) {
+    std::vector<Argument> arguments;
+    arguments.reserve(passed.size());
+    for (const Passed& argument : passed) arguments.push_back(argument.kept());
     Class receiver = object_getClass(self);
     // The recorded self must not be kept: it may be on its way out. Its class is enough.
     Entry& entry = entries()[{definer, receiver, selector}];
@@ -141,8 +174,8 @@ std::optional<std::vector<Argument>> Journal::last(std::string_view className,
     return latest->arguments;
 }
 
-std::set<History::Number> Journal::events(std::string_view className, std::string_view selector) {
-    std::set<History::Number> found;
+std::set<std::uint32_t> Journal::events(std::string_view className, std::string_view selector) {
+    std::set<std::uint32_t> found;
     for (const auto* entry : entriesOf(className, selector)) found.insert(entry->second.event);
     return found;
 }

@@ -4,7 +4,9 @@
 // selector. In which order they ran is in the history.
 #pragma once
 
-#include <map>
+#include <concepts>
+#include <cstdint>
+#include <initializer_list>
 #include <optional>
 #include <set>
 #include <string>
@@ -14,13 +16,55 @@
 #include <vector>
 
 #include "platform/ownership.hpp"
-#include "simulator/runtime/history.hpp"
 
 namespace simulator {
 
 // An argument as it was passed; objects are kept alive while they are the latest.
 using Argument = std::variant<bool, long, double, CGPoint, CGSize, CGRect, CGAffineTransform,
                               platform::Strong<platform::Object>, Class, SEL, const void*>;
+
+// An argument on its way into the journal: as small as can be, since every method of a stand-in has one
+// for each that it takes.
+class Passed {
+  public:
+    Passed(std::same_as<bool> auto value) : kind_(Kind::boolean), boolean_(value) {}
+    template <class T>
+        requires((std::is_integral_v<T> && !std::is_same_v<T, bool>) || std::is_enum_v<T>)
+    Passed(T value) : kind_(Kind::integer), integer_(static_cast<long>(value)) {}
+    Passed(double value) : kind_(Kind::real), real_(value) {}
+    Passed(id value) : kind_(Kind::object), pointer_(value) {}
+    Passed(Class value) : kind_(Kind::cls), pointer_(value) {}
+    Passed(SEL value) : kind_(Kind::selector), pointer_(value) {}
+    Passed(const void* value) : kind_(Kind::other), pointer_(value) {}
+    Passed(const CGPoint& value) : kind_(Kind::point), pointer_(&value) {}
+    Passed(const CGSize& value) : kind_(Kind::size), pointer_(&value) {}
+    Passed(const CGAffineTransform& value) : kind_(Kind::transform), pointer_(&value) {}
+    Passed(const CGRect& value) : kind_(Kind::rect), pointer_(&value) {}
+
+    Argument kept() const;
+
+  private:
+    enum class Kind {
+        boolean,
+        integer,
+        real,
+        point,
+        size,
+        rect,
+        transform,
+        object,
+        cls,
+        selector,
+        other
+    };
+    Kind kind_;
+    union {
+        bool boolean_;
+        long integer_;
+        double real_;
+        const void* pointer_;  // a structure is where it was passed
+    };
+};
 
 class Journal {
   public:
@@ -39,7 +83,7 @@ class Journal {
     // The trace of platform::define.
     template <class... A>
     static Run record(Class definer, id self, SEL command, const A&... arguments) {
-        return Run(note(definer, self, sel_getName(command), {box(arguments)...}));
+        return Run(note(definer, self, sel_getName(command), {passed(arguments)...}));
     }
 
     // How often objects of the class ran the implementation that the class has, its own or the one
@@ -48,28 +92,20 @@ class Journal {
     // The arguments of the latest such run.
     static std::optional<std::vector<Argument>> last(std::string_view className,
                                                      std::string_view selector);
-    // The events of the history that are such runs.
-    static std::set<History::Number> events(std::string_view className, std::string_view selector);
+    // The events of the history (see history.hpp) that are such runs.
+    static std::set<std::uint32_t> events(std::string_view className, std::string_view selector);
     static void clear();
 
   private:
     // Answers how many messages were in flight before this one.
     static std::size_t note(Class definer, id self, const char* selector,
-                            std::vector<Argument> arguments);
+                            std::initializer_list<Passed> arguments);
     static void leave(std::size_t depth);
 
     template <class T>
-    static Argument box(const T& value) {
-        if constexpr (std::is_same_v<T, bool>) {
-            return value;
-        } else if constexpr (std::is_floating_point_v<T>) {
-            return static_cast<double>(value);
-        } else if constexpr (std::is_integral_v<T> || std::is_enum_v<T>) {
-            return static_cast<long>(value);
-        } else if constexpr (std::is_same_v<T, id>) {
-            return platform::retained(platform::Object(value));
-        } else if constexpr (std::is_constructible_v<Argument, T>) {
-            return value;
+    static decltype(auto) passed(const T& value) {
+        if constexpr (std::is_constructible_v<Passed, const T&>) {
+            return (value);
         } else if constexpr (requires { journaled(value); }) {  // a record that says how
             return journaled(value);
         } else {

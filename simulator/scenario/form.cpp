@@ -160,11 +160,12 @@ void checkLiteral(const Cursor& before, Shape shape, const Expression& expressio
         before.fail(expression.text + " is no whole number");
 }
 
-nlohmann::json readJson(Cursor& cursor, const std::string& wanted) {
+JsonPointer readJson(Cursor& cursor, const std::string& wanted) {
     if (cursor.atEnd()) cursor.expected(wanted);
     const Cursor before = cursor;
     auto read = readJsonText(cursor.rest());
-    if (auto* value = std::get_if<nlohmann::json>(&read)) return std::move(*value);
+    if (auto* value = std::get_if<nlohmann::json>(&read))
+        return std::make_shared<const nlohmann::json>(std::move(*value));
     const auto& mistake = std::get<JsonMistake>(read);
     throw SyntaxError(before.positionAt(before.offset() + mistake.offset), mistake.what);
 }

@@ -7,7 +7,6 @@
 #pragma once
 
 #include <map>
-#include <nlohmann/json.hpp>
 #include <set>
 #include <string>
 #include <string_view>
@@ -17,6 +16,7 @@
 #include "simulator/scenario/comparison.hpp"
 #include "simulator/scenario/cursor.hpp"
 #include "simulator/scenario/expression.hpp"
+#include "simulator/scenario/json_text.hpp"
 #include "simulator/scenario/phone.hpp"
 
 namespace simulator::scenario {
@@ -35,7 +35,7 @@ struct Form {
     std::string_view keyword() const { return pattern.substr(0, pattern.find(' ')); }
 };
 
-using Argument = std::variant<std::string, ExpressionPointer, nlohmann::json, Comparison, Event>;
+using Argument = std::variant<std::string, ExpressionPointer, JsonPointer, Comparison, Event>;
 
 struct Statement {
     const Form* form = nullptr;

@@ -1,5 +1,6 @@
 #include "simulator/scenario/json_text.hpp"
 
+#include <nlohmann/json.hpp>
 #include <optional>
 #include <stdexcept>
 

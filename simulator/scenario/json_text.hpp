@@ -2,12 +2,16 @@
 // writes. What is wrong is told in words of our own, with the place.
 #pragma once
 
-#include <nlohmann/json.hpp>
+#include <memory>
+#include <nlohmann/json_fwd.hpp>
 #include <string>
 #include <string_view>
 #include <variant>
 
 namespace simulator::scenario {
+
+// Shared, so that who passes a value on needs no more of JSON than its name.
+using JsonPointer = std::shared_ptr<const nlohmann::json>;
 
 struct JsonMistake {
     std::size_t offset = 0;  // bytes into the text

@@ -2,6 +2,7 @@
 #include "simulator/scenario/runner.hpp"
 
 #include <algorithm>
+#include <nlohmann/json.hpp>
 
 #include "simulator/scenario/parser.hpp"
 #include "simulator/scenario/session.hpp"
@@ -30,7 +31,7 @@ void setUp(Phone& phone, const std::vector<Statement>& statements, const RunOpti
     if (!options.device.empty() && !says(statements, "device")) phone.device(options.device);
     if (!options.system.empty() && !says(statements, "system")) phone.system(options.system);
     for (const auto& [key, value] : options.settings)
-        if (!saysSetting(statements, key)) phone.setting(key, value);
+        if (!saysSetting(statements, key)) phone.setting(key, *value);
 }
 
 }  // namespace

@@ -8,12 +8,12 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
-#include <nlohmann/json.hpp>
 #include <ostream>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "simulator/scenario/json_text.hpp"
 #include "simulator/scenario/phone.hpp"
 
 namespace simulator::scenario {
@@ -22,6 +22,8 @@ using PhoneMaker = std::function<std::unique_ptr<Phone>(const PhoneOptions&)>;
 
 struct Failure;
 
+using Settings = std::vector<std::pair<std::string, JsonPointer>>;
+
 struct RunOptions {
     std::filesystem::path pictures;  // beside the scenario's file when empty
     std::filesystem::path root;      // see PhoneOptions; of several files, each has a folder in it
@@ -29,7 +31,7 @@ struct RunOptions {
     // What holds for every file that does not say otherwise.
     std::string device;
     std::string system;
-    std::vector<std::pair<std::string, nlohmann::json>> settings;
+    Settings settings;
 
     // Each file that does not say its system is run on a real phone of each of these.
     std::vector<std::string> matrix;

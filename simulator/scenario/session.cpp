@@ -100,7 +100,7 @@ std::vector<std::string> Line::words(std::string_view slot) const {
 }
 
 const nlohmann::json& Line::json(std::string_view slot) const {
-    return std::get<nlohmann::json>(all(slot).at(0));
+    return *std::get<JsonPointer>(all(slot).at(0));
 }
 
 Comparison Line::comparison(std::string_view slot) const {

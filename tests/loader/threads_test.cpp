@@ -10,8 +10,8 @@
 namespace simulator::loader::tests {
 namespace {
 
-constexpr std::uint64_t isSigned = 1ull << 63;
-constexpr std::uint64_t isBind = 1ull << 62;
+constexpr std::uint64_t signedBit = 1ull << 63;
+constexpr std::uint64_t bindBit = 1ull << 62;
 constexpr std::uint64_t byPlace = 1ull << 48;
 constexpr std::uint64_t number(std::uint64_t value) { return value << 32; }
 constexpr std::uint64_t key(std::uint64_t value) { return value << 49; }
@@ -76,14 +76,14 @@ INSTANTIATE_TEST_SUITE_P(
              symbols + fromTheFirst,
              {0xa5ull << 43 | 0x4010},
              {"0x4000 -> 0xa500000000004010"}},
-        Case{"function", symbols + fromTheFirst, {isSigned | 0x300}, {"0x4000 -> 0x300 IA 0x0"}},
+        Case{"function", symbols + fromTheFirst, {signedBit | 0x300}, {"0x4000 -> 0x300 IA 0x0"}},
         Case{"byPlace",
              symbols + fromTheFirst,
-             {isSigned | byPlace | 0x300},
+             {signedBit | byPlace | 0x300},
              {"0x4000 -> 0x300 IA 0x0 by place"}},
         Case{"numberAndKey",
              symbols + fromTheFirst,
-             {isSigned | number(0xd9d4) | key(3) | 0x300},
+             {signedBit | number(0xd9d4) | key(3) | 0x300},
              {"0x4000 -> 0x300 DB 0xd9d4"}},
         Case{"distances",
              symbols + fromTheFirst,
@@ -91,11 +91,11 @@ INSTANTIATE_TEST_SUITE_P(
              {"0x4000 -> 0x4010", "0x4008 -> 0x4018", "0x4030 -> 0x4020"}},
         Case{"symbols",
              symbols + fromTheFirst,
-             {isBind | next(1), isBind | 1},
+             {bindBit | next(1), bindBit | 1},
              {"0x4000 = _f of 1", "0x4008 = _g of 2 + 8"}},
         Case{"signedSymbol",
              symbols + fromTheFirst,
-             {isBind | isSigned | key(2) | byPlace},
+             {bindBit | signedBit | key(2) | byPlace},
              {"0x4000 = _f of 1 DA 0x0 by place"}},
         Case{"twoThreads",
              symbols + fromTheFirst + List{0x71, 0x20, 0xd1},
@@ -103,7 +103,7 @@ INSTANTIATE_TEST_SUITE_P(
              {"0x4000 -> 0x4010", "0x4020 -> 0x4018", "0x4028 -> 0x4020"}},
         Case{"unknownSymbol",
              symbols + fromTheFirst,
-             {isBind | 2},
+             {bindBit | 2},
              {"a threaded pointer names symbol 2 of 2"}},
         Case{"beyondTheFile",
              symbols + List{0x71, 0x38, 0xd1},

@@ -11,15 +11,15 @@
 namespace vantori::tests {
 namespace {
 
-constexpr const char* module = "com.apple.control-center.ConnectivityModule";
+constexpr const char* connectivityModule = "com.apple.control-center.ConnectivityModule";
 
 // What Control Center keeps of a request to present it, instead of doing so.
-KeptBlock<void(bool)> told;
+KeptBlock<void(bool)> kept;
 int requests = 0;
 
 void keepRequest(id, SEL, bool animated, void* completion) {
     EXPECT_FALSE(animated);
-    told = KeptBlock<void(bool)>(BlockRef<void(bool)>(completion));
+    kept = KeptBlock<void(bool)>(BlockRef<void(bool)>(completion));
     ++requests;
 }
 
@@ -30,7 +30,7 @@ class RealExpansion : public LibraryPhone {
         phone_->real();
         boot();
         button_ = create<VNTCCToggleRoundButton>();
-        button_.send<"setModuleIdentifier:">(NSString::from(module));
+        button_.send<"setModuleIdentifier:">(NSString::from(connectivityModule));
     }
     // From here on Control Center answers only when the test does so for it.
     void holdControlCenter() {
@@ -45,7 +45,8 @@ class RealExpansion : public LibraryPhone {
         return cls.send<"_sharedCollectionViewController", Object>();
     }
     static bool isExpanded() {
-        return collection().send<"isModuleExpandedForIdentifier:", bool>(NSString::from(module));
+        return collection().send<"isModuleExpandedForIdentifier:", bool>(
+            NSString::from(connectivityModule));
     }
     int expansions() {
         return phone_->calledCount("CCUIModuleCollectionViewController",
@@ -83,7 +84,7 @@ TEST_F(RealExpansion, NothingOpensBeforeControlCenterSaysSo) {
     phone_->wait(5);
     EXPECT_EQ(requests, 1);
     EXPECT_FALSE(isExpanded());
-    told(true);
+    kept(true);
     phone_->wait(0.1);
     EXPECT_TRUE(isExpanded());
 }
@@ -92,10 +93,10 @@ TEST_F(RealExpansion, SaidTwiceItOpensOnce) {
     bootReal("14.2");
     holdControlCenter();
     press();
-    told(true);
-    told(true);
+    kept(true);
+    kept(true);
     phone_->wait(0.1);
-    told(false);
+    kept(false);
     phone_->wait(0.1);
     EXPECT_EQ(expansions(), 1);
     EXPECT_TRUE(isExpanded());
@@ -107,7 +108,7 @@ TEST_F(RealExpansion, SaidOnAnotherThreadItOpensOnTheMainOne) {
     press();
     std::thread([] {
         AutoreleasePool pool;
-        told(true);
+        kept(true);
     }).join();
     EXPECT_EQ(expansions(), 0);
     phone_->wait(0.1);
@@ -119,12 +120,12 @@ TEST_F(RealExpansion, AnAnswerToAnEarlierPressIsTooLate) {
     bootReal("14.2");
     holdControlCenter();
     press();
-    KeptBlock<void(bool)> first = told;
+    KeptBlock<void(bool)> first = kept;
     press();
     first(true);
     phone_->wait(0.1);
     EXPECT_EQ(expansions(), 0);
-    told(true);
+    kept(true);
     phone_->wait(0.1);
     EXPECT_EQ(expansions(), 1);
 }

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 #include <unistd.h>
+#include <nlohmann/json.hpp>
 
 #include <cstdlib>
 #include <fstream>
@@ -122,7 +123,8 @@ TEST_F(ScenarioRunning, WhatTheCommandSaysHoldsForAFileThatDoesNotSayOtherwise) 
     RunOptions options;
     options.device = "iPhone8,1";
     options.system = "12.4";
-    options.settings = {{"layoutDirection", 1}, {"tapToOpen", false}};
+    const auto json = [](auto value) { return std::make_shared<const nlohmann::json>(value); };
+    options.settings = {{"layoutDirection", json(1)}, {"tapToOpen", json(false)}};
     EXPECT_EQ(run(write("a", "system 13.5\nsetting tapToOpen true\nboot"), options), 0);
     EXPECT_EQ(operations,
               (std::vector<std::string>{"device iPhone8,1", "setting layoutDirection 1",

@@ -6,7 +6,7 @@
 #include "simulator/scenario/phone.hpp"
 #include "simulator/uikit/scene.hpp"
 
-namespace simulator::testing {
+namespace simulator::tests {
 namespace {
 
 class Marquee : public ::testing::Test {
@@ -104,4 +104,4 @@ TEST_F(Marquee, WithoutContentNothingMoves) {
 }
 
 }  // namespace
-}  // namespace simulator::testing
+}  // namespace simulator::tests

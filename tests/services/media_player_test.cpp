@@ -8,7 +8,7 @@
 #include "simulator/services/media_player.hpp"
 #include "simulator/uikit/classes.hpp"
 
-namespace simulator::testing {
+namespace simulator::tests {
 namespace {
 
 class Player : public ::testing::Test {
@@ -174,4 +174,4 @@ TEST_F(Player, AProcessKeepsItsNumber) {
 }
 
 }  // namespace
-}  // namespace simulator::testing
+}  // namespace simulator::tests

@@ -4,7 +4,7 @@
 #include "simulator/hardware/display.hpp"
 #include "tests/uikit/support.hpp"
 
-namespace simulator::testing {
+namespace simulator::tests {
 
 namespace {
 
@@ -52,4 +52,4 @@ TEST_F(SystemPans, SpeedsOfATurnedInterfaceAreThoseOfTheDisplay) {
 
 }  // namespace
 
-}  // namespace simulator::testing
+}  // namespace simulator::tests

@@ -2,7 +2,7 @@
 #include "platform/uikit_controls.hpp"
 #include "tests/uikit/support.hpp"
 
-namespace simulator::testing {
+namespace simulator::tests {
 namespace {
 
 class TextMeasuring : public UIKit {
@@ -55,4 +55,4 @@ TEST_F(TextMeasuring, NoTextTakesNoRoom) {
 }
 
 }  // namespace
-}  // namespace simulator::testing
+}  // namespace simulator::tests

@@ -7,8 +7,8 @@ namespace simulator {
 
 namespace {
 
-constexpr double width = 51, height = 31, inset = 2;  // points
-constexpr double knob = height - 2 * inset;
+constexpr double length = 51, thickness = 31, inset = 2;  // points
+constexpr double knob = thickness - 2 * inset;
 constexpr double turning = 0.2;  // seconds
 
 struct SwitchState {
@@ -23,7 +23,7 @@ void look(UISwitch view) {
     if (!s.track) return;
     const UIColor off = makeColor({0.91, 0.91, 0.92, 1}, {0.23, 0.23, 0.24, 1});
     s.track.setBackgroundColor(s.on ? makeColor({0.2, 0.78, 0.35, 1}) : off);
-    s.knob.setFrame(rect(s.on ? width - inset - knob : inset, inset, knob, knob));
+    s.knob.setFrame(rect(s.on ? length - inset - knob : inset, inset, knob, knob));
 }
 
 Strong<UIView> part(UISwitch view, CGRect frame) {
@@ -37,10 +37,10 @@ Strong<UIView> part(UISwitch view, CGRect frame) {
 
 UISwitch initWithFrame(UISwitch raw, CGRect frame) {
     auto self = super<UISwitch, "initWithFrame:", UISwitch>(
-        raw, rect(frame.origin.x, frame.origin.y, width, height));
+        raw, rect(frame.origin.x, frame.origin.y, length, thickness));
     if (!self) return self;
     SwitchState& s = state(self);
-    s.track = part(self, rect(0, 0, width, height));
+    s.track = part(self, rect(0, 0, length, thickness));
     s.knob = part(self, rect(inset, inset, knob, knob));
     s.knob.setBackgroundColor(UIColor::white());
     look(self);
@@ -70,8 +70,8 @@ void registerSwitch() {
         .method<"setOn:">([](UISwitch v, bool on) { setOn(v, on, false); })
         .method<"setOn:animated:">(
             [](UISwitch v, bool on, bool animated) { setOn(v, on, animated); })
-        .method<"intrinsicContentSize">([](UISwitch) { return CGSize{width, height}; })
-        .method<"sizeThatFits:">([](UISwitch, CGSize) { return CGSize{width, height}; })
+        .method<"intrinsicContentSize">([](UISwitch) { return CGSize{length, thickness}; })
+        .method<"sizeThatFits:">([](UISwitch, CGSize) { return CGSize{length, thickness}; })
         .method<"endTrackingWithTouch:withEvent:">(
             [](UISwitch v, UITouch touch, UIEvent) { released(v, touch); });
 }
