@@ -3,7 +3,7 @@
 # it too.
 set(library_floors platform settings toggles pages toolbar hooks)
 set(simulator_floors runtime foundation rendering uikit loader hardware services springboard
-  scenario phone live window serve demo)
+  scenario phone restless live window serve demo)
 # Floors of many small files, of which several are compiled at once: what they include costs more than what
 # they say. A name in an unnamed namespace is the only one of its floor there.
 set(floors_in_batches uikit rendering scenario serve)

@@ -1,10 +1,13 @@
 // vantori-simulator: a small phone on Linux that loads the extension as a real one does, and the
 // commands that reach it.
+#include <sys/stat.h>
+
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <filesystem>
 #include <iostream>
 #include <optional>
+#include <random>
 #include <sstream>
 #include <string>
 #include <thread>
@@ -15,6 +18,7 @@
 #include "simulator/live/settings_command.hpp"
 #include "simulator/phone/extension.hpp"
 #include "simulator/phone/launch.hpp"
+#include "simulator/restless/restless.hpp"
 #include "simulator/scenario/known_names.hpp"
 #include "simulator/scenario/phone.hpp"
 #include "simulator/scenario/runner.hpp"
@@ -112,6 +116,45 @@ struct SettingsCommand {
     }
 };
 
+struct RestlessCommand {
+    simulator::restless::RestlessOptions options;
+
+    void addTo(CLI::App& program) {
+        CLI::App* command = program.add_subcommand(
+            "restless", "Do to phones whatever comes to mind, and see that they bear it");
+        options.seed = std::random_device{}();
+        options.jobs = std::max(1U, std::thread::hardware_concurrency());
+        command->add_option("--seed", options.seed, "What all comes from (a new one)")
+            ->type_name("N");
+        command->add_option("--events", options.events, "How much is done in all (1000)")
+            ->check(CLI::Range(1L, 1000000000L))
+            ->type_name("N");
+        command
+            ->add_option("--life", options.eventsOfALife,
+                         "How much is done to a phone before another is taken (1000)")
+            ->check(CLI::Range(1, 1000000))
+            ->type_name("N");
+        command->add_option("--device", options.device, "Machine identifier (any)")
+            ->check(refusing(simulator::mistakeInDevice))
+            ->type_name("IDENT");
+        command->add_option("--system", options.system, "System version (any)")
+            ->check(refusing(simulator::mistakeInSystem))
+            ->type_name("X.Y");
+        command->add_flag("--real", options.real, realHelp);
+        command->add_option("--save", options.save, "Folder for scenarios of what was found (here)")
+            ->type_name("DIR");
+        command->add_option("--jobs", options.jobs, "Phones at once (as many as there are cores)")
+            ->check(CLI::Range(1, 256))
+            ->type_name("N");
+        command->footer(
+            "Status 0: nothing was found; 1: something was, and its scenario is saved.");
+    }
+    int run() const {
+        simulator::warmUp();  // once for the processes of all phones
+        return simulator::restless::runRestless(options, simulator::makePhone, std::cout);
+    }
+};
+
 void addPhone(CLI::App& command, LiveOptions& options) {
     addModel(command, options.device, options.system, options.settings);
     command.add_flag("--real", options.real, realHelp);
@@ -127,6 +170,7 @@ void addPhone(CLI::App& command, LiveOptions& options) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    umask(077);  // what is written here, phones and pictures of them, is its owner's alone
     CLI::App program("A small phone for Linux that loads the toolbar's own library.",
                      "vantori-simulator");
     program.set_version_flag("--version", std::string("vantori-simulator ") + VANTORI_VERSION);
@@ -179,6 +223,8 @@ int main(int argc, char** argv) {
 
     CLI::App* windowCommand = program.add_subcommand("window", "Show the phone in a window");
     addPhone(*windowCommand, live);
+    bool bare = false;
+    windowCommand->add_flag("--bare", bare, "The screen without the phone around it");
     windowCommand->footer(simulator::window::keysHelp() +
                           "\nStatements of a scenario can be typed in the terminal meanwhile.");
 
@@ -203,6 +249,9 @@ int main(int argc, char** argv) {
     demoCommand->add_option("--system", demo.system, systemHelp)->type_name("X.Y");
     demoCommand->add_flag("--real", demo.real, realHelp);
 
+    RestlessCommand restless;
+    restless.addTo(program);
+
     SettingsCommand settings;
     settings.addTo(program);
 
@@ -225,9 +274,10 @@ int main(int argc, char** argv) {
         }
         simulator::live::parsedSettings(live.settings, std::cerr);  // for what it has to say
         if (consoleCommand->parsed()) return simulator::live::runLiveConsole(live, std::cout);
-        if (windowCommand->parsed()) return simulator::window::runWindow(live, std::cout);
+        if (windowCommand->parsed()) return simulator::window::runWindow({live, bare}, std::cout);
         if (serveCommand->parsed()) return simulator::serve::runServe(serve, std::cout);
         if (demoCommand->parsed()) return simulator::demo::runDemo(demo, std::cout, std::cerr);
+        if (program.got_subcommand("restless")) return restless.run();
         if (program.got_subcommand("settings")) return settings.run();
         std::cerr << program.help();
         return misused;

@@ -2,6 +2,7 @@
 // has a process of its own: a child of this one, which saves each of them loading the program.
 //   unit-tests                  all of them
 //   unit-tests --suite SUITE    those of one suite, as ctest does
+//   unit-tests --tests FILE     those that the file names, one a line, until the first that fails
 //   unit-tests --ctest FILE     writes the list of suites that ctest reads
 //   unit-tests --gtest_...      whatever googletest offers, in this process: for a debugger
 #include <gtest/gtest.h>
@@ -32,7 +33,10 @@ std::string runApart(const std::string& name) {
     std::fflush(nullptr);
     const pid_t child = fork();
     if (child < 0) return std::string("no process for it: ") + std::strerror(errno);
-    if (child == 0) std::exit(runHere(name));  // not _exit: leaks are looked for at the end
+    if (child == 0) {
+        setenv("UNIT_TEST", name.c_str(), 1);  // for who measures it
+        std::exit(runHere(name));              // not _exit: leaks are looked for at the end
+    }
     int status = 0;
     waitpid(child, &status, 0);
     if (WIFSIGNALED(status)) return std::string("died: ") + strsignal(WTERMSIG(status));
@@ -65,6 +69,17 @@ int runSuites(std::string_view only) {
     return tally.run > 0 && tally.failed == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
+int runNamed(const std::string& path) {
+    std::ifstream names(path);
+    for (std::string name; std::getline(names, name);) {
+        const std::string problem = runApart(name);
+        if (problem.empty()) continue;
+        std::cout << "[  FAILED  ] " << name << ": " << problem << '\n';
+        return EXIT_FAILURE;
+    }
+    return names.eof() ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
 // In ctest's own language; brackets, since names of suites have slashes.
 int writeSuites(const std::string& program, const std::string& path) {
     std::ofstream file(path);
@@ -86,7 +101,8 @@ int main(int argc, char** argv) {
     const std::string_view option = argc > 1 ? argv[1] : "";
     if (argc == 1) return runSuites("");
     if (argc == 3 && option == "--suite") return runSuites(argv[2]);
+    if (argc == 3 && option == "--tests") return runNamed(argv[2]);
     if (argc == 3 && option == "--ctest") return writeSuites(argv[0], argv[2]);
-    std::cerr << "usage: unit-tests [--suite SUITE | --ctest FILE | --gtest_...]\n";
+    std::cerr << "usage: unit-tests [--suite SUITE | --tests FILE | --ctest FILE | --gtest_...]\n";
     return EXIT_FAILURE;
 }

@@ -1,5 +1,10 @@
 #include "simulator/foundation/observers.hpp"
 
+#include <map>
+#include <mutex>
+#include <string>
+#include <vector>
+
 #include "platform/definition.hpp"
 #include "platform/foundation.hpp"
 #include "simulator/foundation/replacement.hpp"
@@ -33,11 +38,57 @@ void tie(id observer) {
     objc_setAssociatedObject(observer, &tieKey, fresh.get(), platform::associationRetainNonatomic);
 }
 
+// The centre tells nobody how much it holds, so it is written down beside it. An empty name or object is
+// one that was not given.
+struct Registration {
+    std::string name;
+    id object;
+};
+struct Registrations {
+    std::mutex lock;  // objects may go on any thread
+    std::map<id, std::vector<Registration>> byObserver;
+    long count = 0;
+
+    void add(id observer, const Registration& registration) {
+        const std::lock_guard<std::mutex> locked(lock);
+        byObserver[observer].push_back(registration);
+        ++count;
+    }
+    void remove(id observer, const Registration& which) {
+        const std::lock_guard<std::mutex> locked(lock);
+        const auto found = byObserver.find(observer);
+        if (found == byObserver.end()) return;
+        count -= static_cast<long>(std::erase_if(found->second, [&](const Registration& each) {
+            return (which.name.empty() || which.name == each.name) &&
+                   (!which.object || which.object == each.object);
+        }));
+        if (found->second.empty()) byObserver.erase(found);
+    }
+};
+Registrations& registrations() {
+    static auto& kept = *new Registrations;
+    return kept;
+}
+
+bool isDefaultCenter(id center) { return NSNotificationCenter::defaultCenter().get() == center; }
+
+Registration registration(id name, id object) {
+    return {name ? platform::NSString(name).utf8() : "", object};
+}
+
 void (*systemAddObserver)(id, SEL, id, SEL, id, id) = nullptr;
+void (*systemRemoveObserver)(id, SEL, id, id, id) = nullptr;
 
 void addObserver(id self, SEL command, id observer, SEL action, id name, id object) {
     systemAddObserver(self, command, observer, action, name, object);
-    if (NSNotificationCenter::defaultCenter().get() == self) tie(observer);
+    if (!isDefaultCenter(self)) return;
+    registrations().add(observer, registration(name, object));
+    tie(observer);
+}
+
+void removeObserver(id self, SEL command, id observer, id name, id object) {
+    systemRemoveObserver(self, command, observer, name, object);
+    if (isDefaultCenter(self)) registrations().remove(observer, registration(name, object));
 }
 
 }  // namespace
@@ -48,6 +99,15 @@ void installObservers() {
     systemAddObserver = reinterpret_cast<void (*)(id, SEL, id, SEL, id, id)>(
         replaceMethod("NSNotificationCenter", MethodKind::instance,
                       "addObserver:selector:name:object:", reinterpret_cast<IMP>(&addObserver)));
+    // What removes an observer as a whole comes here too.
+    systemRemoveObserver = reinterpret_cast<void (*)(id, SEL, id, id, id)>(
+        replaceMethod("NSNotificationCenter", MethodKind::instance,
+                      "removeObserver:name:object:", reinterpret_cast<IMP>(&removeObserver)));
+}
+
+long registeredObservers() {
+    const std::lock_guard<std::mutex> locked(registrations().lock);
+    return registrations().count;
 }
 
 }  // namespace simulator

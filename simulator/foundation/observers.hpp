@@ -6,4 +6,7 @@ namespace simulator {
 
 void installObservers();
 
+// How many registrations there are.
+long registeredObservers();
+
 }  // namespace simulator

@@ -23,6 +23,7 @@ struct Configuration {
     CGSize connectivityButton{60, 60};
     std::vector<std::string> recents;  // newest first
     std::string language = "en";
+    std::vector<std::string> missingFiles;  // of what the extension's package brings
 };
 
 Configuration& configuration();

@@ -6,6 +6,7 @@
 
 #include "simulator/foundation/bundles.hpp"
 #include "simulator/foundation/conversions.hpp"
+#include "simulator/foundation/dates.hpp"
 #include "simulator/foundation/device_root.hpp"
 #include "simulator/foundation/files.hpp"
 #include "simulator/foundation/first_use.hpp"
@@ -13,6 +14,7 @@
 #include "simulator/foundation/notification_counts.hpp"
 #include "simulator/foundation/notification_order.hpp"
 #include "simulator/foundation/observers.hpp"
+#include "simulator/foundation/user_defaults.hpp"
 #include "simulator/hardware/configuration.hpp"
 #include "simulator/hardware/uikit_bridge.hpp"
 #include "simulator/phone/extension.hpp"
@@ -21,6 +23,7 @@
 #include "simulator/runtime/associations.hpp"
 #include "simulator/runtime/clock.hpp"
 #include "simulator/runtime/crash.hpp"
+#include "simulator/runtime/date.hpp"
 #include "simulator/runtime/machine.hpp"
 #include "simulator/runtime/system_log.hpp"
 #include "simulator/services/brightness.hpp"
@@ -48,6 +51,7 @@
 #include "simulator/springboard/display/lock_screen.hpp"
 #include "simulator/springboard/display/platform_parts.hpp"
 #include "simulator/springboard/display/setting_effects.hpp"
+#include "simulator/springboard/display/time_of_day.hpp"
 #include "simulator/springboard/display/windows.hpp"
 #include "simulator/springboard/gestures/reachability.hpp"
 #include "simulator/springboard/gestures/switcher_gestures.hpp"
@@ -87,6 +91,18 @@ constexpr std::array<SupportFile, 2> supportFiles{{
      "/Library/PreferenceLoader/Preferences/Vantori.plist"},
 }};
 
+// A copy brings the permissions of what it is of.
+void makeOwnersOnly(const std::filesystem::path& place) {
+    namespace fs = std::filesystem;
+    std::error_code error;
+    const bool folder = fs::is_directory(place, error);
+    fs::permissions(place,
+                    folder ? fs::perms::owner_all : fs::perms::owner_read | fs::perms::owner_write,
+                    error);
+    if (!folder) return;
+    for (const auto& entry : fs::directory_iterator(place, error)) makeOwnersOnly(entry.path());
+}
+
 void installSupportFiles() {
     namespace fs = std::filesystem;
     std::error_code error;
@@ -100,9 +116,16 @@ void installSupportFiles() {
             fs::create_directories(target.parent_path(), error);
             fs::copy(source, target, fs::copy_options::recursive | fs::copy_options::skip_existing,
                      error);
+            makeOwnersOnly(target);
             break;
         }
     }
+}
+
+void takeMissingFilesAway() {
+    std::error_code error;
+    for (const std::string& path : configuration().missingFiles)
+        std::filesystem::remove_all(DeviceRoot::shared().locate(path), error);
 }
 
 // A plain name is one of SpringBoard's own bundle.
@@ -140,9 +163,11 @@ void prepareProcess() {
     SystemLog::shared().install();
     installCrashReport();
     installAssociations();
+    installUserDefaults();
     installFiles();
     installBundles();
     installConversions();
+    installDates();
     installNotificationOrder();
     installNotificationCounts();
     installObservers();
@@ -150,7 +175,7 @@ void prepareProcess() {
 
 void warmUp() {
     prepareProcess();
-    rendering::measure("9:41", 17, 400);  // finds the fonts
+    rendering::measure(shownTime(firstDate), 17, 400);  // finds the fonts
 }
 
 void registerSpringBoard() {
@@ -187,6 +212,7 @@ void registerSpringBoard() {
     registerDoNotDisturb();
     registerPackages();
     followSettings();
+    followTime();
     registerSpringBoardApplication();
 }
 
@@ -195,6 +221,7 @@ void launchPhone(Extension extension) {
     setUpScreen();
     speak(configuration().language);
     installSupportFiles();
+    takeMissingFilesAway();
     registerUIKit();
     setImagePaths(&imagePath);
     registerSpringBoard();

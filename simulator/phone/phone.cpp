@@ -5,6 +5,8 @@
 #include <charconv>
 #include <cmath>
 #include <nlohmann/json.hpp>
+#include <set>
+#include <utility>
 
 #include "simulator/foundation/bundles.hpp"
 #include "simulator/foundation/device_root.hpp"
@@ -24,6 +26,7 @@
 #include "simulator/phone/launch.hpp"
 #include "simulator/phone/on_screen.hpp"
 #include "simulator/phone/screen_picture.hpp"
+#include "simulator/phone/soundness.hpp"
 #include "simulator/phone/temporary_root.hpp"
 #include "simulator/runtime/clock.hpp"
 #include "simulator/runtime/crash.hpp"
@@ -45,6 +48,7 @@
 #include "simulator/springboard/display/interface_style.hpp"
 #include "simulator/springboard/display/lock_screen.hpp"
 #include "simulator/springboard/display/orientation.hpp"
+#include "simulator/springboard/display/time_of_day.hpp"
 #include "simulator/springboard/display/windows.hpp"
 #include "simulator/springboard/gestures/system_gestures.hpp"
 #include "simulator/uikit/screen/screen.hpp"
@@ -74,16 +78,16 @@ GestureStage stageOf(PullPhase phase) {
     }
 }
 
-bool isWatched(Happening what, Phone::Watched kind) {
+std::set<Happening> watched(Phone::Watched kind) {
     switch (kind) {
         case Phone::Watched::calls:
-            return what == Happening::called;
+            return {Happening::called};
         case Phone::Watched::log:
-            return what == Happening::logged;
+            return {Happening::logged};
         case Phone::Watched::notifications:
             break;
     }
-    return what == Happening::posted || what == Happening::darwinPosted;
+    return {Happening::posted, Happening::darwinPosted};
 }
 
 int narrow(long count) { return static_cast<int>(count); }
@@ -139,6 +143,14 @@ class SimulatedPhone final : public Phone {
         setMissing(name);
     }
     void missingBundle(const std::string& path) override { setMissingBundle(path); }
+    void missingMethod(const std::string& className, const std::string& selector) override {
+        requireOff();
+        setMissingMethod(className, selector);
+    }
+    void missingFile(const std::string& path) override {
+        requireOff();
+        configuration().missingFiles.push_back(path);
+    }
     void dock(int icons) override {
         requireOff();
         int most = narrow(static_cast<long>(installedApplications().size()));
@@ -281,23 +293,27 @@ class SimulatedPhone final : public Phone {
         run([&] {
             bool mine = gestures_.cancelled();
             touching_ = taken_ = false;
+            if (mine) soundness_.takenBack();
             if (!mine) fingerCancelled();
         });
     }
 
     void grabber(PullPhase phase, double edge, double distance, double velocity) override {
         requireOn();
+        soundness_.reported(Soundness::Reporter::switcher, stageOf(phase));
         report("SBFluidSwitcherGestureManager",
                [&] { return reportSwitcherPull({stageOf(phase), edge, distance, velocity}); });
     }
     void controlCenterGrabber(PullPhase phase, double edge, double distance,
                               double velocity) override {
         requireOn();
+        soundness_.reported(Soundness::Reporter::controlCenter, stageOf(phase));
         report("SBControlCenterController",
                [&] { return reportControlCenterPull({stageOf(phase), edge, distance, velocity}); });
     }
     void statusBar(PullPhase phase, double x, double y, double velocity) override {
         requireOn();
+        soundness_.reported(Soundness::Reporter::statusBar, stageOf(phase));
         report("SBControlCenterController",
                [&] { return reportStatusBarPull(stageOf(phase), {x, y}, CGPoint{0, velocity}); });
     }
@@ -398,17 +414,24 @@ class SimulatedPhone final : public Phone {
         configuration().language = code;
     }
 
+    void date(double seconds) override {
+        Clock::shared().setDate(seconds);
+        if (on_) run([] { clockWasSet(); });
+    }
+
     void interrupt(objc_object* view) override {
         run([&] { simulator::interrupt(Object(view)); });
     }
     void post(const std::string& notification) override {
         requireOn();
+        soundness_.posted(notification);
         run([&] {
             NSNotificationCenter::defaultCenter().post(NSString::from(notification.c_str()));
         });
     }
     void postDarwin(const std::string& notification) override {
         requireOn();
+        soundness_.announced();
         simulator::postDarwin(notification);
     }
 
@@ -467,6 +490,13 @@ class SimulatedPhone final : public Phone {
         return narrow(launches(bundle, true));
     }
     std::optional<std::string> crashed() override { return crash(); }
+    std::optional<std::string> wrong() override {
+        requireOn();
+        if (touching_) throw PhoneError("the finger is down");
+        if (const auto reason = soundness_.unsettled()) throw PhoneError(*reason);
+        AutoreleasePool pool;
+        return soundness_.fault();
+    }
     void clear() override {
         History::shared().clear();
         clearNotificationPosts();
@@ -493,11 +523,11 @@ class SimulatedPhone final : public Phone {
         return Object(classObject(report)).send<"text", NSString>().utf8();
     }
     void watch(Watched kind, std::function<void(const std::string&)> tell) override {
-        if (!tell) return History::shared().watch({});
-        History::shared().watch(
-            [kind, tell = std::move(tell)](Happening what, const std::string& line) {
-                if (isWatched(what, kind)) tell(line);
-            });
+        History::shared().unwatch(std::exchange(watching_, 0));
+        if (!tell) return;
+        watching_ = History::shared().watch(
+            watched(kind),
+            [tell = std::move(tell)](Happening, const std::string& line) { tell(line); });
     }
     void shot(const std::filesystem::path& file, double pixelsPerPoint) override {
         requireOn();
@@ -595,7 +625,9 @@ class SimulatedPhone final : public Phone {
     bool taken_ = false;  // the system has the finger
     CGPoint finger_{};
     SystemGestures gestures_;
+    Soundness soundness_;
     LastSecond lastSecond_;
+    History::Ticket watching_ = 0;  // for the console
 };
 
 }  // namespace

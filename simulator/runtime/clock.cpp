@@ -3,8 +3,11 @@
 #include <algorithm>
 
 #include "platform/ownership.hpp"
+#include "simulator/runtime/date.hpp"
 
 namespace simulator {
+
+Clock::Clock() : switchedOn_(firstDate) {}
 
 Clock& Clock::shared() {
     // Never destroyed: what is still scheduled when the process ends needs a phone to go in peace.

@@ -76,8 +76,13 @@ struct History::Events {
     std::unique_ptr<Number[]> order = std::make_unique_for_overwrite<Number[]>(mostEvents);
     std::size_t added = 0;
     std::deque<Latest> latest;
+    struct Watching {
+        std::set<Happening> kinds;
+        Watcher tell;
+    };
     bool telling = false;
-    Watcher watcher;
+    Ticket latestTicket = 0;
+    std::map<Ticket, Watching> watching;
 
     std::size_t first() const { return added > mostEvents ? added - mostEvents : 0; }
     Number at(std::size_t place) const { return order[place % mostEvents]; }
@@ -88,6 +93,17 @@ struct History::Events {
         for (const BriefArgument& argument : entry.arguments)
             text += " " + std::visit(Writer{}, argument);
         return text;
+    }
+
+    void tell(Happening kind, const Latest& entry) {
+        telling = true;  // what telling it makes happen is not told
+        std::string text;
+        for (const auto& [ticket, each] : watching) {
+            if (!each.kinds.contains(kind)) continue;
+            if (text.empty()) text = line(entry);
+            each.tell(kind, text);
+        }
+        telling = false;
     }
 };
 
@@ -116,11 +132,16 @@ void History::add(Number event, std::vector<BriefArgument> arguments) {
     const Events::Kind& kind = all.kinds[event];
     if (BlackBox* box = BlackBox::ofThisProcess())
         box->note(all.latest.back().time, wordOf(kind.happening), kind.name);
-    if (!all.watcher || all.telling) return;
-    all.telling = true;  // what telling it makes happen is not told
-    all.watcher(kind.happening, all.line(all.latest.back()));
-    all.telling = false;
+    if (!all.telling && !all.watching.empty()) all.tell(kind.happening, all.latest.back());
 }
+
+History::Ticket History::watch(std::set<Happening> kinds, Watcher watcher) {
+    events_->watching.emplace(++events_->latestTicket,
+                              Events::Watching{std::move(kinds), std::move(watcher)});
+    return events_->latestTicket;
+}
+
+void History::unwatch(Ticket ticket) { events_->watching.erase(ticket); }
 
 std::set<History::Number> History::numbersWhere(
     Happening kind, const std::function<bool(const std::string&)>& accepts) const {
@@ -151,8 +172,6 @@ long History::count(const std::set<Number>& events) const {
 bool History::forgot() const { return events_->added > mostEvents; }
 
 void History::clear() { events_->added = 0; }
-
-void History::watch(Watcher watcher) { events_->watcher = std::move(watcher); }
 
 std::vector<std::string> History::latest(std::size_t lines) const {
     const auto& latest = events_->latest;

@@ -60,8 +60,10 @@ class History {
 
     // The latest so many, oldest first: "0.517 called -[UIView setAlpha:] 0.5".
     std::vector<std::string> latest(std::size_t lines) const;
-    // Told of everything from here on; an empty function ends it.
-    void watch(Watcher watcher);
+    // Told of everything of those kinds from here on, until the ticket is given back (0 is none).
+    using Ticket = std::uint64_t;
+    Ticket watch(std::set<Happening> kinds, Watcher watcher);
+    void unwatch(Ticket ticket);
 
   private:
     struct Events;

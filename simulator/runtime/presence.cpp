@@ -15,6 +15,7 @@ void makeReal(int of) { release = of; }
 int realRelease() { return release; }
 
 bool has(std::string_view className, Kind kind, std::string_view name, On phones) {
+    if (isMissingMethod(className, name)) return false;
     if (release == 0) return phones == On::allPhones;
     const auto known = finding(className, kind, name, release);
     return known ? known->found != Found::absent : phones == On::allPhones;

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <nlohmann/json.hpp>
 
+#include "simulator/runtime/date.hpp"
 #include "simulator/scenario/expression_parser.hpp"
 #include "simulator/scenario/json_text.hpp"
 #include "simulator/scenario/known_names.hpp"
@@ -19,6 +20,8 @@ enum class Shape {
     device,
     oneOf,
     version,
+    day,
+    time,
     text,
     number,
     duration,
@@ -39,7 +42,7 @@ struct Slot {
     std::string_view words = {};  // of oneOf, parted by `|`
 };
 
-constexpr std::array<Slot, 45> slots{{
+constexpr std::array<Slot, 47> slots{{
     {"IDENT", Shape::device, "a machine identifier"},
     {"KEY", Shape::word, "a key"},
     {"PATH", Shape::word, "a path"},
@@ -47,6 +50,8 @@ constexpr std::array<Slot, 45> slots{{
     {"SELECTOR", Shape::word, "a selector"},
     {"BUNDLE", Shape::word, "a bundle identifier"},
     {"NAME", Shape::word, "a name"},
+    {"DAY", Shape::day, "a day such as 2018-01-09"},
+    {"TIME", Shape::time, "a time such as 09:41"},
     {"CODE", Shape::word, "a language such as de or pt-BR"},
     {"FILE", Shape::word, "the name of a picture"},
     {"RECORDING", Shape::word, "the name of a scenario"},
@@ -277,6 +282,16 @@ class Reader {
                 std::string identifier = cursor_.word(wanted);
                 checkName(before, mistakeInDevice(identifier));
                 return identifier;
+            }
+            case Shape::day: {
+                std::string day = cursor_.word(wanted);
+                if (!dayFrom(day)) fail(before, wanted);
+                return day;
+            }
+            case Shape::time: {
+                std::string time = cursor_.word(wanted);
+                if (!timeOfDayFrom(time)) fail(before, wanted);
+                return time;
             }
             case Shape::text:
                 return cursor_.string(wanted);

@@ -41,6 +41,8 @@ class Line {
     double number(std::string_view slot);
     double seconds(std::string_view slot);
     int count(std::string_view slot);
+    // Seconds since the first of January 1970.
+    double date(std::string_view day, std::string_view time);
     // The object of a slot that must have one.
     objc_object* view(std::string_view slot);
     PullPhase pullPhase() const;

@@ -95,6 +95,11 @@ void expectNotShown(Line& line) {
     line.expect(line.phone().notShown(line.word("TEXT")).has_value(), "it is shown");
 }
 
+void expectNothingWrong(Line& line) {
+    const auto wrong = line.phone().wrong();
+    line.expect(!wrong, wrong.value_or(""));
+}
+
 void expectHaptics(Line& line) {
     const int style = line.count("STYLE");
     if (style > 2) throw EvaluationError("an impact is 0 light, 1 medium or 2 heavy");
@@ -135,7 +140,7 @@ void film(Line& line) {
     line.phone().film({line.picture("FILE"), frames, line.seconds("S")});
 }
 
-constexpr std::array<Form, 27> forms{{
+constexpr std::array<Form, 28> forms{{
     {"print EXPR", always, "the value on a line of its own",
      [](Line& line) { line.print(printed(line.value("EXPR"))); }},
     {"do EXPR", always, "evaluates, drops the value", [](Line& line) { line.value("EXPR"); }},
@@ -163,6 +168,9 @@ constexpr std::array<Form, 27> forms{{
      expectShown},
     {"expect not-shown TEXT", booted, "no label or button with exactly this text can be seen",
      expectNotShown},
+    {"expect nothing wrong", booted,
+     "what must hold of the toolbars whenever nothing moves, whatever was done before",
+     expectNothingWrong},
     {"expect haptics STYLE N", always, "impacts given: 0 light, 1 medium, 2 heavy", expectHaptics},
     {"expect logged TEXT N", always, "lines of the system log that contain TEXT",
      [](Line& line) { line.expectCount(line.phone().loggedCount(line.word("TEXT")), "N"); }},

@@ -96,6 +96,8 @@ class Phone {
     virtual void homeButton(bool present) = 0;
     virtual void missingClass(const std::string& name) = 0;
     virtual void missingBundle(const std::string& path) = 0;
+    virtual void missingMethod(const std::string& className, const std::string& selector);
+    virtual void missingFile(const std::string& path);  // of those that the package brings
     virtual void dock(int icons) = 0;
     virtual void floatingDock();
     virtual void connectivityFails(int creations);
@@ -112,6 +114,8 @@ class Phone {
     virtual void connectivityButton(double width, double height);
     virtual void recents(const std::vector<std::string>& bundles);
     virtual void flashlightAvailable(bool available);
+    // The phone's clock, set to seconds since the first of January 1970.
+    virtual void date(double seconds);
 
     // Driving.
     virtual void wait(double seconds) = 0;
@@ -173,6 +177,9 @@ class Phone {
     // Nothing when nothing is loaded.
     virtual std::optional<PlayerLook> player();
     virtual std::optional<std::string> crashed() = 0;  // why it did first
+    // What does not hold of the extension that must hold whenever nothing moves; refused while a finger
+    // is down or a pull is on its way.
+    virtual std::optional<std::string> wrong();
     virtual void clear() = 0;
     virtual std::string tree(objc_object* root) = 0;  // of the whole screen for a null root
     virtual std::string elements();                   // what a screen reader goes through

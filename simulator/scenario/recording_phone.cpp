@@ -4,6 +4,8 @@
 #include <charconv>
 #include <nlohmann/json.hpp>
 
+#include "simulator/runtime/date.hpp"
+
 namespace simulator::scenario {
 namespace {
 
@@ -131,6 +133,14 @@ void RecordingPhone::missingBundle(const std::string& path) {
     phone_.missingBundle(path);
     preparation(statement("missing bundle", path));
 }
+void RecordingPhone::missingMethod(const std::string& className, const std::string& selector) {
+    phone_.missingMethod(className, selector);
+    preparation(statement("missing method", className, selector));
+}
+void RecordingPhone::missingFile(const std::string& path) {
+    phone_.missingFile(path);
+    preparation(statement("missing file", path));
+}
 void RecordingPhone::dock(int icons) {
     phone_.dock(icons);
     preparation(statement("dock", icons));
@@ -191,6 +201,11 @@ void RecordingPhone::recents(const std::vector<std::string>& bundles) {
 void RecordingPhone::flashlightAvailable(bool available) {
     phone_.flashlightAvailable(available);
     preparation(statement("flashlight-available", yesOrNo(available)));
+}
+
+void RecordingPhone::date(double seconds) {
+    phone_.date(seconds);
+    preparation("date " + writtenDate(seconds));
 }
 
 void RecordingPhone::wait(double seconds) {

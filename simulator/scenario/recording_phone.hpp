@@ -35,6 +35,8 @@ class RecordingPhone final : public Phone {
     void homeButton(bool present) override;
     void missingClass(const std::string& name) override;
     void missingBundle(const std::string& path) override;
+    void missingMethod(const std::string& className, const std::string& selector) override;
+    void missingFile(const std::string& path) override;
     void dock(int icons) override;
     void floatingDock() override;
     void connectivityFails(int creations) override;
@@ -49,6 +51,7 @@ class RecordingPhone final : public Phone {
     void connectivityButton(double width, double height) override;
     void recents(const std::vector<std::string>& bundles) override;
     void flashlightAvailable(bool available) override;
+    void date(double seconds) override;
 
     void wait(double seconds) override;
     void open(const std::string& bundle) override;
@@ -120,6 +123,7 @@ class RecordingPhone final : public Phone {
     bool toggled(const std::string& name) override { return phone_.toggled(name); }
     std::optional<PlayerLook> player() override { return phone_.player(); }
     std::optional<std::string> crashed() override { return phone_.crashed(); }
+    std::optional<std::string> wrong() override { return phone_.wrong(); }
     void clear() override { phone_.clear(); }
     std::string tree(objc_object* root) override { return phone_.tree(root); }
     std::string elements() override { return phone_.elements(); }

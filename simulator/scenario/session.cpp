@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "simulator/runtime/black_box.hpp"
+#include "simulator/runtime/date.hpp"
 #include "simulator/scenario/line.hpp"
 #include "simulator/scenario/objective_c.hpp"
 #include "simulator/scenario/raised.hpp"
@@ -153,6 +154,11 @@ double Line::seconds(std::string_view slot) {
     if (!(result >= 0 && std::isfinite(result)))
         throw EvaluationError(expression(slot).text + " is no time to let pass");
     return result;
+}
+
+double Line::date(std::string_view day, std::string_view time) {
+    const std::chrono::seconds start = dayFrom(word(day))->time_since_epoch();
+    return static_cast<double>((start + *timeOfDayFrom(word(time))).count());
 }
 
 int Line::count(std::string_view slot) {

@@ -12,7 +12,7 @@ namespace {
 constexpr auto before = Phase::setup;
 constexpr auto always = Phase::always;
 
-constexpr std::array<Form, 22> forms{{
+constexpr std::array<Form, 25> forms{{
     {"device IDENT", before, "machine identifier, as uname reports it (iPhone10,3)",
      [](Line& line) { line.phone().device(line.word("IDENT")); }},
     {"screen W H SCALE", before, "overrides the device's screen, in points",
@@ -43,6 +43,10 @@ constexpr std::array<Form, 22> forms{{
      [](Line& line) { line.phone().missingClass(line.word("NAME")); }},
     {"missing bundle PATH", before, "the bundle at PATH does not load",
      [](Line& line) { line.phone().missingBundle(line.word("PATH")); }},
+    {"missing method CLASS SELECTOR", before, "the class has no such method on this phone",
+     [](Line& line) { line.phone().missingMethod(line.word("CLASS"), line.word("SELECTOR")); }},
+    {"missing file PATH", before, "a file or a folder that the package brings is not there",
+     [](Line& line) { line.phone().missingFile(line.word("PATH")); }},
     {"dock ICONS", before, "how many icons the dock holds (4)",
      [](Line& line) { line.phone().dock(line.count("ICONS")); }},
     {"dock ICONS floating", before, "the same, in a floating dock",
@@ -60,6 +64,8 @@ constexpr std::array<Form, 22> forms{{
      [](Line& line) { line.phone().sceneAfter(line.word("BUNDLE"), line.count("N")); }},
     {"flashlight-available yes|no", always, "what the flashlight says of itself (yes)",
      [](Line& line) { line.phone().flashlightAvailable(line.chose("yes")); }},
+    {"date DAY TIME", always, "sets the phone's clock, which goes on from there (2018-01-09 09:41)",
+     [](Line& line) { line.phone().date(line.date("DAY", "TIME")); }},
     {"language CODE", before, "the phone's language and region format (en)",
      [](Line& line) { line.phone().language(line.word("CODE")); }},
     {"without extension", before, "boots the phone without loading the library",

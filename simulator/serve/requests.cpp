@@ -54,7 +54,8 @@ Request record(const json& object) {
     return RecordRequest{object.at("on").get<bool>(), object.at("id")};
 }
 Request journal(const json& object) {
-    return JournalRequest{object.at("kinds").get<std::set<std::string>>()};
+    return JournalRequest{object.at("kinds").get<std::set<std::string>>(),
+                          object.value("past", false)};
 }
 Request settings(const json& object) { return SettingsRequest{object.at("id")}; }
 Request start(const json& object) {

@@ -44,6 +44,7 @@ struct LayersRequest {
 };
 struct JournalRequest {  // which kinds of events this page wants to be told of
     std::set<std::string> kinds;
+    bool past = false;  // of what was before, too
 };
 struct RecordRequest {
     bool on = false;

@@ -30,6 +30,7 @@ constexpr std::size_t mostAnswers = 64;
 constexpr int tooMuch = 1013;  // try again later
 constexpr auto frameTime = std::chrono::microseconds(16667);
 
+constexpr std::size_t mostPast = 2000;  // as many rows as a page keeps
 constexpr std::size_t mostLayers = 400;
 
 struct Kind {
@@ -64,9 +65,15 @@ std::string written(const json& value) {
 }  // namespace
 
 ServedPhone::ServedPhone(const live::LiveOptions& options, std::filesystem::path recordings)
-    : recordings_(std::move(recordings)), live_(options, false, said_) {
+    : recordings_(std::move(recordings)), live_(options, false, said_), past_(mostPast) {
+    keepPast();
     live_.console().tellBy(
         [this](const std::string& text) { events_.add({{"kind", "said"}, {"text", text}}); });
+}
+
+ServedPhone::~ServedPhone() {
+    History::shared().unwatch(watching_);
+    History::shared().unwatch(keeping_);
 }
 
 bool ServedPhone::boot(std::ostream& errors) {
@@ -219,9 +226,15 @@ void ServedPhone::take(ClientId client, const LayersRequest& request) {
 }
 
 void ServedPhone::take(ClientId client, const JournalRequest& request) {
-    clients_[client].kinds = request.kinds;
-    clients_[client].happening = happenings_.end();
+    Client& guest = clients_[client];
+    guest.kinds = request.kinds;
+    guest.happening = happenings_.end();
     watch();
+    if (!request.past) return;
+    json before = json::array();
+    for (json& event : past_.from(past_.first(), mostPast).events)
+        if (guest.kinds.contains(event["kind"])) before.push_back(std::move(event));
+    guest.answers.push_back(written({{"happened", before}, {"missed", past_.first()}}));
 }
 
 // What was recorded is the answer when it ends.
@@ -255,13 +268,23 @@ void ServedPhone::answer(ClientId client, const json& id, json answer) {
 
 // Of each kind only while a page wants it: a phone that is used runs thousands of operations a second.
 void ServedPhone::watch() {
-    std::set<std::string> wanted;
+    std::set<Happening> wanted;
     for (const auto& [client, guest] : clients_)
-        wanted.insert(guest.kinds.begin(), guest.kinds.end());
-    if (wanted.empty()) return History::shared().watch({});
-    History::shared().watch([this, wanted](Happening what, const std::string& line) {
-        const char* kind = nameOf(what);
-        if (wanted.contains(kind)) happenings_.add({{"kind", kind}, {"text", line}});
+        for (const Kind& kind : kinds)
+            if (guest.kinds.contains(kind.name)) wanted.insert(kind.happening);
+    History::shared().unwatch(std::exchange(watching_, 0));
+    if (wanted.empty()) return;
+    watching_ = History::shared().watch(wanted, [this](Happening what, const std::string& line) {
+        happenings_.add({{"kind", nameOf(what)}, {"text", line}});
+    });
+}
+
+void ServedPhone::keepPast() {
+    std::set<Happening> rare;
+    for (const Kind& kind : kinds) rare.insert(kind.happening);
+    rare.erase(Happening::called);
+    keeping_ = History::shared().watch(rare, [this](Happening what, const std::string& line) {
+        past_.add({{"kind", nameOf(what)}, {"text", line}});
     });
 }
 

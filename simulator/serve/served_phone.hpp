@@ -13,6 +13,7 @@
 #include "simulator/live/live_phone.hpp"
 #include "simulator/live/pace.hpp"
 #include "simulator/phone/screen_picture.hpp"
+#include "simulator/runtime/history.hpp"
 #include "simulator/serve/events.hpp"
 #include "simulator/serve/replay.hpp"
 #include "simulator/serve/requests.hpp"
@@ -25,6 +26,9 @@ class ServedPhone final : public Audience {
   public:
     // Throws std::runtime_error for options that do not hold.
     ServedPhone(const live::LiveOptions& options, std::filesystem::path recordings);
+    ~ServedPhone();
+    ServedPhone(const ServedPhone&) = delete;
+    ServedPhone& operator=(const ServedPhone&) = delete;
 
     // False when it did not boot; `errors` is told why.
     bool boot(std::ostream& errors);
@@ -67,6 +71,7 @@ class ServedPhone final : public Audience {
     scenario::RecordingPhone& phone() { return live_.console().phone(); }
     void answer(ClientId client, const nlohmann::json& id, nlohmann::json answer);
     void watch();
+    void keepPast();
     void liftFinger(bool cancelled);
     void tick();
     void passTime();
@@ -95,7 +100,10 @@ class ServedPhone final : public Audience {
     ScreenPainter painter_;
     ScreenRows rows_;
     Events events_;      // what was said and went wrong
-    Events happenings_;  // the journal
+    Events happenings_;  // the journal, of the kinds that some page wants
+    Events past_;        // the same from the start, of all kinds that do not come by the thousand
+    History::Ticket watching_ = 0;
+    History::Ticket keeping_ = 0;
     std::optional<Replay> replay_;
     std::map<ClientId, Client> clients_;
     std::string state_;

@@ -54,6 +54,14 @@ bool differ(rendering::Size a, rendering::Size b) {
     return a.width != b.width || a.height != b.height;
 }
 
+constexpr rendering::Colour ground{0.15, 0.155, 0.17, 1};
+
+void clear(SDL_Renderer* renderer, rendering::Colour colour) {
+    const auto part = [](double share) { return static_cast<Uint8>(std::lround(share * 255)); };
+    SDL_SetRenderDrawColor(renderer, part(colour.red), part(colour.green), part(colour.blue), 255);
+    SDL_RenderClear(renderer);
+}
+
 }  // namespace
 
 Display::Display(const std::string& title) : title_(title) {
@@ -68,6 +76,7 @@ Display::Display(const std::string& title) : title_(title) {
 
 Display::~Display() {
     finger_.reset();
+    body_.reset();
     texture_.reset();
     renderer_.reset();
     window_.reset();
@@ -75,20 +84,33 @@ Display::~Display() {
 }
 
 void Display::openWindow(rendering::Size size) {
-    window_.reset(SDL_CreateWindow(title_.c_str(), SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED,
-                                   whole(size.width), whole(size.height),
+    window_.reset(SDL_CreateWindow(title_.c_str(), place_.x, place_.y, whole(size.width),
+                                   whole(size.height),
                                    SDL_WINDOW_RESIZABLE | SDL_WINDOW_ALLOW_HIGHDPI));
     if (!window_) fail("no window could be opened");
     renderer_.reset(SDL_CreateRenderer(window_.get(), -1, 0));
     if (!renderer_) fail("nothing can be drawn in the window");
 }
 
-void Display::shape(rendering::Size screen) {
-    if (!differ(screen, screen_)) return;
+void Display::shape(rendering::Size screen, const std::optional<rendering::PhoneCase>& around) {
+    if (!differ(screen, screen_) && around == case_) return;
     screen_ = screen;
-    const rendering::Size wanted = windowSize(screen, usableDisplay());
+    case_ = around;
+    body_.reset();
+    const rendering::Size wanted = windowSize(screen, usableDisplay(), room());
     if (!window_) return openWindow(wanted);
-    SDL_SetWindowSize(window_.get(), whole(wanted.width), whole(wanted.height));
+    if (differ({std::round(wanted.width), std::round(wanted.height)}, size()))
+        SDL_SetWindowSize(window_.get(), whole(wanted.width), whole(wanted.height));
+}
+
+rendering::Size Display::room() const {
+    return case_ ? rendering::roomAround(*case_) : rendering::Size{};
+}
+
+WindowPlace Display::place() const {
+    WindowPlace place;
+    if (window_) SDL_GetWindowPosition(window_.get(), &place.x, &place.y);
+    return place;
 }
 
 rendering::Size Display::size() const {
@@ -104,10 +126,15 @@ double Display::density() const {
     return width > 0 ? pixels / width : 1;
 }
 
-Fit Display::fitOf(rendering::Size screen) const { return fit(screen, size()); }
+Fit Display::fit() const { return window::fit(screen_, size(), room()); }
 
-double Display::pixelsPerPoint(rendering::Size screen) const {
-    return fitOf(screen).scale * density();
+double Display::pixelsPerPoint() const { return fit().scale * density(); }
+
+SDL_Point Display::pixelOf(rendering::Point place) const {
+    const Fit lies = fit();
+    const double pixels = density();
+    return {whole((lies.origin.x + place.x * lies.scale) * pixels),
+            whole((lies.origin.y + place.y * lies.scale) * pixels)};
 }
 
 void Display::title(const std::string& text) { SDL_SetWindowTitle(window_.get(), text.c_str()); }
@@ -122,7 +149,7 @@ Display::Texture Display::textureOf(const rendering::Surface& picture, SDL_Textu
 }
 
 void Display::show(const rendering::Surface& picture, rendering::Rows changed,
-                   rendering::Size screen, std::optional<rendering::Point> finger) {
+                   std::optional<rendering::Point> finger) {
     const int width = picture.width(), height = picture.height();
     if (width != textureWidth_ || height != textureHeight_ || !texture_) {
         texture_ = textureOf(picture, SDL_TEXTUREACCESS_STREAMING, SDL_BLENDMODE_NONE);
@@ -131,22 +158,40 @@ void Display::show(const rendering::Surface& picture, rendering::Rows changed,
         changed = rendering::rowsOf(picture);
     }
     fill(texture_.get(), picture, changed);
-    const double scale = density();
-    const Fit place = fitOf(screen);
-    const SDL_Rect target{whole(place.origin.x * scale), whole(place.origin.y * scale),
-                          whole(screen.width * place.scale * scale),
-                          whole(screen.height * place.scale * scale)};
-    SDL_SetRenderDrawColor(renderer_.get(), 18, 18, 20, 255);
-    SDL_RenderClear(renderer_.get());
+    const SDL_Point from = pixelOf({0, 0});
+    const SDL_Point to = pixelOf({screen_.width, screen_.height});
+    SDL_Rect target{from.x, from.y, to.x - from.x, to.y - from.y};
+    // A picture that was painted for this size is shown as it is, a pixel for a pixel.
+    if (std::abs(target.w - width) <= 1 && std::abs(target.h - height) <= 1) {
+        target.w = width;
+        target.h = height;
+    }
+    clear(renderer_.get(), ground);
     SDL_RenderCopy(renderer_.get(), texture_.get(), nullptr, &target);
-    if (finger) drawFinger(*finger, place);
+    if (case_) drawCase();
+    if (finger) drawFinger(*finger);
     SDL_RenderPresent(renderer_.get());
 }
 
+// Over the screen, whose corners it covers; drawn anew for each size of the window.
+void Display::drawCase() {
+    const double scale = pixelsPerPoint();
+    const rendering::Size around = room();
+    if (scale != bodyScale_ || !body_) {
+        const rendering::Surface picture = rendering::casePicture(*case_, screen_, scale, ground);
+        body_ = textureOf(picture, SDL_TEXTUREACCESS_STATIC, SDL_BLENDMODE_BLEND);
+        fill(body_.get(), picture, rendering::rowsOf(picture));
+        bodyScale_ = scale;
+    }
+    const SDL_Point from = pixelOf({-around.width, -around.height});
+    SDL_Rect target{from.x, from.y, 0, 0};
+    SDL_QueryTexture(body_.get(), nullptr, nullptr, &target.w, &target.h);
+    SDL_RenderCopy(renderer_.get(), body_.get(), nullptr, &target);
+}
+
 // Drawn anew for each size of the window, so that it is crisp.
-void Display::drawFinger(rendering::Point place, const Fit& fit) {
-    const double pixels = fit.scale * density();
-    const int width = std::max(1, whole(fingerSize * pixels));
+void Display::drawFinger(rendering::Point place) {
+    const int width = std::max(1, whole(fingerSize * pixelsPerPoint()));
     if (width != fingerWidth_ || !finger_) {
         const rendering::Surface disc = fingerPicture(width);
         finger_ = textureOf(disc, SDL_TEXTUREACCESS_STATIC, SDL_BLENDMODE_BLEND);
@@ -154,9 +199,8 @@ void Display::drawFinger(rendering::Point place, const Fit& fit) {
         fill(finger_.get(), disc, rendering::rowsOf(disc));
         fingerWidth_ = width;
     }
-    const SDL_Rect target{whole((fit.origin.x + place.x * fit.scale) * density()) - width / 2,
-                          whole((fit.origin.y + place.y * fit.scale) * density()) - width / 2,
-                          width, width};
+    const SDL_Point middle = pixelOf(place);
+    const SDL_Rect target{middle.x - width / 2, middle.y - width / 2, width, width};
     SDL_RenderCopy(renderer_.get(), finger_.get(), nullptr, &target);
 }
 

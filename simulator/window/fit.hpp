@@ -14,12 +14,14 @@ struct Fit {
     }
 };
 
-// Sizes that are not above zero give a scale of 1.
-Fit fit(rendering::Size screen, rendering::Size window);
+// With `room` on either side of the screen for the phone around it, in points. Sizes that are not above
+// zero give a scale of 1.
+Fit fit(rendering::Size screen, rendering::Size window, rendering::Size room = {});
 bool contains(rendering::Size screen, rendering::Point place);
 
-// The window that shows the screen on a display of that usable size: never larger than the screen's
+// The window that shows the screen on a display of that usable size: never larger than the phone's
 // own points, and with room for a title.
-rendering::Size windowSize(rendering::Size screen, rendering::Size display);
+rendering::Size windowSize(rendering::Size screen, rendering::Size display,
+                           rendering::Size room = {});
 
 }  // namespace simulator::window

@@ -1,17 +1,24 @@
 #include "simulator/window/window.hpp"
 
 #include <SDL.h>
+#include <sys/mman.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstring>
+#include <new>
 #include <optional>
 #include <sstream>
+#include <stdexcept>
 
 #include "simulator/hardware/configuration.hpp"
+#include "simulator/live/own_process.hpp"
 #include "simulator/live/pace.hpp"
 #include "simulator/phone/screen_picture.hpp"
+#include "simulator/phone/temporary_root.hpp"
 #include "simulator/phone/welcome.hpp"
 #include "simulator/springboard/display/lock_screen.hpp"
 #include "simulator/springboard/display/orientation.hpp"
@@ -22,7 +29,27 @@ namespace simulator::window {
 
 namespace {
 
-constexpr double finestDrawing = 2;  // pixels a point; more costs frames and shows nothing
+// Pixels for a point.
+constexpr double finestDrawing = 4;  // of a window as large as a large display
+constexpr double pictureScale = 2;
+
+// Where the window was last, as one process leaves it to the next.
+class SharedPlace {
+  public:
+    SharedPlace()
+        : memory_(mmap(nullptr, sizeof(WindowPlace), PROT_READ | PROT_WRITE,
+                       MAP_SHARED | MAP_ANONYMOUS, -1, 0)) {
+        if (memory_ == MAP_FAILED) throw std::runtime_error("no memory for the window");
+        new (memory_) WindowPlace;
+    }
+    ~SharedPlace() { munmap(memory_, sizeof(WindowPlace)); }
+    SharedPlace(const SharedPlace&) = delete;
+    SharedPlace& operator=(const SharedPlace&) = delete;
+    WindowPlace& get() const { return *static_cast<WindowPlace*>(memory_); }
+
+  private:
+    void* memory_;
+};
 
 class PhoneWindow;
 
@@ -35,12 +62,15 @@ struct Key {
 
 class PhoneWindow {
   public:
-    PhoneWindow(const live::LiveOptions& options, std::ostream& output)
+    PhoneWindow(const WindowOptions& options, WindowPlace& place, std::ostream& output)
         : display_("Vantori"),
-          live_(options, isatty(STDIN_FILENO) != 0, output),
+          live_(options.phone, isatty(STDIN_FILENO) != 0, output),
           hasConsole_(isatty(STDIN_FILENO) != 0),
-          pictures_(options.pictures),
-          input_(live_.completer()) {
+          bare_(options.bare),
+          pictures_(options.phone.pictures),
+          input_(live_.completer()),
+          place_(place) {
+        display_.openAt(place_);
         live_.console().tellBy([this](const std::string& text) { input_.tell(text); });
     }
 
@@ -73,8 +103,12 @@ class PhoneWindow {
     }
     void takePicture() {
         const std::filesystem::path file = freeName();
-        phone().shot(file, finestDrawing);
+        phone().shot(file, pictureScale);
         input_.tell(file.string());
+    }
+    void restart() {
+        status_ = live::startAnew;
+        quit();
     }
     void quit() { open_ = false; }
     void louder() { phone().volumeKey(true); }
@@ -88,7 +122,19 @@ class PhoneWindow {
         return {bounds.width, bounds.height};
     }
     rendering::Point place(int x, int y) const {
-        return display_.fitOf(shown_).toPhone({static_cast<double>(x), static_cast<double>(y)});
+        return display_.fit().toPhone({static_cast<double>(x), static_cast<double>(y)});
+    }
+    std::optional<rendering::PhoneCase> around() const {
+        if (bare_) return std::nullopt;
+        // By the orientations' numbers: upright, upside down, its top to the left, to the right.
+        constexpr std::array<int, 5> turns{0, 0, 2, 3, 1};
+        return rendering::PhoneCase{configuration().homeButton,
+                                    turns.at(static_cast<std::size_t>(activeOrientation()))};
+    }
+    void shape() {
+        shown_ = screen();
+        shownCase_ = around();
+        display_.shape(shown_, shownCase_);
     }
 
     // Which phone it is, and how its time runs.
@@ -122,18 +168,22 @@ class PhoneWindow {
     Display display_;
     live::LivePhone live_;
     bool hasConsole_;
+    bool bare_;
     std::filesystem::path pictures_;
     live::ConsoleInput input_;
+    WindowPlace& place_;  // where the next window opens
     rendering::Size shown_;
+    std::optional<rendering::PhoneCase> shownCase_;
     ScreenPainter painter_;
     bool stale_ = true;  // the window shows something else than the screen as it was painted
     live::Pace pace_;
     bool open_ = true;
+    int status_ = 0;
     std::optional<rendering::Point> finger_;       // where it is down
     std::optional<rendering::Point> drawnFinger_;  // where the window shows it
 };
 
-constexpr std::array<Key, 12> keys{{
+constexpr std::array<Key, 13> keys{{
     {SDLK_h, "h", "home", &PhoneWindow::home},
     {SDLK_l, "l", "lock, unlock", &PhoneWindow::lock},
     {SDLK_r, "r", "turn the phone", &PhoneWindow::rotate},
@@ -144,6 +194,7 @@ constexpr std::array<Key, 12> keys{{
     {SDLK_SPACE, "space", "pause", &PhoneWindow::pause},
     {SDLK_PERIOD, ".", "one frame on", &PhoneWindow::step},
     {SDLK_p, "p", "a picture of the screen, into a file", &PhoneWindow::takePicture},
+    {SDLK_x, "x", "SpringBoard anew, with what is on the phone", &PhoneWindow::restart},
     {SDLK_q, "q", "quit", &PhoneWindow::quit},
     {SDLK_QUESTION, "?", "these keys", &PhoneWindow::help},
 }};
@@ -151,14 +202,13 @@ constexpr std::array<Key, 12> keys{{
 int PhoneWindow::run() {
     live_.console().take("boot");
     if (live_.console().status() != 0) return 1;
-    shown_ = screen();
-    display_.shape(shown_);
+    shape();
     help();
     if (welcomeIsShown()) input_.tell(howToLeaveTheWelcome);
     input_.prompt();
     tellTitle();
     pace_ = live::Pace();
-    while (open_) {
+    while (open_ && !live::interrupted()) {
         SDL_Event event;
         const int rest = static_cast<int>(std::ceil(pace_.rest() * 1000));
         if (SDL_WaitEventTimeout(&event, std::clamp(rest, 1, 16)) != 0) {
@@ -170,7 +220,8 @@ int PhoneWindow::run() {
         passTime();
         draw();
     }
-    return 0;
+    place_ = display_.place();
+    return status_;
 }
 
 void PhoneWindow::handle(const SDL_Event& event) {
@@ -237,20 +288,19 @@ void PhoneWindow::passTime() {
 }
 
 void PhoneWindow::draw() {
-    const double scale = std::clamp(display_.pixelsPerPoint(shown_), 0.1, finestDrawing);
+    const double scale = std::clamp(display_.pixelsPerPoint(), 0.1, finestDrawing);
     const rendering::Rows changed = painter_.paint(scale);
-    if (painter_.size().width != shown_.width) {
+    if (painter_.size().width != shown_.width || around() != shownCase_) {
         // It has turned: it is painted anew for the window's new shape.
-        shown_ = painter_.size();
         lift(true);
-        display_.shape(shown_);
+        shape();
         stale_ = true;
         return;
     }
     stale_ = stale_ || finger_ != drawnFinger_;
     if (changed.empty() && !stale_) return;
     const rendering::Surface& picture = painter_.picture();
-    display_.show(picture, stale_ ? rendering::rowsOf(picture) : changed, shown_, finger_);
+    display_.show(picture, stale_ ? rendering::rowsOf(picture) : changed, finger_);
     drawnFinger_ = finger_;
     stale_ = false;
 }
@@ -271,8 +321,24 @@ std::string keysHelp() {
     return text.str();
 }
 
-int runWindow(const live::LiveOptions& options, std::ostream& output) {
-    return PhoneWindow(options, output).run();
+int runWindow(const WindowOptions& options, std::ostream& output) {
+    const TemporaryRoot root(options.phone.root);
+    WindowOptions next = options;
+    next.phone.root = root.path();
+    const SharedPlace place;
+    live::hearSignals();
+    for (;;) {
+        const int status =
+            live::runApart([&] { return PhoneWindow(next, place.get(), output).run(); });
+        if (live::interrupted()) return 0;
+        if (WIFSIGNALED(status))
+            throw std::runtime_error(std::string("the phone's process died: ") +
+                                     strsignal(WTERMSIG(status)));
+        if (WEXITSTATUS(status) != live::startAnew) return WEXITSTATUS(status);
+        // These were for the first one: the settings are in its file by now.
+        next.phone.settings.clear();
+        next.phone.recording.clear();
+    }
 }
 
 }  // namespace simulator::window

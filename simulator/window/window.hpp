@@ -12,7 +12,12 @@ namespace simulator::window {
 // The keys with what they do, a line each.
 std::string keysHelp();
 
-// Until the window is closed. Throws std::runtime_error when there is no display.
-int runWindow(const live::LiveOptions& options, std::ostream& output);
+struct WindowOptions {
+    live::LiveOptions phone;
+    bool bare = false;  // the screen without the phone around it
+};
+
+// Until the window is closed; its status.
+int runWindow(const WindowOptions& options, std::ostream& output);
 
 }  // namespace simulator::window

@@ -8,6 +8,7 @@
 #include <fstream>
 
 #include "simulator/rendering/montage.hpp"
+#include "simulator/rendering/phone_case.hpp"
 #include "tests/rendering/drawing.hpp"
 
 namespace simulator::rendering {
@@ -115,6 +116,33 @@ TEST(Frame, KeepsTheScreenInTheMiddleAndRoundsItsCorners) {
     EXPECT_EQ(phone.pixel(left + 100, top + 200), redPixel);
     EXPECT_EQ(redOf(phone.pixel(left + 7, top + 7)), 5);  // the glass around the screen
     EXPECT_EQ(alphaOf(phone.pixel(0, 0)), 0);
+}
+
+// Around 200 x 400 points: 25.7 of glass, metal, button and air on all sides, and a home button below one.
+TEST(Case, HasAHoleForTheScreenAndNothingElseToSeeThrough) {
+    const Surface phone = casePicture({}, {200, 400}, 1, blue);
+    EXPECT_EQ(phone.width(), 252);
+    EXPECT_EQ(phone.height(), 452);
+    EXPECT_EQ(phone.pixel(126, 226), 0u);
+    EXPECT_EQ(phone.pixel(0, 0), bluePixel);
+    EXPECT_EQ(redOf(phone.pixel(126, 20)), 5);  // glass above the screen
+    EXPECT_EQ(redOf(phone.pixel(126, 30)), 5);  // the notch
+    EXPECT_EQ(phone.pixel(126, 420), 0u);
+}
+
+TEST(Case, TurnsWithThePhone) {
+    const PhoneCase lying{false, 3};  // its top to the left
+    const Surface phone = casePicture(lying, {400, 200}, 1, blue);
+    EXPECT_EQ(phone.width(), 452);
+    EXPECT_EQ(redOf(phone.pixel(30, 126)), 5);
+    EXPECT_EQ(phone.pixel(420, 126), 0u);
+    const PhoneCase withButton{true, 1};  // its top to the right
+    EXPECT_EQ(roomAround(withButton).width, roomAround({true, 0}).height);
+    const Surface button = casePicture(withButton, {400, 200}, 1, blue);
+    const int middle =
+        static_cast<int>(roomAround(withButton).width - 34);  // of the glass at its end
+    EXPECT_EQ(redOf(button.pixel(middle, button.height() / 2)), 13);
+    EXPECT_EQ(redOf(button.pixel(button.width() - middle, 10 + 5 + 13)), 5);
 }
 
 }  // namespace

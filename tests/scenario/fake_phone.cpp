@@ -27,11 +27,16 @@ void FakePhone::real() { note("real"); }
 void FakePhone::homeButton(bool present) { note("homeButton", yesOrNo(present)); }
 void FakePhone::missingClass(const std::string& name) { note("missingClass", name); }
 void FakePhone::missingBundle(const std::string& path) { note("missingBundle", path); }
+void FakePhone::missingMethod(const std::string& className, const std::string& selector) {
+    note("missingMethod", className, selector);
+}
+void FakePhone::missingFile(const std::string& path) { note("missingFile", path); }
 void FakePhone::dock(int icons) { note("dock", icons); }
 void FakePhone::connectivityFails(int creations) { note("connectivityFails", creations); }
 void FakePhone::sceneAfter(const std::string& bundle, int creation) {
     note("sceneAfter", bundle, creation);
 }
+void FakePhone::date(double seconds) { note("date", seconds); }
 void FakePhone::language(const std::string& code) { note("language", code); }
 void FakePhone::activate(const std::string& label) { note("activate", label); }
 Place FakePhone::reach(objc_object* view) {

@@ -34,6 +34,8 @@ class FakePhone : public Phone {
     void homeButton(bool present) override;
     void missingClass(const std::string& name) override;
     void missingBundle(const std::string& path) override;
+    void missingMethod(const std::string& className, const std::string& selector) override;
+    void missingFile(const std::string& path) override;
     void dock(int icons) override;
     void connectivityFails(int creations) override;
     void sceneAfter(const std::string& bundle, int creation) override;
@@ -47,6 +49,7 @@ class FakePhone : public Phone {
     void connectivityButton(double width, double height) override;
     void recents(const std::vector<std::string>& bundles) override;
     void flashlightAvailable(bool available) override;
+    void date(double seconds) override;
     void wait(double seconds) override;
     void open(const std::string& bundle) override;
     void home() override;

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <sstream>
 
+#include "simulator/runtime/date.hpp"
 #include "simulator/scenario/completion.hpp"
 #include "simulator/scenario/parser.hpp"
 #include "simulator/scenario/runner.hpp"
@@ -49,6 +50,28 @@ constexpr const char* ownWindow =
     "do [window addSubview: view]\n"
     "do [window setHidden: NO]\n"
     "wait 0.1\n";
+
+TEST_F(OnAPhone, AMissingMethodIsAnsweredByNobody) {
+    EXPECT_EQ(
+        run("expect [SBLockScreenManager respondsToSelector: @selector(sharedInstance)] == NO\n"
+            "expect [UILabel instancesRespondToSelector: @selector(setText:)] == NO\n"
+            "expect [UILabel instancesRespondToSelector: @selector(text)] == YES\n"
+            "expect [UIButton instancesRespondToSelector: @selector(setTitle:forState:)] == YES\n",
+            "missing method SBLockScreenManager sharedInstance\n"
+            "missing method UILabel setText:\n"),
+        "");
+}
+
+TEST_F(OnAPhone, AMissingFileIsNotThere) {
+    EXPECT_EQ(run("expect [UIImage imageWithContentsOfFile: "
+                  "\"/Library/Application Support/Vantori/nightshift.png\"] == nil\n"
+                  "expect [UIImage imageWithContentsOfFile: "
+                  "\"/Library/Application Support/Vantori/flashlight_on.png\"] != nil\n",
+                  "missing file \"/Library/Application Support/Vantori/nightshift.png\"\n"
+                  "missing file \"/Library/Application Support/Vantori/nightshift@2x.png\"\n"
+                  "missing file \"/Library/Application Support/Vantori/nightshift@3x.png\"\n"),
+              "");
+}
 
 TEST_F(OnAPhone, ASlipInAMethodsNameIsAMistake) {
     EXPECT_EQ(
@@ -175,6 +198,46 @@ TEST_F(OnAPhone, SpeaksTheLanguageThatItIsTold) {
                   "print [[NSLocale currentLocale] localeIdentifier]\n",
                   "language pt-BR\n"),
               "\"pt-BR\"\n\"pt_BR\"\n");
+}
+
+TEST_F(OnAPhone, HasADateOfItsOwn) {
+    EXPECT_EQ(run("print [[NSDate date] description]\n"
+                  "let then = [NSDate dateWithTimeIntervalSinceNow: 90]\n"
+                  "let launched = [NSDate timeIntervalSinceReferenceDate]\n"
+                  "wait 30\n"
+                  "expect [then timeIntervalSinceNow] == 60\n"
+                  "expect [NSDate timeIntervalSinceReferenceDate] == launched + 30\n"
+                  "expect [[[[NSDate alloc] init] autorelease] timeIntervalSinceNow] == 0\n"
+                  "expect [[[[NSDate alloc] initWithTimeIntervalSinceNow: 5] autorelease] "
+                  "timeIntervalSinceNow] == 5\n"
+                  "date 2019-12-31 23:59:30\n"
+                  "expect posted NSSystemClockDidChangeNotification 1\n"
+                  "wait 31\n"
+                  "print [[NSDate date] description]\n"
+                  "expect [[NSTimeZone defaultTimeZone] secondsFromGMT] == 0\n",
+                  "date 2019-06-01 7:30\n"),
+              "\"2019-06-01 07:30:00 +0000\"\n\"2020-01-01 00:00:01 +0000\"\n");
+}
+
+TEST_F(OnAPhone, ShowsTheTimeAsItPasses) {
+    auto shot = [&](const std::string& name) {
+        phone_->shot(folder_ / name, 1);
+        return readFile(folder_ / name);
+    };
+    run("open com.example.notes\nwait 1\n");
+    const std::string first = shot("first.png");
+    phone_->wait(60);
+    const std::string later = shot("later.png");
+    EXPECT_NE(later, first);
+    phone_->date(firstDate);
+    EXPECT_EQ(shot("back.png"), first);
+    phone_->lock();
+    phone_->wait(1);
+    const std::string today = shot("today.png");
+    phone_->date(firstDate + 24 * 60 * 60);
+    EXPECT_NE(shot("tomorrow.png"), today);
+    phone_->date(firstDate);
+    EXPECT_EQ(shot("today.png"), today);
 }
 
 TEST_F(OnAPhone, KeepsTheJournalOfWhatHappened) {

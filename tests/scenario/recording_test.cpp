@@ -39,6 +39,7 @@ TEST_F(Recording, ComesBackAsTheSameOperations) {
         "volume-key down\nbrightness 0.3\nroute Speaker\nplay \"A\\n\" \"\\\"\" \"\" \"\" com.b\n"
         "playing no\nnothing-playing\nplayer-callbacks other\ntoggle flashlight on\n"
         "tap label \"Done\"\npost \"A note\"\ndarwin com.a\nrecents com.a com.b\n"
+        "date 2021-06-01 21:05:07\n"
         "setting tapToOpen none\nplist /a.plist {\"a\": [1, 2.5]}\nfile /b \"c\"\ndelete /b\n"
         "wait 0.5\nwait 0.25 times 3\nwait 0.5 times 2\n";
     const std::string again = recorded("dock 3\nsystem 12.4\nboot", done);

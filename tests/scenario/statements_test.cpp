@@ -68,6 +68,9 @@ INSTANTIATE_TEST_SUITE_P(
         Carried{"missing class SBDockView", {"missingClass SBDockView"}},
         Carried{"missing bundle /a/b.bundle", {"missingBundle /a/b.bundle"}},
         Carried{"missing bundle \"/a b.bundle\"", {"missingBundle /a b.bundle"}},
+        Carried{"missing method SBDockView initWithFrame:",
+                {"missingMethod SBDockView initWithFrame:"}},
+        Carried{"missing file \"/a b.png\"", {"missingFile /a b.png"}},
         Carried{"dock 6", {"dock 6"}}, Carried{"connectivity-fails 2", {"connectivityFails 2"}},
         Carried{"real", {"real"}},
         Carried{"scene-after com.example.notes 3", {"sceneAfter com.example.notes 3"}},
@@ -94,7 +97,9 @@ INSTANTIATE_TEST_SUITE_P(
         Carried{"recents com.a com.b \"com.c\"", {"recents ,com.a,com.b,com.c"}},
         Carried{"recents", {"recents "}},
         Carried{"flashlight-available no", {"flashlightAvailable no"}}, Carried{"clear", {"clear"}},
-        Carried{"", {}}, Carried{"   # only a comment", {}}, Carried{"\t\r", {}}));
+        Carried{"date 1970-01-02 09:41", {"date 121260"}},
+        Carried{"date \"1970-01-01\" 0:00:07", {"date 7"}}, Carried{"", {}},
+        Carried{"   # only a comment", {}}, Carried{"\t\r", {}}));
 
 INSTANTIATE_TEST_SUITE_P(
     All, ScenarioDriving,

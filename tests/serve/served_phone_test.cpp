@@ -234,6 +234,23 @@ TEST_F(ServedPhoneTest, CompletesStatementsAndTellsWhatHappens) {
     });
 }
 
+TEST_F(ServedPhoneTest, TellsOfWhatHappenedBeforeThePageCame) {
+    serve([&] {
+        page().said("post Earlier");
+        Page other = page();
+        other.say({{"do", "journal"}, {"kinds", {"notification"}}, {"past", true}});
+        EXPECT_EQ(other.happened("UIWindowDidBecomeVisibleNotification")["kind"],
+                  "notification");  // of the home screen
+        other.say({{"do", "journal"}, {"kinds", {"notification", "operation"}}, {"past", true}});
+        EXPECT_EQ(other.happened("Earlier")["kind"], "notification");
+        // The console's own watching takes nothing from the journal.
+        other.said("watch log");
+        other.said("watch off");
+        other.say({{"do", "say"}, {"line", "post Later"}});
+        EXPECT_EQ(other.happened("Later")["kind"], "notification");
+    });
+}
+
 TEST_F(ServedPhoneTest, TheSettingsAreThoseOfThePane) {
     serve([&] {
         Page page = this->page();

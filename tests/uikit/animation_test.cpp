@@ -5,7 +5,7 @@
 #include "simulator/uikit/animation/animation.hpp"
 #include "tests/uikit/support.hpp"
 
-namespace simulator::testing {
+namespace simulator::tests {
 
 namespace {
 
@@ -181,4 +181,4 @@ TEST_F(Animations, ThePresentationKnowsItsModel) {
 
 }  // namespace
 
-}  // namespace simulator::testing
+}  // namespace simulator::tests

@@ -2,7 +2,7 @@
 #include "simulator/uikit/feedback/feedback.hpp"
 #include "tests/uikit/support.hpp"
 
-namespace simulator::testing {
+namespace simulator::tests {
 
 namespace {
 
@@ -452,4 +452,4 @@ TEST_F(Timers, DelayedMessagesArrive) {
 
 }  // namespace
 
-}  // namespace simulator::testing
+}  // namespace simulator::tests

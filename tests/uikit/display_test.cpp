@@ -10,7 +10,7 @@
 #include "simulator/uikit/touch/touch.hpp"
 #include "tests/uikit/support.hpp"
 
-namespace simulator::testing {
+namespace simulator::tests {
 
 namespace {
 
@@ -194,4 +194,4 @@ TEST_F(Display, AboveASubviewIsRightAboveItsLayer) {
 
 }  // namespace
 
-}  // namespace simulator::testing
+}  // namespace simulator::tests

@@ -5,7 +5,7 @@
 
 #include "tests/uikit/support.hpp"
 
-namespace simulator::testing {
+namespace simulator::tests {
 
 namespace {
 
@@ -127,4 +127,4 @@ TEST_F(Geometry, WhatIsNoNumberRaises) {
 
 }  // namespace
 
-}  // namespace simulator::testing
+}  // namespace simulator::tests

@@ -10,7 +10,7 @@
 #include "simulator/uikit/uikit.hpp"
 #include "simulator/uikit/view/window/window.hpp"
 
-namespace simulator::testing {
+namespace simulator::tests {
 
 class UIKit : public ::testing::Test {
   protected:
@@ -36,4 +36,4 @@ class UIKit : public ::testing::Test {
     AutoreleasePool pool_;
 };
 
-}  // namespace simulator::testing
+}  // namespace simulator::tests

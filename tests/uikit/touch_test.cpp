@@ -7,7 +7,7 @@
 #include "simulator/uikit/view/control/control.hpp"
 #include "tests/uikit/support.hpp"
 
-namespace simulator::testing {
+namespace simulator::tests {
 
 namespace {
 
@@ -540,4 +540,4 @@ TEST_F(Controls, CrossingTheBorderIsADragOnItsFarSideToo) {
 
 }  // namespace
 
-}  // namespace simulator::testing
+}  // namespace simulator::tests

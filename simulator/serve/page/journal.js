@@ -1,7 +1,8 @@
-// What happens on the phone as it happens: only the kinds that are asked for, and of those what the filter lets
-// through.
+// What happened on the phone before the page came, and what happens as it happens: only the kinds that are asked
+// for, and of those what the filter lets through.
 
 const most = 2000; // rows that are kept
+const many = 'operation'; // by the thousand: of these only what comes while it is looked at
 const usual = ['notification', 'darwin', 'log', 'launch', 'haptic'];
 
 export function makeJournal(panel, connection) {
@@ -16,7 +17,8 @@ export function makeJournal(panel, connection) {
   const chosen = new Set(usual);
   let shown = false;
 
-  const ask = () => connection.send({ do: 'journal', kinds: shown ? [...chosen] : [] });
+  const ask = (past = false) => connection.send({
+    do: 'journal', kinds: [...chosen].filter((kind) => shown || kind !== many), past });
   const matches = (row) => {
     const text = form.elements.filter.value.toLowerCase();
     return text === '' || row.textContent.toLowerCase().includes(text);
@@ -36,14 +38,15 @@ export function makeJournal(panel, connection) {
         ask();
       });
     }
-    ask();
+    log.replaceChildren();
+    ask(true);
   });
 
   connection.addEventListener('happened', ({ detail }) => {
     const row = document.createElement('div');
     row.className = detail.kind;
     const kind = Object.assign(document.createElement('span'), { className: 'kind', textContent: detail.kind });
-    row.append(kind, ` ${detail.text}`);
+    row.append(kind, ` ${detail.text.trimEnd()}`);
     row.hidden = !matches(row);
     const atEnd = log.scrollHeight - log.scrollTop - log.clientHeight < 40;
     log.append(row);

@@ -62,7 +62,7 @@ export class Screen {
   // A page that nobody sees wants no pictures.
   #look(anyway) {
     const shown = this.#canvas.clientWidth * devicePixelRatio;
-    const scale = document.hidden ? 0 : Math.round((shown / this.#size.width) * 100) / 100;
+    const scale = document.hidden ? 0 : Math.round((shown / this.#size.width) * 1e4) / 1e4;
     if (!anyway && scale === this.#said) return;
     this.#said = scale;
     this.#connection.send({ do: 'look', scale });

@@ -1,5 +1,7 @@
 #include "simulator/springboard/display/artwork.hpp"
 
+#include <functional>
+
 #include "simulator/hardware/configuration.hpp"
 #include "simulator/hardware/uikit_bridge.hpp"
 #include "simulator/rendering/app_art.hpp"
@@ -8,9 +10,13 @@
 #include "simulator/rendering/nodes.hpp"
 #include "simulator/rendering/painter.hpp"
 #include "simulator/rendering/wallpaper.hpp"
+#include "simulator/runtime/clock.hpp"
+#include "simulator/runtime/date.hpp"
 #include "simulator/services/radios.hpp"
 #include "simulator/services/system_settings.hpp"
 #include "simulator/uikit/screen/screen.hpp"
+#include "simulator/uikit/view/view.hpp"
+#include "simulator/uikit/view/window/window.hpp"
 
 namespace simulator {
 
@@ -23,6 +29,14 @@ constexpr unsigned long flexibleSize = 2 | 16;
 constexpr long darkStyle = 2;
 
 const char imageKey = 0;
+const char timeKey = 0;
+
+// What draws a picture anew that tells the time, as wide and high as it was.
+using Draw = std::function<PictureRef()>;
+struct TimeState {
+    Draw draw;
+};
+VANTORI_CLASS(SBTimePicture, Object);
 
 bool isDark() { return screen().style == darkStyle; }
 
@@ -58,6 +72,21 @@ void wear(UIView view, const PictureRef& picture) {
     image.send<"setImage:">(imageOfPicture(picture));
 }
 
+void wearTime(UIView view, Draw draw) {
+    wear(view, draw());
+    auto kept = create<SBTimePicture>();
+    if (!kept) return;
+    stateOf<TimeState>(kept).draw = std::move(draw);
+    objc_setAssociatedObject(view.get(), &timeKey, kept.get(), associationRetainNonatomic);
+}
+
+void tellTimeBelow(UIView view) {
+    const SBTimePicture kept(objc_getAssociatedObject(view.get(), &timeKey));
+    if (kept) imageViewOf(view).send<"setImage:">(imageOfPicture(stateOf<TimeState>(kept).draw()));
+    const auto below = viewState(view).subviews;
+    for (const Strong<UIView>& each : below) tellTimeBelow(each);
+}
+
 rendering::Colour ink(bool white) {
     return white ? rendering::Colour{1, 1, 1, 1} : rendering::Colour{0, 0, 0, 1};
 }
@@ -70,6 +99,7 @@ void addStatusBar(Node& root, rendering::Size size, bool white) {
     bool upright = size.height > size.width;
     if (notch && !upright) return;
     rendering::StatusBar bar;
+    bar.time = shownTime(Clock::shared().date());
     bar.colour = ink(white);
     bar.airplane = isOn(Radio::airplane);
     bar.wifiOn = isOn(Radio::wifi);
@@ -88,11 +118,12 @@ UIImage iconImage(const std::string& identifier, double side) {
 }
 
 void dressAsApplication(UIView view, const std::string& identifier) {
-    rendering::Size size = sizeOf(view);
-    Node root = rendering::nodeWithFrame("Application", whole(size));
-    root.children.push_back(rendering::appScreen(identifier, size, isDark()));
-    addStatusBar(root, size, wantsWhiteStatusBar(identifier));
-    wear(view, pictureOf(std::move(root), size));
+    wearTime(view, [identifier, size = sizeOf(view)] {
+        Node root = rendering::nodeWithFrame("Application", whole(size));
+        root.children.push_back(rendering::appScreen(identifier, size, isDark()));
+        addStatusBar(root, size, wantsWhiteStatusBar(identifier));
+        return pictureOf(std::move(root), size);
+    });
 }
 
 void dressAsWallpaper(UIView view) {
@@ -101,22 +132,31 @@ void dressAsWallpaper(UIView view) {
 }
 
 void dressAsStatusBar(UIView view, StatusBarParts parts, bool white) {
-    rendering::Size size = sizeOf(view);
-    Node root = rendering::nodeWithFrame("StatusBar", whole(size));
-    if (parts == StatusBarParts::all) addStatusBar(root, size, white);
-    if (!configuration().homeButton)
-        root.children.push_back(rendering::homeIndicator(size, ink(white)));
-    wear(view, pictureOf(std::move(root), size));
+    wearTime(view, [parts, white, size = sizeOf(view)] {
+        Node root = rendering::nodeWithFrame("StatusBar", whole(size));
+        if (parts == StatusBarParts::all) addStatusBar(root, size, white);
+        if (!configuration().homeButton)
+            root.children.push_back(rendering::homeIndicator(size, ink(white)));
+        return pictureOf(std::move(root), size);
+    });
 }
 
 void dressAsLockScreen(UIView view) {
-    rendering::Size size = sizeOf(view);
-    Node root = rendering::nodeWithFrame("LockScreen", whole(size));
-    root.children.push_back(
-        rendering::imageNode(whole(size), rendering::wallpaper(size, isDark())));
-    root.children.push_back(rendering::lockClock("9:41", "Tuesday, January 9", size));
-    wear(view, pictureOf(std::move(root), size));
+    wearTime(view, [size = sizeOf(view)] {
+        const double date = Clock::shared().date();
+        Node root = rendering::nodeWithFrame("LockScreen", whole(size));
+        root.children.push_back(
+            rendering::imageNode(whole(size), rendering::wallpaper(size, isDark())));
+        root.children.push_back(rendering::lockClock(shownTime(date), shownDay(date), size));
+        return pictureOf(std::move(root), size);
+    });
 }
+
+void tellTime() {
+    for (const Strong<UIWindow>& window : allWindows()) tellTimeBelow(window);
+}
+
+void registerArtwork() { standIn<SBTimePicture, Object, TimeState>(); }
 
 bool wantsWhiteStatusBar(const std::string& frontIdentifier) {
     return frontIdentifier.empty() || rendering::hasDarkTop(frontIdentifier, isDark());

@@ -20,6 +20,10 @@ enum class StatusBarParts { all, indicatorOnly };
 void dressAsStatusBar(UIView view, StatusBarParts parts, bool white);
 void dressAsLockScreen(UIView view);
 
+// Draws those in the windows anew that show the time or the day. Where they are does not change.
+void tellTime();
+void registerArtwork();
+
 // Whether the top of the screen in front is dark.
 bool wantsWhiteStatusBar(const std::string& frontIdentifier);
 

@@ -22,6 +22,8 @@ std::optional<long>& heldOrientation() {
     return held;
 }
 
+long turns = 0;
+
 std::vector<Object>& observers() {
     static auto& list = *new std::vector<Object>;
     return list;
@@ -59,6 +61,7 @@ void addOrientationObserver(Object observer) {
 }
 
 void turnInterface(long orientation) {
+    ++turns;
     long before = activeOrientation();
     UIDevice::currentDevice().setOrientation(orientation, true);
     if (before == orientation) return;
@@ -78,6 +81,8 @@ void turnPhone(long orientation) {
         turnInterface(orientation);
     }
 }
+
+long turnsSoFar() { return turns; }
 
 void unlockTurn() {
     if (auto held = std::exchange(heldOrientation(), std::nullopt)) turnInterface(*held);

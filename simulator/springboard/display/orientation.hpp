@@ -17,6 +17,8 @@ void turnInterface(long orientation);
 // Someone turns the phone in their hand: the interface follows unless its orientation is locked, and
 // catches up when it is unlocked.
 void turnPhone(long orientation);
+// How often the interface was told to turn, also to where it was already.
+long turnsSoFar();
 void unlockTurn();
 
 }  // namespace simulator
