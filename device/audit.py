@@ -103,9 +103,10 @@ def describe_room(one):
     print(f"{one.name} by section:")
     for section in one.dylib.sections:
         print(f"  {section.size:7} {section.name}")
-    print(f"{one.name} by source:")
-    for name, size in one.map.room_by_file():
-        print(f"  {size:7} {name}")
+    print(f"{one.name} by name:")
+    for name, size in one.map.room_by_name():
+        if size:
+            print(f"  {size:7} {name}")
 
 
 def describe_difference(slices):

@@ -13,9 +13,8 @@ from dataclasses import dataclass
 from auditing.forms import read_feature
 from auditing.macho import Malformed
 
-LINE = re.compile(r"^0x([0-9A-F]+)\s+0x([0-9A-F]+)\s+\[\s*(\d+)\]\s(.*)$")
+LINE = re.compile(r"^0x([0-9A-F]+)\s+0x([0-9A-F]+)\s+\[\s*\d+\]\s(.*)$")
 SECTION_LINE = re.compile(r"^0x([0-9A-F]+)\s+0x([0-9A-F]+)\s+(\S+)\s+(\S+)$")
-FILE_LINE = re.compile(r"^\[\s*(\d+)\]\s(.*)$")
 TEXT = re.compile(r"(?:Lc\d+E)+")  # the characters of a string that is a template argument
 
 HOOK = "__ZN8platform6detail9HookThunkI"
@@ -25,9 +24,10 @@ FEATURE, FORM_TABLE = "__ZN8platform7FeatureI", "9formTableE"
 IMPLEMENTATION = re.compile(r"^(.*)E(?:3run|(10runOnClass))EP11objc_object")
 LONGEST = 10000  # bytes of a text whose size the map does not know (it says 0 of local symbols)
 # The static descriptor of a block (platform/block.hpp): its last two pointers are functions.
-BLOCK_DESCRIPTOR = re.compile(r"^__ZN8platform5BlockI.*10descriptorE$")
+BLOCK_DESCRIPTOR = re.compile(r"^__ZN8platform5BlockI.*10descriptorE(?:\.\d+)?$")
 LABEL = re.compile(r"^ltmp\d+$")  # the compiler's own, beside the name that counts
-NAME = re.compile(r"^__ZN(?:8platform|7vantori)(?:12_GLOBAL__N_1)?\d+\w+4nameE$")
+# Of two local symbols of one name the second ends with a number.
+NAME = re.compile(r"^__ZN(?:8platform|7vantori)(?:12_GLOBAL__N_1)?\d+\w+4nameE(?:\.\d+)?$")
 
 
 @dataclass
@@ -36,7 +36,6 @@ class Symbol:
 
     address: int
     size: int
-    file: int
     name: str
 
 
@@ -79,6 +78,17 @@ def first_type(mangled):
         rest = rest[start + int(length.group()) :]
 
 
+def plain_name(mangled):
+    """The name without types and template arguments: vantori::registerPages, platform::detail::Thunk."""
+    rest, parts = re.sub(r"^__Z[A-Z]*N?K?", "", mangled), []
+    while length := re.match(r"\d+", rest):
+        end = length.end() + int(length.group())
+        parts.append(rest[length.end() : end])
+        rest = rest[end:].removeprefix("L")
+    own = (part for part in parts if part != "_GLOBAL__N_1")
+    return "::".join(own) or re.sub(r"[\d.]*$", "", mangled.split(":")[0])
+
+
 def text_of(symbol, dylib):
     return dylib.text_at(symbol.address, symbol.size or LONGEST)
 
@@ -87,19 +97,15 @@ class LinkMap:
     """A map that ld64.lld wrote with -map."""
 
     def __init__(self, path):
-        self.files, self.sections, self.symbols = {}, [], []
+        self.sections, self.symbols = [], []
         heading = ""
         for line in path.read_text(encoding="utf-8", errors="replace").splitlines():
             if line.startswith("# "):
                 heading = line if line.endswith(":") else heading
-            elif heading == "# Object files:" and (found := FILE_LINE.match(line)):
-                self.files[int(found[1])] = found[2].rsplit("/__/", maxsplit=1)[-1].removesuffix(".obj")
-                if found[2].endswith(".tbd"):
-                    self.files[int(found[1])] = found[2].rsplit("/", maxsplit=1)[-1]
             elif heading == "# Sections:" and (found := SECTION_LINE.match(line)):
                 self.sections.append((f"{found[3]},{found[4]}", int(found[1], 16), int(found[2], 16)))
             elif heading == "# Symbols:" and (found := LINE.match(line)):
-                self.symbols.append(Symbol(int(found[1], 16), int(found[2], 16), int(found[3]), found[4]))
+                self.symbols.append(Symbol(int(found[1], 16), int(found[2], 16), found[3]))
         if not self.sections or not self.symbols:
             raise Malformed(f"{path} is no map of the linker")
         named = (symbol for symbol in self.symbols if not LABEL.match(symbol.name))
@@ -147,10 +153,11 @@ class LinkMap:
         names = (symbol for symbol in self.symbols if NAME.match(symbol.name))
         return sorted({text_of(symbol, dylib) or symbol.name for symbol in names})
 
-    def room_by_file(self):
-        """Bytes that each object file takes, the largest first. What has no bytes in the file counts too."""
+    def room_by_name(self):
+        """Bytes that functions and variables take, the largest first. Those of a template count together,
+        and so does what has no bytes in the file."""
         room = {}
         for symbol in self.symbols:
-            name = self.files.get(symbol.file, "?")
+            name = plain_name(symbol.name)
             room[name] = room.get(name, 0) + symbol.size
         return sorted(room.items(), key=lambda item: (-item[1], item[0]))

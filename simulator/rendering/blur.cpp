@@ -9,6 +9,8 @@
 #include <cstdint>
 #include <vector>
 
+#include "simulator/rendering/vectors.hpp"
+
 namespace simulator::rendering {
 
 namespace {
@@ -38,6 +40,15 @@ Pixels pixelsOf(cairo_surface_t* surface) {
 
 constexpr std::uint32_t everyOther = 0x00ff00ff;  // two of the four channels
 
+SIMULATOR_WIDEST_VECTORS
+void addPixels(const std::uint32_t* row, std::size_t count, std::uint32_t* __restrict evens,
+               std::uint32_t* __restrict odds) {
+    for (std::size_t i = 0; i < count; ++i) {
+        evens[i] += row[i] & everyOther;
+        odds[i] += (row[i] >> 8) & everyOther;
+    }
+}
+
 // The sums of a row of blocks, for each of its columns. Two channels share a word: 64 pixels of 255
 // stay below 16 bits.
 struct ColumnSums {
@@ -48,24 +59,21 @@ struct ColumnSums {
         even.assign(static_cast<std::size_t>(columns), 0);
         odd.assign(static_cast<std::size_t>(columns), 0);
     }
-    void add(const std::uint32_t* row) {
-        std::uint32_t* const evens = even.data();
-        std::uint32_t* const odds = odd.data();
-        const std::size_t count = even.size();
-        for (std::size_t i = 0; i < count; ++i) {
-            evens[i] += row[i] & everyOther;
-            odds[i] += (row[i] >> 8) & everyOther;
-        }
-    }
+    void add(const std::uint32_t* row) { addPixels(row, even.size(), even.data(), odd.data()); }
 };
 
 std::uint32_t meanOfBlock(std::uint32_t even, std::uint32_t odd, std::uint32_t count, bool opaque) {
     if (count == 0) return 0;
-    const std::uint32_t blue = (even & 0xffff) / count;
-    const std::uint32_t red = (even >> 16) / count;
-    const std::uint32_t green = (odd & 0xffff) / count;
-    const std::uint32_t alpha = opaque ? 255 : (odd >> 16) / count;
-    return alpha << 24 | red << 16 | green << 8 | blue;
+    const auto pixel = [&](auto mean) {
+        const std::uint32_t alpha = opaque ? 255 : mean(odd >> 16);
+        return alpha << 24 | mean(even >> 16) << 16 | mean(odd & 0xffff) << 8 | mean(even & 0xffff);
+    };
+    // Most blocks have 64 pixels; a division for each channel would take most of the time.
+    if (std::has_single_bit(count)) {
+        const int shift = std::countr_zero(count);
+        return pixel([&](std::uint32_t sum) { return sum >> shift; });
+    }
+    return pixel([&](std::uint32_t sum) { return sum / count; });
 }
 
 // Means of blocks, `factor` pixels square, of one row of blocks.
@@ -148,23 +156,20 @@ struct Mean {
     }
 };
 
-// One box along a row whose ends are continued.
-void boxAlong(const std::vector<std::uint32_t>& in, std::uint32_t* out, int size) {
-    const int count = static_cast<int>(in.size());
-    const int half = size / 2;
+// One box along a row. `in` has half a box more at either end, where the row is continued.
+void boxAlong(const std::vector<Channels>& in, std::uint32_t* out, std::size_t count, int size) {
     const Mean mean(size);
-    const auto at = [&](int i) {
-        return channelsOf(in[static_cast<std::size_t>(std::clamp(i, 0, count - 1))]);
-    };
+    const auto box = static_cast<std::size_t>(size);
     Channels sum{};
-    for (int i = -half; i <= half; ++i) sum += at(i);
-    for (int i = 0; i < count; ++i) {
+    for (std::size_t i = 0; i < box; ++i) sum += in[i];
+    for (std::size_t i = 0; i < count; ++i) {
         out[i] = mean.of(sum);
-        sum += at(i + half + 1) - at(i - half);
+        sum += in[i + box] - in[i];
     }
 }
 
 // One step of all columns at once, byte by byte: the means of the sums, then the box moves on.
+SIMULATOR_WIDEST_VECTORS
 void stepDown(int* sums, const std::uint8_t* entering, const std::uint8_t* leaving,
               std::uint8_t* __restrict out, std::size_t count, Mean mean) {
     for (std::size_t i = 0; i < count; ++i) {
@@ -175,6 +180,7 @@ void stepDown(int* sums, const std::uint8_t* entering, const std::uint8_t* leavi
 
 // Memory of the passes, used for one after the other.
 struct Scratch {
+    std::vector<Channels> row;
     std::vector<std::uint32_t> pixels;
     std::vector<int> sums;
 };
@@ -205,10 +211,15 @@ void boxDown(const Pixels& pixels, int size, Scratch& scratch) {
 }
 
 void boxPass(const Pixels& pixels, int size, Scratch& scratch) {
-    scratch.pixels.resize(static_cast<std::size_t>(pixels.width));
+    const int half = size / 2;
+    const auto count = static_cast<std::size_t>(pixels.width);
+    scratch.row.resize(count + 2 * static_cast<std::size_t>(half) + 1);
     for (int y = 0; y < pixels.height; ++y) {
-        std::copy_n(pixels.row(y), pixels.width, scratch.pixels.begin());
-        boxAlong(scratch.pixels, pixels.row(y), size);
+        std::uint32_t* row = pixels.row(y);
+        int at = -half;
+        for (Channels& one : scratch.row)
+            one = channelsOf(row[std::clamp(at++, 0, pixels.width - 1)]);
+        boxAlong(scratch.row, row, count, size);
     }
     boxDown(pixels, size, scratch);
 }

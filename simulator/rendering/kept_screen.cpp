@@ -28,19 +28,14 @@ bool KeptScreen::begin(Size points, double scale) {
     return false;
 }
 
-void KeptScreen::restore(Rows rows) {
-    if (layers_.empty()) {
-        fill(canvas_, backdrop, rows);
-    } else {
-        copyPixels(layers_.back().pixels, canvas_, rows);
-    }
-}
-
-// From the last layer to the step `end`.
-void KeptScreen::paintPart(const Node& root, const Steps& steps, std::size_t end, Rows rows) {
+// From the last layer, or from what the canvas shows already, to the step `end`.
+void KeptScreen::paintPart(const Node& root, const Steps& steps, std::size_t end, Rows rows,
+                           bool fromLayer) {
+    const Surface* below = fromLayer && !layers_.empty() ? &layers_.back().pixels : nullptr;
+    if (fromLayer && !below) fill(canvas_, backdrop, rows);
     const Context context = contextOf(canvas_);
     cairo_scale(context.get(), scale_, scale_);
-    Painter(canvas_, context.get()).paintPart(root, steps, {keptSteps(), end, rows});
+    Painter(canvas_, context.get()).paintPart(root, steps, {keptSteps(), end, rows, below});
     cairo_surface_flush(canvas_.get());
 }
 
@@ -61,15 +56,13 @@ Rows KeptScreen::paint(Node root, Size points, double scale) {
     if (!painted_.empty()) {
         // What changes once more at the same place is likely to go on.
         const bool moves = contains(painted_, all) || same == same_;
-        if (same > keptSteps() && moves) {
+        const bool keeps = same > keptSteps() && moves;
+        if (keeps) {
             painted_ = all;
-            restore(all);
-            paintPart(root, steps, same, all);
+            paintPart(root, steps, same, all, true);
             keep(same);
-        } else {
-            restore(painted_);
         }
-        paintPart(root, steps, steps.size(), painted_);
+        paintPart(root, steps, steps.size(), painted_, !keeps);
     }
     tree_ = std::move(root);
     steps_ = std::move(steps);

@@ -34,8 +34,8 @@ class KeptScreen {
     };
 
     bool begin(Size points, double scale);
-    void restore(Rows rows);
-    void paintPart(const Node& root, const Steps& steps, std::size_t end, Rows rows);
+    void paintPart(const Node& root, const Steps& steps, std::size_t end, Rows rows,
+                   bool fromLayer);
     void keep(std::size_t steps);
 
     // Of the last painting. The tree holds its pictures, which steps know by their addresses.

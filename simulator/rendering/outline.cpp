@@ -23,7 +23,7 @@ struct CornerShape {
 constexpr CornerShape circular{
     1.0, 0.8740, {0.7486, 0.0240}, {0.63149, 0.07040}, {0.37480, 0.17210}};
 constexpr CornerShape continuousShape{
-    1.52866, 1.08849, {0.86841, 0.0}, {0.63149, 0.07491}, {0.37282, 0.16906}};
+    cornerReach, 1.08849, {0.86841, 0.0}, {0.63149, 0.07491}, {0.37282, 0.16906}};
 
 double mix(double from, double to, double part) { return from + (to - from) * part; }
 Point mix(Point from, Point to, double part) {

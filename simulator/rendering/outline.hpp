@@ -8,6 +8,9 @@
 
 namespace simulator::rendering {
 
+// How far from its corner an outline bends at most, in radii.
+constexpr double cornerReach = 1.52866;
+
 // Adds the closed outline to the current path. The radius is clamped to half the shorter side.
 void addOutline(cairo_t* context, Rect rect, double radius, bool continuous);
 

@@ -3,13 +3,15 @@
 #include "simulator/rendering/painter.hpp"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
-#include <cstdint>
+#include <memory>
+#include <utility>
 
 #include "simulator/rendering/image_layout.hpp"
 #include "simulator/rendering/outline.hpp"
 #include "simulator/rendering/picture.hpp"
+#include "simulator/rendering/pixel_loops.hpp"
+#include "simulator/rendering/stamps.hpp"
 #include "simulator/rendering/steps.hpp"
 #include "simulator/rendering/symbols.hpp"
 #include "simulator/rendering/text.hpp"
@@ -36,35 +38,54 @@ PixelBox clipBox(cairo_t* context) {
     return {x, y, static_cast<int>(std::ceil(right)) - x, static_cast<int>(std::ceil(bottom)) - y};
 }
 
-// A copy of the picture with every channel multiplied. In place on premultiplied pixels: cairo's own
-// multiply lets the colour leak into see-through parts.
-Surface tinted(const Surface& surface, Colour by) {
-    Surface result(surface.width(), surface.height());
-    const Context context = contextOf(result);
-    cairo_set_source_surface(context.get(), surface.get(), 0, 0);
-    cairo_paint(context.get());
-    cairo_surface_flush(result.get());
-    const std::array<double, 4> factors{by.blue * by.alpha, by.green * by.alpha, by.red * by.alpha,
-                                        by.alpha};
-    for (int y = 0; y < result.height(); ++y) {
-        auto* row =
-            reinterpret_cast<std::uint32_t*>(cairo_image_surface_get_data(result.get()) +
-                                             y * cairo_image_surface_get_stride(result.get()));
-        for (int x = 0; x < result.width(); ++x) {
-            std::uint32_t pixel = 0;
-            for (unsigned channel = 0; channel < factors.size(); ++channel) {
-                const double value = ((row[x] >> (8 * channel)) & 0xff) * factors[channel];
-                pixel |= static_cast<std::uint32_t>(std::clamp(value + 0.5, 0.0, 255.0))
-                         << (8 * channel);
-            }
-            row[x] = pixel;
-        }
+// The pixels of a rectangle, with those beside that an edge may touch.
+PixelBox touched(const cairo_matrix_t& matrix, Rect rect) {
+    double left = 0, top = 0, right = 0, bottom = 0;
+    for (int corner = 0; corner < 4; ++corner) {
+        double x = rect.origin.x + (corner % 2 ? rect.size.width : 0);
+        double y = rect.origin.y + (corner / 2 ? rect.size.height : 0);
+        cairo_matrix_transform_point(&matrix, &x, &y);
+        left = corner ? std::min(left, x) : x;
+        top = corner ? std::min(top, y) : y;
+        right = corner ? std::max(right, x) : x;
+        bottom = corner ? std::max(bottom, y) : y;
     }
-    cairo_surface_mark_dirty(result.get());
-    return result;
+    const auto pixel = [](double at) { return static_cast<int>(std::clamp(at, -1e6, 1e6)); };
+    const int x = pixel(std::floor(left) - 1), y = pixel(std::floor(top) - 1);
+    return {x, y, pixel(std::ceil(right) + 1) - x, pixel(std::ceil(bottom) + 1) - y};
 }
 
 }  // namespace
+
+// Whether the outline lets all of these pixels through: none is at an edge or a corner of it.
+bool Painter::Cut::spares(PixelBox box) const {
+    const Rect& rect = node->bounds;
+    double left = rect.origin.x, top = rect.origin.y;
+    double right = left + rect.size.width, bottom = top + rect.size.height;
+    cairo_matrix_transform_point(&matrix, &left, &top);
+    cairo_matrix_transform_point(&matrix, &right, &bottom);
+    const auto within = [&](double across, double down) {
+        return box.x >= left + across && box.x + box.width <= right - across &&
+               box.y >= top + down && box.y + box.height <= bottom - down;
+    };
+    const double reach = cornerReach * node->cornerRadius;
+    return within(reach * matrix.xx, 0) || within(0, reach * matrix.yy);
+}
+
+// Of the pixels those rows in which the outline is straight and takes none away.
+PixelBox Painter::Cut::straightRows(PixelBox box) const {
+    const Rect& rect = node->bounds;
+    double left = rect.origin.x, top = rect.origin.y;
+    double right = left + rect.size.width, bottom = top + rect.size.height;
+    cairo_matrix_transform_point(&matrix, &left, &top);
+    cairo_matrix_transform_point(&matrix, &right, &bottom);
+    if (box.x < left || box.x + box.width > right) return {};
+    const double reach = cornerReach * node->cornerRadius * matrix.yy;
+    const double first = std::max<double>(box.y, std::ceil(top + reach));
+    const double end = std::min<double>(box.y + box.height, std::floor(bottom - reach));
+    if (!(first < end)) return {};
+    return {box.x, static_cast<int>(first), box.width, static_cast<int>(end - first)};
+}
 
 Painter::Painter(const Surface& surface, cairo_t* context) : surface_(surface), context_(context) {}
 
@@ -80,11 +101,15 @@ void Painter::paint(const Node& node, double alpha) {
     if (!isGroup(node, alpha)) {
         paintInside(node, alpha, painted);
     } else {
+        takeBelow();
         if (node.masksToBounds) clipToOutline(node);
+        applyCuts();
+        const std::vector<Cut> outside = std::exchange(cuts_, {});
         pushGroup();
         paintInside(node, 1, true);
         if (node.mask) paintMasked(node);
         const Pattern group = popGroup();
+        cuts_ = outside;
         cairo_set_source(context_, group.get());
         cairo_paint_with_alpha(context_, alpha);
     }
@@ -96,6 +121,7 @@ void Painter::paintPart(const Node& root, const Steps& steps, Part part) {
     step_ = 0;
     part_ = part;
     paint(root);
+    takeBelow();
     steps_ = nullptr;
 }
 
@@ -117,23 +143,92 @@ bool Painter::beginStep() {
     return step >= part_.first && step < part_.end && meet((*steps_)[step].drawn, part_.rows);
 }
 
+// Before something is painted.
+void Painter::takeBelow() {
+    if (part_.below) copyPixels(*part_.below, surface_, part_.rows);
+    part_.below = nullptr;
+}
+
 // Without `all` only what is under the node is painted, clipped by it as ever.
 void Painter::paintInside(const Node& node, double alpha, bool all) {
+    const std::size_t outside = cuts_.size();
     cairo_save(context_);
     if (all && node.shadow) paintShadow(node, alpha);
-    if (all && node.background && node.background->alpha > 0) {
-        cairo_new_path(context_);
-        addOutline(context_, node.bounds, node.cornerRadius, node.continuousCorners);
-        setSource(context_, *node.background, alpha);
-        if (node.filtersBehind) cairo_set_operator(context_, CAIRO_OPERATOR_MULTIPLY);
-        cairo_fill(context_);
-        cairo_set_operator(context_, CAIRO_OPERATOR_OVER);
-    }
-    if (node.masksToBounds) clipToOutline(node);
+    if (all && node.background && node.background->alpha > 0) paintBackground(node, alpha);
+    if (node.masksToBounds) cut(node);
     if (all && hasContent(node)) paintContent(node, alpha);
     for (const Node& child : node.children) paint(child, alpha);
+    cuts_.resize(outside);
     cairo_restore(context_);
     if (node.borderWidth > 0 && beginStep()) paintBorder(node, alpha);
+}
+
+void Painter::paintBackground(const Node& node, double alpha) {
+    Colour colour = *node.background;
+    colour.alpha *= alpha;
+    cairo_matrix_t matrix;
+    cairo_get_matrix(context_, &matrix);
+    cairo_save(context_);
+    applyCuts(node.bounds);
+    const bool plain = !node.filtersBehind;
+    const PixelBox screenful = plain ? wholePixels(matrix, node) : PixelBox{};
+    const bool covers = screenful.width > 0 && colour.alpha < 1 && groups_.empty();
+    if (!covers) takeBelow();
+    if (covers) {
+        layOverBelow(screenful, colour);
+    } else if (plain && node.cornerRadius > 0 && isFitForStamp(matrix, node.bounds)) {
+        const Stamp stamp =
+            outlineStamp(matrix, node.bounds, node.cornerRadius, node.continuousCorners);
+        cairo_identity_matrix(context_);
+        setSource(context_, colour);
+        cairo_mask_surface(context_, stamp.pixels.get(), stamp.x, stamp.y);
+    } else {
+        cairo_new_path(context_);
+        addOutline(context_, node.bounds, node.cornerRadius, node.continuousCorners);
+        setSource(context_, colour);
+        if (node.filtersBehind) cairo_set_operator(context_, CAIRO_OPERATOR_MULTIPLY);
+        cairo_fill(context_);
+    }
+    cairo_restore(context_);
+}
+
+// In one go with taking what lies below, which saves reading and writing all of it once more.
+void Painter::layOverBelow(PixelBox box, Colour colour) {
+    if (!part_.below || box.x > 0 || box.width < surface_.width()) takeBelow();
+    const Surface* below = std::exchange(part_.below, nullptr);
+    if (below) {
+        copyPixels(*below, surface_, {part_.rows.first, box.y});
+        copyPixels(*below, surface_, {box.y + box.height, part_.rows.end});
+    }
+    layOver(below ? *below : surface_, surface_, box, colour);
+}
+
+// The pixels that a background without rounded corners fills under the current clip, when it fills each
+// of them whole; empty when it does not.
+PixelBox Painter::wholePixels(const cairo_matrix_t& matrix, const Node& node) const {
+    const auto isWhole = [](double at) { return at == std::floor(at) && std::abs(at) < 1e6; };
+    if (node.cornerRadius > 0 || matrix.xy != 0 || matrix.yx != 0) return {};
+    double left = node.bounds.origin.x, top = node.bounds.origin.y;
+    double right = left + node.bounds.size.width, bottom = top + node.bounds.size.height;
+    cairo_matrix_transform_point(&matrix, &left, &top);
+    cairo_matrix_transform_point(&matrix, &right, &bottom);
+    cairo_save(context_);
+    cairo_identity_matrix(context_);
+    const std::unique_ptr<cairo_rectangle_list_t, decltype(&cairo_rectangle_list_destroy)> clip(
+        cairo_copy_clip_rectangle_list(context_), &cairo_rectangle_list_destroy);
+    cairo_restore(context_);
+    if (clip->status != CAIRO_STATUS_SUCCESS || clip->num_rectangles != 1) return {};
+    const cairo_rectangle_t& room = clip->rectangles[0];
+    for (double at : {left, top, right, bottom, room.x, room.y, room.width, room.height}) {
+        if (!isWhole(at)) return {};
+    }
+    left = std::max(left, room.x);
+    top = std::max(top, room.y);
+    right = std::min(right, room.x + room.width);
+    bottom = std::min(bottom, room.y + room.height);
+    if (!(left < right && top < bottom)) return {};
+    return {static_cast<int>(left), static_cast<int>(top), static_cast<int>(right - left),
+            static_cast<int>(bottom - top)};
 }
 
 // Keeps of the open group only what the mask covers.
@@ -149,6 +244,7 @@ void Painter::paintMasked(const Node& node) {
 }
 
 void Painter::paintShadow(const Node& node, double alpha) {
+    takeBelow();
     const Shadow& shadow = *node.shadow;
     const double scale = scaleIn(context_);
     // A quarter of the pixels each way: a shadow has no detail to lose.
@@ -165,6 +261,7 @@ void Painter::paintShadow(const Node& node, double alpha) {
     cairo_fill(inner.get());
     blurInPlace(small, shadow.radius * fine);
     cairo_save(context_);
+    applyCuts();
     cairo_translate(context_, room.origin.x + shadow.offset.x, room.origin.y + shadow.offset.y);
     cairo_scale(context_, 1 / fine, 1 / fine);
     cairo_set_source_surface(context_, small.get(), 0, 0);
@@ -174,6 +271,7 @@ void Painter::paintShadow(const Node& node, double alpha) {
 }
 
 void Painter::paintContent(const Node& node, double alpha) {
+    takeBelow();
     if (const auto* text = std::get_if<Text>(&node.content)) paintText(node, *text, alpha);
     if (const auto* image = std::get_if<Image>(&node.content)) paintImage(node, *image, alpha);
     if (const auto* blur = std::get_if<Blur>(&node.content)) paintBlur(node, *blur, alpha);
@@ -184,14 +282,20 @@ void Painter::paintContent(const Node& node, double alpha) {
         Symbol shown = *symbol;
         if (node.multiply) shown.colour = multiplied(shown.colour, *node.multiply);
         shown.colour.alpha *= alpha;
+        cairo_save(context_);
+        applyCuts();
         drawSymbol(context_, shown, node.bounds);
+        cairo_restore(context_);
     }
 }
 
 void Painter::paintText(const Node& node, const Text& text, double alpha) {
     Colour colour = node.multiply ? multiplied(text.colour, *node.multiply) : text.colour;
     colour.alpha *= alpha;
+    cairo_save(context_);
+    applyCuts();
     drawText(context_, text, node.bounds, colour);
+    cairo_restore(context_);
 }
 
 void Painter::paintImage(const Node& node, const Image& image, double alpha) {
@@ -202,42 +306,65 @@ void Painter::paintImage(const Node& node, const Image& image, double alpha) {
     const double stretch =
         std::max(target.size.width / natural.width, target.size.height / natural.height);
     Surface pixels = image.picture->raster(scaleIn(context_) * stretch);
-    if (node.multiply && !image.tint) pixels = tinted(pixels, *node.multiply);
+    cairo_matrix_t matrix;
+    cairo_get_matrix(context_, &matrix);
+    const std::optional<Colour> tint =
+        image.tint && node.multiply ? multiplied(*image.tint, *node.multiply) : image.tint;
     cairo_save(context_);
-    cairo_translate(context_, target.origin.x, target.origin.y);
-    cairo_scale(context_, target.size.width / pixels.width(), target.size.height / pixels.height());
-    const Pattern pattern(cairo_pattern_create_for_surface(pixels.get()));
-    cairo_pattern_set_filter(pattern.get(), CAIRO_FILTER_BILINEAR);
-    // Enlarged pixels are continued and cut at the edge: they would bleed out of the layer.
-    cairo_pattern_set_extend(pattern.get(), CAIRO_EXTEND_PAD);
-    cairo_new_path(context_);
-    cairo_rectangle(context_, 0, 0, pixels.width(), pixels.height());
-    cairo_clip(context_);
-    if (image.tint) {
-        setSource(context_, node.multiply ? multiplied(*image.tint, *node.multiply) : *image.tint,
-                  alpha);
-        cairo_mask(context_, pattern.get());
+    applyCuts(target);
+    if (isFitForStamp(matrix, target)) {
+        const Stamp stamp = tint ? coverageStamp(matrix, target, pixels)
+                                 : imageStamp(matrix, target, pixels, node.multiply);
+        cairo_identity_matrix(context_);
+        if (tint) {
+            setSource(context_, *tint, alpha);
+            cairo_mask_surface(context_, stamp.pixels.get(), stamp.x, stamp.y);
+        } else {
+            cairo_set_source_surface(context_, stamp.pixels.get(), stamp.x, stamp.y);
+            cairo_paint_with_alpha(context_, alpha);
+        }
     } else {
-        cairo_set_source(context_, pattern.get());
-        cairo_paint_with_alpha(context_, alpha);
+        if (node.multiply && !tint) pixels = tinted(pixels, *node.multiply);
+        const Pattern pattern = fitInto(context_, target, pixels);
+        if (tint) {
+            setSource(context_, *tint, alpha);
+            cairo_mask(context_, pattern.get());
+        } else {
+            cairo_set_source(context_, pattern.get());
+            cairo_paint_with_alpha(context_, alpha);
+        }
     }
     cairo_restore(context_);
 }
 
 void Painter::paintBlur(const Node& node, const Blur& blur, double alpha) {
+    cairo_matrix_t matrix;
+    cairo_get_matrix(context_, &matrix);
+    const double radius = std::max(blur.radius, 0.0) * scaleOf(matrix);
+    PixelBox direct = alpha < 1 || !groups_.empty() ? PixelBox{} : wholePixels(matrix, node);
+    for (const Cut& one : cuts_) direct = one.straightRows(direct);
     cairo_save(context_);
+    applyCuts();
     clipToOutline(node);
     const PixelBox box = clipBox(context_);
     if (box.width > 0 && box.height > 0) {
-        const Smear smear = smearOf(layers(), box, std::max(blur.radius, 0.0) * scaleIn(context_),
-                                    blur.tint, blur.saturation);
+        const Smear smear = smearOf(layers(), box, radius, blur.tint, blur.saturation);
         cairo_identity_matrix(context_);
-        cairo_translate(context_, smear.x, smear.y);
-        cairo_scale(context_, smear.factor, smear.factor);
-        cairo_set_source_surface(context_, smear.surface.get(), 0, 0);
-        cairo_pattern_set_filter(cairo_get_source(context_), CAIRO_FILTER_BILINEAR);
-        cairo_pattern_set_extend(cairo_get_source(context_), CAIRO_EXTEND_PAD);
-        cairo_paint_with_alpha(context_, alpha);
+        const auto show = [&](PixelBox part) {
+            if (part.height <= 0) return;
+            const Surface pixels = enlarged(smear, part);
+            cairo_set_source_surface(context_, pixels.get(), part.x, part.y);
+            cairo_rectangle(context_, part.x, part.y, part.width, part.height);
+            cairo_clip(context_);
+            cairo_paint_with_alpha(context_, alpha);
+        };
+        cairo_save(context_);
+        if (direct.height <= 0) direct = {box.x, box.y + box.height, box.width, 0};
+        const int end = direct.y + direct.height;
+        show({box.x, box.y, box.width, direct.y - box.y});
+        cairo_restore(context_);
+        enlargeInto(surface_, 0, 0, smear, direct);
+        show({box.x, end, box.width, box.y + box.height - end});
     }
     cairo_restore(context_);
 }
@@ -258,25 +385,58 @@ void Painter::paintGradient(const Node& node, const Gradient& gradient, double a
         cairo_pattern_add_color_stop_rgba(pattern.get(), stop.offset, colour.red, colour.green,
                                           colour.blue, colour.alpha * alpha);
     }
+    cairo_save(context_);
+    applyCuts(node.bounds);
     cairo_new_path(context_);
     addOutline(context_, node.bounds, node.cornerRadius, node.continuousCorners);
     cairo_set_source(context_, pattern.get());
     cairo_fill(context_);
+    cairo_restore(context_);
 }
 
 void Painter::paintBorder(const Node& node, double alpha) {
+    takeBelow();
+    cairo_save(context_);
+    applyCuts(inset(node.bounds, -node.borderWidth));
     cairo_new_path(context_);
     addOutline(context_, inset(node.bounds, node.borderWidth / 2),
                std::max(0.0, node.cornerRadius - node.borderWidth / 2), node.continuousCorners);
     cairo_set_line_width(context_, node.borderWidth);
     setSource(context_, node.border, alpha);
     cairo_stroke(context_);
+    cairo_restore(context_);
 }
 
 void Painter::clipToOutline(const Node& node) {
     cairo_new_path(context_);
     addOutline(context_, node.bounds, node.cornerRadius, node.continuousCorners);
     cairo_clip(context_);
+}
+
+// What is painted from now on shows only inside the node. A rounded clip makes all that is painted under
+// it slow, so it waits for what it really cuts.
+void Painter::cut(const Node& node) {
+    cairo_matrix_t matrix;
+    cairo_get_matrix(context_, &matrix);
+    const bool upright = matrix.xy == 0 && matrix.yx == 0 && matrix.xx > 0 && matrix.yy > 0;
+    if (node.cornerRadius > 0 && upright) {
+        cuts_.push_back({&node, matrix});
+    } else {
+        clipToOutline(node);
+    }
+}
+
+// Before something is painted that reaches no further than the rectangle.
+void Painter::applyCuts(std::optional<Rect> reached) {
+    if (cuts_.empty()) return;
+    cairo_matrix_t matrix;
+    cairo_get_matrix(context_, &matrix);
+    for (const Cut& one : cuts_) {
+        if (reached && one.spares(touched(matrix, *reached))) continue;
+        cairo_set_matrix(context_, &one.matrix);
+        clipToOutline(*one.node);
+    }
+    cairo_set_matrix(context_, &matrix);
 }
 
 void Painter::pushGroup() {

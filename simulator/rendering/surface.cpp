@@ -38,6 +38,7 @@ unsigned Surface::pixel(int x, int y) const {
 }
 
 void copyPixels(const Surface& from, const Surface& to, Rows rows) {
+    if (rows.empty()) return;
     cairo_surface_flush(from.get());
     cairo_surface_flush(to.get());
     const std::ptrdiff_t stride = cairo_image_surface_get_stride(from.get());

@@ -273,7 +273,8 @@ class AuditTest(Auditing):
         done = self.audit("--room", "--messages")
         self.assertEqual(done.returncode, 0, done.stdout)
         self.assertRegex(done.stdout, r"\n +\d+ __TEXT,__text\n")
-        self.assertRegex(done.stdout, r"\n +\d+ toolbar/toolbar_controller\.cpp\n")
+        self.assertRegex(done.stdout, r"\n +\d+ vantori::registerToolBarController\n")
+        self.assertRegex(done.stdout, r"\n +\d+ platform::detail::Thunk\n")
         self.assertRegex(
             done.stdout,
             r"-\[SBReachabilityManager _toggleReachabilityMode\] v@:: in 12\.2 13\.2\.2 .*; not in [\w. ]*11\.1\n",

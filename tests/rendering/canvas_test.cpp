@@ -1,6 +1,10 @@
 // Geometry, clipping and opacity of node trees, pixel by pixel.
 #include <gtest/gtest.h>
 
+#include <cstdint>
+
+#include "simulator/rendering/pixel_loops.hpp"
+#include "simulator/rendering/stamps.hpp"
 #include "tests/rendering/drawing.hpp"
 
 namespace simulator::rendering {
@@ -268,6 +272,88 @@ TEST(Canvas, GradientRunsFromStartToEnd) {
     EXPECT_NEAR(redOf(picture.pixel(0, 5)), 1, 2);
     EXPECT_NEAR(redOf(picture.pixel(50, 5)), 128, 3);
     EXPECT_NEAR(redOf(picture.pixel(99, 5)), 254, 2);
+}
+
+void setPixel(const Surface& surface, int x, int y, std::uint32_t pixel) {
+    auto* row = reinterpret_cast<std::uint32_t*>(cairo_image_surface_get_data(surface.get()) +
+                                                 y * cairo_image_surface_get_stride(surface.get()));
+    row[x] = pixel;
+    cairo_surface_mark_dirty(surface.get());
+}
+
+// Two pixels, 0 and 80, enlarged four times: their middles lie at 2 and 6, so that the middles of the
+// large pixels between, at 2.5 to 5.5, have 1, 3, 5 and 7 eighths of the second.
+TEST(PixelLoops, EnlargeStraightFromMiddleToMiddle) {
+    Smear smear{Surface(2, 1), 4, 0, 0};
+    setPixel(smear.surface, 0, 0, 0xff000000);
+    setPixel(smear.surface, 1, 0, 0xff505050);
+    const Surface large = enlarged(smear, {0, 0, 8, 4});
+    const unsigned expected[] = {0, 0, 10, 30, 50, 70, 80, 80};
+    for (int y = 0; y < 4; ++y) {
+        for (int x = 0; x < 8; ++x) EXPECT_EQ(large.pixel(x, y) & 0xff, expected[x]) << x;
+    }
+    // A part of it shows the same, wherever it begins.
+    const Surface part = enlarged(smear, {3, 1, 3, 2});
+    for (int x = 0; x < 3; ++x) EXPECT_EQ(part.pixel(x, 1) & 0xff, expected[3 + x]);
+}
+
+TEST(PixelLoops, EnlargeDownAsAcross) {
+    Smear smear{Surface(1, 2), 2, 10, 20};
+    setPixel(smear.surface, 0, 0, 0xff000000);
+    setPixel(smear.surface, 0, 1, 0xff404040);
+    const Surface large = enlarged(smear, {10, 20, 2, 4});
+    const unsigned expected[] = {0, 16, 48, 64};  // quarters
+    for (int y = 0; y < 4; ++y) EXPECT_EQ(large.pixel(1, y) & 0xff, expected[y]);
+}
+
+// Nineteen pixels are two vectors and a rest.
+TEST(PixelLoops, LayOverTakesTheRestOfWhatLiesBelow) {
+    Surface from(21, 2), to(21, 2);
+    for (int x = 0; x < 21; ++x) setPixel(from, x, 1, 0xff6496c8);  // 100, 150, 200
+    layOver(from, to, {1, 1, 19, 1}, {1, 0, 0, 0.4});
+    // 0.4 is 102 of 255: 102 + 100 * 153 / 255, 150 * 153 / 255, 200 * 153 / 255.
+    for (int x = 1; x < 20; ++x) EXPECT_EQ(to.pixel(x, 1), 0xffa25a78u) << x;
+    EXPECT_EQ(to.pixel(0, 1), 0u);
+    EXPECT_EQ(to.pixel(20, 1), 0u);
+    EXPECT_EQ(to.pixel(5, 0), 0u);
+}
+
+TEST(Stamps, AreMadeOnceForEachEighthOfAPixel) {
+    const auto at = [](double x) { return cairo_matrix_t{2, 0, 0, 2, x, 7}; };
+    const Rect rect{{0, 0}, {10, 10}};
+    const Stamp first = outlineStamp(at(3.25), rect, 3, false);
+    EXPECT_EQ(first.x, 3);
+    EXPECT_EQ(first.y, 7);
+    EXPECT_EQ(first.pixels.width(), 21);
+    const Stamp moved = outlineStamp(at(40.24), rect, 3, false);
+    EXPECT_EQ(moved.pixels.get(), first.pixels.get());
+    EXPECT_EQ(moved.x, 40);
+    EXPECT_NE(outlineStamp(at(3.5), rect, 3, false).pixels.get(), first.pixels.get());
+    EXPECT_NE(outlineStamp(at(3.25), rect, 4, false).pixels.get(), first.pixels.get());
+}
+
+TEST(Stamps, DoNotTurnAndAreNotOfAWholeScreen) {
+    const Rect rect{{0, 0}, {10, 10}};
+    EXPECT_TRUE(isFitForStamp({1, 0, 0, 1, 0, 0}, rect));
+    EXPECT_FALSE(isFitForStamp({1, 0.1, 0, 1, 0, 0}, rect));
+    EXPECT_FALSE(isFitForStamp({-1, 0, 0, 1, 0, 0}, rect));
+    EXPECT_FALSE(isFitForStamp({1, 0, 0, 1, 0, 0}, {{0, 0}, {375, 812}}));
+}
+
+// What lies in the middle of a rounded layer, at its edge and in its corner.
+TEST(Painter, CutsByARoundedLayerWhereItReaches) {
+    for (const Rect child :
+         {Rect{{40, 40}, {20, 20}}, Rect{{0, 0}, {100, 100}}, Rect{{-30, 30}, {160, 40}}}) {
+        Node root = screenNode(100, 100);
+        Node layer = fillNode({{0, 0}, {100, 100}}, {0, 0, 0, 0}, 30);
+        layer.masksToBounds = true;
+        layer.children.push_back(fillNode(child, red));
+        root.children.push_back(layer);
+        const Surface shown = render(root, {100, 100}, 1, white);
+        EXPECT_EQ(shown.pixel(50, 50), redPixel);
+        EXPECT_EQ(shown.pixel(1, 1), whitePixel);
+        EXPECT_EQ(shown.pixel(98, 98), whitePixel);
+    }
 }
 
 }  // namespace

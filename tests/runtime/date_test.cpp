@@ -12,14 +12,14 @@ namespace {
 constexpr double inJune = 1622581500;        // 2021-06-01 21:05:00
 constexpr double leapMidnight = 1582934400;  // 2020-02-29 00:00:00
 
-double read(const char* day, const char* time) {
+double secondsAt(const char* day, const char* time) {
     return static_cast<double>((dayFrom(day)->time_since_epoch() + *timeOfDayFrom(time)).count());
 }
 
 TEST(Date, IsReadAsItIsWritten) {
-    EXPECT_EQ(read("2021-06-01", "21:05"), inJune);
-    EXPECT_EQ(read("2021-06-01", "21:05:09"), inJune + 9);
-    EXPECT_EQ(read("2020-02-29", "0:00"), leapMidnight);
+    EXPECT_EQ(secondsAt("2021-06-01", "21:05"), inJune);
+    EXPECT_EQ(secondsAt("2021-06-01", "21:05:09"), inJune + 9);
+    EXPECT_EQ(secondsAt("2020-02-29", "0:00"), leapMidnight);
     EXPECT_EQ(writtenDate(inJune + 9), "2021-06-01 21:05:09");
     EXPECT_EQ(writtenDate(leapMidnight), "2020-02-29 00:00:00");
 }
