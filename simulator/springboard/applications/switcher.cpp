@@ -200,9 +200,11 @@ void beginTransition(Environment target) {
             "layoutStateTransitionCoordinator:transitionDidBeginWithTransitionContext:">(
             coordinator, context);
     }
-    auto workspace = contextBetween<SBWorkspaceApplicationSceneTransitionContext>(origin, target);
-    switcher.sendIfAnswered<"sceneLayoutController:didBeginLayoutStateTransitionWithContext:">(
-        sceneLayoutController(), workspace);
+    if (auto workspace =
+            contextBetween<SBWorkspaceApplicationSceneTransitionContext>(origin, target)) {
+        switcher.sendIfAnswered<"sceneLayoutController:didBeginLayoutStateTransitionWithContext:">(
+            sceneLayoutController(), workspace);
+    }
 }
 
 void registerSwitcher() {
