@@ -3,6 +3,7 @@
 #include <stdexcept>
 
 #include "simulator/foundation/device_root.hpp"
+#include "simulator/foundation/foundation_classes.hpp"
 #include "simulator/foundation/property_list.hpp"
 #include "simulator/foundation/replacement.hpp"
 
@@ -13,11 +14,6 @@ namespace {
 using platform::NSString;
 using platform::Object;
 using Boolean = unsigned char;  // GNUstep's BOOL
-
-struct NSData : Object {
-    static constexpr platform::FixedString name{"NSData"};
-    using Object::Object;
-};
 
 id mapped(id path) {
     if (!path) return nullptr;

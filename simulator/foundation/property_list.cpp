@@ -8,6 +8,7 @@
 #include <stdexcept>
 
 #include "simulator/foundation/binary_list.hpp"
+#include "simulator/foundation/foundation_classes.hpp"
 #include "simulator/foundation/text_list.hpp"
 
 namespace simulator {
@@ -21,14 +22,6 @@ using platform::NSString;
 using platform::Object;
 using platform::sendClass;
 
-struct NSMutableDictionary : platform::NSDictionary {
-    static constexpr platform::FixedString name{"NSMutableDictionary"};
-    using NSDictionary::NSDictionary;
-};
-struct NSData : Object {
-    static constexpr platform::FixedString name{"NSData"};
-    using Object::Object;
-};
 struct NSDate : Object {
     static constexpr platform::FixedString name{"NSDate"};
     using Object::Object;

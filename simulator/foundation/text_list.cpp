@@ -3,6 +3,8 @@
 #include <cctype>
 #include <string>
 
+#include "simulator/foundation/foundation_classes.hpp"
+
 namespace simulator {
 
 namespace {
@@ -10,15 +12,6 @@ namespace {
 using platform::NSMutableArray;
 using platform::NSString;
 using platform::Object;
-
-struct NSMutableDictionary : platform::NSDictionary {
-    static constexpr platform::FixedString name{"NSMutableDictionary"};
-    using NSDictionary::NSDictionary;
-};
-struct NSData : Object {
-    static constexpr platform::FixedString name{"NSData"};
-    using Object::Object;
-};
 
 bool isBare(char c) {
     return std::isalnum(static_cast<unsigned char>(c)) ||

@@ -55,18 +55,26 @@ PixelBox touched(const cairo_matrix_t& matrix, Rect rect) {
     return {x, y, pixel(std::ceil(right) + 1) - x, pixel(std::ceil(bottom) + 1) - y};
 }
 
+// In pixels; of a matrix that turns nothing.
+struct Edges {
+    double left, top, right, bottom;
+};
+Edges edgesOf(const Rect& rect, const cairo_matrix_t& matrix) {
+    Edges edges{rect.origin.x, rect.origin.y, rect.origin.x + rect.size.width,
+                rect.origin.y + rect.size.height};
+    cairo_matrix_transform_point(&matrix, &edges.left, &edges.top);
+    cairo_matrix_transform_point(&matrix, &edges.right, &edges.bottom);
+    return edges;
+}
+
 }  // namespace
 
 // Whether the outline lets all of these pixels through: none is at an edge or a corner of it.
 bool Painter::Cut::spares(PixelBox box) const {
-    const Rect& rect = node->bounds;
-    double left = rect.origin.x, top = rect.origin.y;
-    double right = left + rect.size.width, bottom = top + rect.size.height;
-    cairo_matrix_transform_point(&matrix, &left, &top);
-    cairo_matrix_transform_point(&matrix, &right, &bottom);
+    const Edges edges = edgesOf(node->bounds, matrix);
     const auto within = [&](double across, double down) {
-        return box.x >= left + across && box.x + box.width <= right - across &&
-               box.y >= top + down && box.y + box.height <= bottom - down;
+        return box.x >= edges.left + across && box.x + box.width <= edges.right - across &&
+               box.y >= edges.top + down && box.y + box.height <= edges.bottom - down;
     };
     const double reach = cornerReach * node->cornerRadius;
     return within(reach * matrix.xx, 0) || within(0, reach * matrix.yy);
@@ -74,11 +82,7 @@ bool Painter::Cut::spares(PixelBox box) const {
 
 // Of the pixels those rows in which the outline is straight and takes none away.
 PixelBox Painter::Cut::straightRows(PixelBox box) const {
-    const Rect& rect = node->bounds;
-    double left = rect.origin.x, top = rect.origin.y;
-    double right = left + rect.size.width, bottom = top + rect.size.height;
-    cairo_matrix_transform_point(&matrix, &left, &top);
-    cairo_matrix_transform_point(&matrix, &right, &bottom);
+    const auto [left, top, right, bottom] = edgesOf(node->bounds, matrix);
     if (box.x < left || box.x + box.width > right) return {};
     const double reach = cornerReach * node->cornerRadius * matrix.yy;
     const double first = std::max<double>(box.y, std::ceil(top + reach));

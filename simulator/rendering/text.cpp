@@ -21,7 +21,7 @@ namespace {
 constexpr double displaySize = 20;
 constexpr double smallestFont = 0.5;
 constexpr double largestFont = 2000;
-constexpr std::size_t layoutsKept = 512;
+constexpr std::size_t layoutsKept = 128;
 constexpr double widthLimit = 1e6;  // points; pango counts 1024 units a point in an int
 
 struct Release {
