@@ -5,8 +5,8 @@
 
 #include "platform/foundation.hpp"
 #include "simulator/foundation/device_root.hpp"
-#include "simulator/foundation/replacement.hpp"
 #include "simulator/runtime/journal.hpp"
+#include "simulator/runtime/replacement.hpp"
 #include "simulator/runtime/stand_in.hpp"
 
 namespace simulator {

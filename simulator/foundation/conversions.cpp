@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "platform/foundation.hpp"
-#include "simulator/foundation/replacement.hpp"
+#include "simulator/runtime/replacement.hpp"
 
 namespace simulator {
 
@@ -71,6 +71,7 @@ void replaceInStrings(const char* selectorName, Function* function) {
             method_setImplementation(method, reinterpret_cast<IMP>(function));
         }
     }
+    letSubclassesSee(string);
 }
 
 }  // namespace

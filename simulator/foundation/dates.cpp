@@ -1,8 +1,8 @@
 #include "simulator/foundation/dates.hpp"
 
 #include "platform/foundation.hpp"
-#include "simulator/foundation/replacement.hpp"
 #include "simulator/runtime/clock.hpp"
+#include "simulator/runtime/replacement.hpp"
 
 namespace simulator {
 

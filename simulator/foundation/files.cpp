@@ -5,7 +5,7 @@
 #include "simulator/foundation/device_root.hpp"
 #include "simulator/foundation/foundation_classes.hpp"
 #include "simulator/foundation/property_list.hpp"
-#include "simulator/foundation/replacement.hpp"
+#include "simulator/runtime/replacement.hpp"
 
 namespace simulator {
 

@@ -8,7 +8,7 @@
 
 #include "platform/foundation.hpp"
 #include "simulator/foundation/preferences.hpp"
-#include "simulator/foundation/replacement.hpp"
+#include "simulator/runtime/replacement.hpp"
 
 namespace simulator {
 

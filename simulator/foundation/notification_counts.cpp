@@ -4,8 +4,8 @@
 #include <string>
 
 #include "platform/foundation.hpp"
-#include "simulator/foundation/replacement.hpp"
 #include "simulator/runtime/history.hpp"
+#include "simulator/runtime/replacement.hpp"
 
 namespace simulator {
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "platform/foundation.hpp"
-#include "simulator/foundation/replacement.hpp"
+#include "simulator/runtime/replacement.hpp"
 
 namespace simulator {
 

@@ -7,7 +7,7 @@
 
 #include "platform/definition.hpp"
 #include "platform/foundation.hpp"
-#include "simulator/foundation/replacement.hpp"
+#include "simulator/runtime/replacement.hpp"
 
 namespace simulator {
 

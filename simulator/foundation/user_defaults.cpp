@@ -1,7 +1,7 @@
 #include "simulator/foundation/user_defaults.hpp"
 
 #include "platform/foundation.hpp"
-#include "simulator/foundation/replacement.hpp"
+#include "simulator/runtime/replacement.hpp"
 
 namespace simulator {
 

@@ -13,6 +13,7 @@
 #include "simulator/loader/library.hpp"
 #include "simulator/runtime/journal.hpp"
 #include "simulator/runtime/machine.hpp"
+#include "simulator/runtime/replacement.hpp"
 
 namespace simulator {
 
@@ -81,7 +82,7 @@ void recordAdditions() {
         if (!added || addedMethods().contains(addition.selector)) continue;
         addedMethods()[addition.selector] =
             reinterpret_cast<AddedMethod>(method_getImplementation(added));
-        method_setImplementation(added, reinterpret_cast<IMP>(&runRecorded));
+        replaceMethod(cls, selector, reinterpret_cast<IMP>(&runRecorded));
     }
 }
 

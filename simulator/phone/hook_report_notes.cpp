@@ -4,6 +4,7 @@
 
 #include "platform/foundation.hpp"
 #include "simulator/runtime/presence.hpp"
+#include "simulator/runtime/replacement.hpp"
 
 namespace simulator {
 
@@ -38,10 +39,9 @@ std::string withNotes(const std::string& report, int release) {
 }
 
 void noteInHookReport() {
-    Class report = objc_getClass("VNTHookReport");
-    if (!report || realRelease() == 0) return;
-    Method text = class_getClassMethod(report, sel_registerName("text"));
-    plainText = method_setImplementation(text, reinterpret_cast<IMP>(&notedText));
+    if (realRelease() == 0) return;
+    plainText = replaceMethod("VNTHookReport", MethodKind::onClass, "text",
+                              reinterpret_cast<IMP>(&notedText));
 }
 
 }  // namespace simulator

@@ -5,6 +5,7 @@
 
 #include "platform/ownership.hpp"
 #include "simulator/runtime/exports.hpp"
+#include "simulator/runtime/replacement.hpp"
 
 namespace simulator {
 
@@ -62,10 +63,9 @@ void deallocWithAssociations(id self, SEL command) {
 
 void installAssociations() {
     if (systemDealloc) return;
-    Method dealloc =
-        class_getInstanceMethod(objc_getClass("NSObject"), sel_registerName("dealloc"));
-    systemDealloc = reinterpret_cast<void (*)(id, SEL)>(method_getImplementation(dealloc));
-    method_setImplementation(dealloc, reinterpret_cast<IMP>(&deallocWithAssociations));
+    systemDealloc = reinterpret_cast<void (*)(id, SEL)>(
+        replaceMethod("NSObject", MethodKind::instance, "dealloc",
+                      reinterpret_cast<IMP>(&deallocWithAssociations)));
 }
 
 std::size_t associatedOwners() { return table().size(); }

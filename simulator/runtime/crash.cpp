@@ -3,6 +3,7 @@
 #include <exception>
 
 #include "platform/foundation.hpp"
+#include "simulator/runtime/replacement.hpp"
 #include "simulator/runtime/system_log.hpp"
 
 namespace simulator {
@@ -42,10 +43,8 @@ void noteCrash(const std::string& reason) {
 
 void installCrashReport() {
     if (systemRaise) return;
-    Method method =
-        class_getInstanceMethod(objc_getClass("NSException"), sel_registerName("raise"));
-    systemRaise = reinterpret_cast<void (*)(id, SEL)>(method_getImplementation(method));
-    method_setImplementation(method, reinterpret_cast<IMP>(&raise));
+    systemRaise = reinterpret_cast<void (*)(id, SEL)>(
+        replaceMethod("NSException", MethodKind::instance, "raise", reinterpret_cast<IMP>(&raise)));
 }
 
 bool guarded(const std::function<void()>& work) {

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "platform/runtime.hpp"
 #include "simulator/runtime/exports.hpp"
+#include "simulator/runtime/replacement.hpp"
 #include "simulator/runtime/system_log.hpp"
 
 namespace simulator {
@@ -15,18 +15,10 @@ std::vector<Handover>& record() {
     return calls;
 }
 
-// Swaps the implementation in the class itself, never in a superclass. GCC's class_replaceMethod
-// searches the hierarchy and would change the superclass and every sibling, so the method is added
-// first; only when the class has one of its own is that one changed.
 bool replace(Class cls, SEL selector, IMP replacement, IMP* saved) {
-    Method method = class_getInstanceMethod(cls, selector);
-    if (!method) return false;
-    IMP system = method_getImplementation(method);
-    if (!class_addMethod(cls, selector, replacement, method_getTypeEncoding(method))) {
-        method_setImplementation(class_getInstanceMethod(cls, selector), replacement);
-    }
-    if (saved) *saved = system;
-    return true;
+    IMP system = replaceMethod(cls, selector, replacement);
+    if (system && saved) *saved = system;
+    return system != nullptr;
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 
 #include <utility>
 
+#include "simulator/runtime/replacement.hpp"
 #include "simulator/scenario/objective_c.hpp"
 
 namespace simulator::scenario {
@@ -23,13 +24,8 @@ void noteAndRaise(id exception, SEL selector) {
 
 void watchExceptions() {
     if (originalRaise != nullptr) return;
-    const auto cls = reinterpret_cast<Class>(classNamed("NSException"));
-    const Method method = class_getInstanceMethod(cls, sel_registerName("raise"));
-    if (method == nullptr) return;
-    const auto replacement = reinterpret_cast<IMP>(reinterpret_cast<void (*)()>(noteAndRaise));
-    const auto original = reinterpret_cast<void (*)()>(method_getImplementation(method));
-    originalRaise = reinterpret_cast<Raise>(original);
-    method_setImplementation(method, replacement);
+    originalRaise = reinterpret_cast<Raise>(replaceMethod(
+        "NSException", MethodKind::instance, "raise", reinterpret_cast<IMP>(&noteAndRaise)));
 }
 
 std::string takeRaised() {

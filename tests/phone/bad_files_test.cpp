@@ -9,7 +9,7 @@
 #include "platform/uikit.hpp"
 #include "simulator/foundation/device_root.hpp"
 #include "simulator/foundation/property_list.hpp"
-#include "simulator/foundation/replacement.hpp"
+#include "simulator/runtime/replacement.hpp"
 #include "tests/toolbar/welcome_pager.hpp"
 
 namespace vantori::tests {

@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <vector>
 
-#include "simulator/foundation/replacement.hpp"
 #include "simulator/runtime/clock.hpp"
+#include "simulator/runtime/replacement.hpp"
 #include "simulator/uikit/foundation/additions.hpp"
 #include "simulator/uikit/raise.hpp"
 #include "simulator/uikit/view/scroll/scroll_view.hpp"
@@ -137,9 +137,8 @@ template <FixedString message, class Function>
 void replace(Class cls, Function) {
     using Thunk = detail::LambdaThunk<Function, decltype(&Function::operator())>;
     auto implementation = reinterpret_cast<IMP>(&Thunk::template run<NSTimer>);
-    Method own = class_getInstanceMethod(cls, selector<message>());
-    if (!class_addMethod(cls, selector<message>(), implementation, Thunk::encoding.data())) {
-        method_setImplementation(own, implementation);
+    if (!replaceMethod(cls, selector<message>(), implementation)) {
+        class_addMethod(cls, selector<message>(), implementation, Thunk::encoding.data());
     }
 }
 
