@@ -18,6 +18,8 @@
 #include <string>
 #include <string_view>
 
+#include "simulator/rendering/found_fonts.hpp"
+
 namespace {
 
 const testing::UnitTest& allTests() { return *testing::UnitTest::GetInstance(); }
@@ -99,10 +101,11 @@ int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
     if (isForGoogletest) return RUN_ALL_TESTS();
     const std::string_view option = argc > 1 ? argv[1] : "";
+    if (argc == 3 && option == "--ctest") return writeSuites(argv[0], argv[2]);
+    simulator::rendering::findFonts();  // once for the processes of all tests
     if (argc == 1) return runSuites("");
     if (argc == 3 && option == "--suite") return runSuites(argv[2]);
     if (argc == 3 && option == "--tests") return runNamed(argv[2]);
-    if (argc == 3 && option == "--ctest") return writeSuites(argv[0], argv[2]);
     std::cerr << "usage: unit-tests [--suite SUITE | --tests FILE | --ctest FILE | --gtest_...]\n";
     return EXIT_FAILURE;
 }

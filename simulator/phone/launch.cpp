@@ -19,7 +19,7 @@
 #include "simulator/hardware/uikit_bridge.hpp"
 #include "simulator/phone/extension.hpp"
 #include "simulator/phone/hook_report_notes.hpp"
-#include "simulator/rendering/text.hpp"
+#include "simulator/rendering/found_fonts.hpp"
 #include "simulator/runtime/associations.hpp"
 #include "simulator/runtime/clock.hpp"
 #include "simulator/runtime/crash.hpp"
@@ -159,11 +159,11 @@ void prepareProcess() {
     static bool prepared = false;
     if (std::exchange(prepared, true)) return;
     AutoreleasePool pool;
+    installUserDefaults();
     makeFirstUses();
     SystemLog::shared().install();
     installCrashReport();
     installAssociations();
-    installUserDefaults();
     installFiles();
     installBundles();
     installConversions();
@@ -175,7 +175,7 @@ void prepareProcess() {
 
 void warmUp() {
     prepareProcess();
-    rendering::measure(shownTime(firstDate), 17, 400);  // finds the fonts
+    rendering::findFonts();
 }
 
 void registerSpringBoard() {

@@ -14,11 +14,11 @@ namespace {
 
 constexpr double grid = 24;
 
-using Drawer = void (*)(Pen&, double);
+using GlyphDrawer = void (*)(Pen&, double);
 
-const std::map<std::string, Drawer, std::less<>>& glyphTable() {
+const std::map<std::string, GlyphDrawer, std::less<>>& glyphTable() {
     static const auto table = [] {
-        std::map<std::string, Drawer, std::less<>> result;
+        std::map<std::string, GlyphDrawer, std::less<>> result;
         for (const auto family :
              {connectivityGlyphs(), mediaGlyphs(), toggleGlyphs(), interfaceGlyphs()}) {
             for (const Glyph& glyph : family) result.emplace(glyph.name, glyph.draw);

@@ -12,6 +12,7 @@
 #include <unordered_map>
 
 #include "simulator/rendering/surface.hpp"
+#include "simulator/runtime/leaks.hpp"
 
 namespace simulator::rendering {
 
@@ -109,6 +110,8 @@ Layout makeLayout(const LayoutRequest& request) {
         pango_layout_set_height(
             layout.get(), static_cast<int>(std::min(request.height, widthLimit) * PANGO_SCALE));
     }
+    LeaksAllowed fonts;  // are found here, and kept
+    pango_layout_get_extents(layout.get(), nullptr, nullptr);
     return layout;
 }
 

@@ -21,8 +21,11 @@ CHANGES = (
     "mknod,mknodat,truncate,chmod,fchmodat,chown,fchownat,lchown,bind"
 )
 WRITING = ("O_WRONLY", "O_RDWR", "O_CREAT", "O_TRUNC")
-# What is no file, and what fontconfig, which finds the fonts, remembers of the machine's.
-NO_TRACES = re.compile(r"/dev/(null|tty|pts/\d+)|/proc/self/.*|(/var/cache|.*/\.cache)/fontconfig(/.*)?|.*/\.cache")
+# What is no file; what fontconfig, which finds the fonts, remembers of the machine's; and what a build that
+# looks for leaks writes and removes at its start.
+NO_TRACES = re.compile(
+    r"/dev/(null|tty|pts/\d+)|/proc/self/.*|(/var/cache|.*/\.cache)/fontconfig(/.*)?|.*/\.cache|.*/vantori-first-use-\w+"
+)
 USE = """
 plist /var/mobile/Library/Preferences/com.ferolin.VantoriHistoryVersion.plist ["1.2.1"]
 boot
