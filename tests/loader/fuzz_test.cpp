@@ -4,10 +4,8 @@
 
 #include <random>
 
-#include "simulator/loader/placement.hpp"
-#include "simulator/loader/slices.hpp"
-#include "simulator/loader/unwind.hpp"
 #include "tests/loader/image_builder.hpp"
+#include "tests/loader/image_use.hpp"
 
 namespace simulator::loader::tests {
 namespace {
@@ -76,23 +74,6 @@ ImageBuilder withUnwindInformation() {
 std::vector<std::byte> withSlices() {
     const std::vector<std::byte> parts[] = {withOpcodes().build(), withThreads().build()};
     return fatFile({{0, parts[0]}, {2, parts[1]}});
-}
-
-// All that happens to a file before it is mapped, and to its memory.
-void use(const std::vector<std::byte>& bytes) {
-    const MachOFile file = readMachO(sliceFor(Bytes(bytes), Process::arm64e).span());
-    const Fixups fixups = readFixups(file);
-    initialisers(file, fixups);
-    selectorReferences(file, fixups);
-    frameDescriptions(readUnwindInfo(file), 0);
-    constexpr std::uint64_t affordable = 1 << 20;
-    if (file.memorySize() > affordable) return;
-    std::vector<std::byte> memory(file.memorySize());
-    copySegments(file, memory);
-    const int symbol = 0;
-    applyFixups(
-        file, fixups, memory, [&](std::string_view) { return &symbol; },
-        [](std::uint64_t pointer, const Signing&, std::uint64_t) { return pointer; });
 }
 
 // How many of the damaged images were read all the same.
