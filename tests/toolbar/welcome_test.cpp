@@ -217,7 +217,7 @@ TEST_F(WelcomePager, TheFullVersionOpensItsAddressAndGoesHome) {
 TEST_F(WelcomePager, ButtonsAnswerOnlyToAFingerLiftedInside) {
     boot();
     decelerateAt(3);
-    phone_->touchDown(187, 762);
+    touch(middleOf(button(0)));
     phone_->touchMove(187, 300, 0.3);
     phone_->touchUp();
     phone_->wait(2);
