@@ -67,6 +67,8 @@ void clear(SDL_Renderer* renderer, rendering::Colour colour) {
 Display::Display(const std::string& title) : title_(title) {
     SDL_SetMainReady();
     SDL_SetHint(SDL_HINT_RENDER_SCALE_QUALITY, "linear");
+    // The click that gives the window the keys is a finger too.
+    SDL_SetHint(SDL_HINT_MOUSE_FOCUS_CLICKTHROUGH, "1");
     if (SDL_Init(SDL_INIT_VIDEO) != 0) fail(noDisplay);
     // Without a desktop SDL falls back to a window that nobody sees.
     if (std::string_view(SDL_GetCurrentVideoDriver()) != "offscreen") return;

@@ -209,12 +209,10 @@ int PhoneWindow::run() {
     tellTitle();
     pace_ = live::Pace();
     while (open_ && !live::interrupted()) {
-        SDL_Event event;
-        const int rest = static_cast<int>(std::ceil(pace_.rest() * 1000));
-        if (SDL_WaitEventTimeout(&event, std::clamp(rest, 1, 16)) != 0) {
-            do handle(event);
-            while (open_ && SDL_PollEvent(&event) != 0);
-        }
+        // Not SDL_WaitEventTimeout: under X it tells itself of what it hears over a connection of its
+        // own, and a window that closes meanwhile ends the process.
+        SDL_Delay(static_cast<Uint32>(std::clamp(std::ceil(pace_.rest() * 1000), 1.0, 16.0)));
+        for (SDL_Event event; open_ && SDL_PollEvent(&event) != 0;) handle(event);
         if (hasConsole_) hearConsole();
         live_.hearNotifications();
         passTime();

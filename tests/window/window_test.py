@@ -31,7 +31,7 @@ class Window(unittest.TestCase):
         self.phones.mkdir()
         heard, told = os.pipe()
         server = subprocess.Popen(
-            ["Xvfb", "-displayfd", str(told), "-screen", "0", "1600x1000x24", "-nolisten", "tcp"],
+            ["Xvfb", "-displayfd", str(told), "-screen", "0", "1600x1000x24", "-nolisten", "tcp", "-noreset"],
             pass_fds=[told], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
         )  # fmt: skip
         self.addCleanup(server.wait)
