@@ -19,7 +19,7 @@ endif()
 # file that does not include what it uses is told.
 if(NOT CMAKE_CROSSCOMPILING)
   set(vantori_precompiled <algorithm> <array> <cmath> <filesystem> <functional> <map> <memory>
-    <optional> <set> <span> <sstream> <stdexcept> <string> <string_view> <tuple> <utility> <variant>
+    <optional> <platform/definition.hpp> <platform/hook.hpp> <platform/springboard.hpp> <platform/uikit.hpp> <set> <span> <sstream> <stdexcept> <string> <string_view> <tuple> <utility> <variant>
     <vector>)
 endif()
 

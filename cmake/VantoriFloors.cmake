@@ -6,7 +6,7 @@ set(simulator_floors runtime foundation rendering uikit loader hardware services
   scenario phone restless live window serve demo)
 # Floors of many small files, of which several are compiled at once: what they include costs more than what
 # they say. A name in an unnamed namespace is the only one of its floor there.
-set(floors_in_batches uikit rendering scenario serve)
+set(floors_in_batches runtime foundation rendering uikit loader services scenario phone live serve)
 
 # vantori_floors(NAME OPTIONS FLOOR... [BELOW FOLDER...]): an object library NAME_FLOOR for each folder,
 # compiled with OPTIONS, whose room shows that folder, those before it and those BELOW, which are built

@@ -22,8 +22,10 @@ from benchmark_table import FLOOR, name_of, nanoseconds, readable, runs_of
 DOCUMENT, KEPT, PICTURES = "docs/performance.md", "docs/performance.json", "docs/pictures"
 BEGIN, END = "<!-- measured: written by scripts/benchmark --report -->", "<!-- measured: end -->"
 OPENING, MEMORY = "opening the toolbar", "memory after openings"
+FRAME = "a drawn frame, application, "
 # What is drawn: the file, the name of the lines below, of those at the side, and the series.
 PLOTS = (
+    ("performance-frames.svg", "thousands of pixels", "microseconds for a frame over an application", "frames"),
     ("performance-icons.svg", "icons in the dock", "microseconds for an opening", "icons"),
     ("performance-toggles.svg", "toggles in the list", "microseconds for an opening", "toggles"),
     ("performance-memory.svg", "openings", "KiB more than after the first", "memory"),
@@ -65,6 +67,16 @@ def numbered(folder, start):
     return sorted(points.items())
 
 
+def frames(measured):
+    """The frames over an application by the thousands of pixels that the screen has, in microseconds."""
+    points = []
+    for name, each in measured.items():
+        if name.startswith(FRAME) and not name.endswith(FLOOR):
+            width, height = map(int, name.removeprefix(FRAME).split(" x "))
+            points.append((width * height / 1000, statistics.median(each) / 1e3))
+    return sorted(points)
+
+
 def memory(path):
     points = {}
     for run in runs_of(path):
@@ -85,11 +97,13 @@ def machine():
 
 def take(folder, dylibs):
     sizes = {path.parts[-3].removeprefix("device-"): path.stat().st_size for path in dylibs}
+    measured = times(folder / "library.json") | times(folder / "phone.json")
     return {
         "date": datetime.date.today().isoformat(),
         "machine": machine(),
-        "ratios": ratios(times(folder / "library.json") | times(folder / "phone.json")),
+        "ratios": ratios(measured),
         "sizes": sizes,
+        "frames": frames(measured),
         "icons": numbered(folder, "icons"),
         "toggles": numbered(folder, "toggles"),
         "memory": memory(folder / "phone.json"),
@@ -150,7 +164,7 @@ set terminal svg size 640,320 dynamic background rgb 'white' font 'sans-serif,12
 set output '{picture}'
 set xlabel '{below}'
 set ylabel '{side}'
-{"set logscale x" if points[-1][0] > 100 else ""}
+{"set logscale x" if points[0][0] == 1 else ""}
 set yrange [0:*]
 set grid
 unset key

@@ -26,29 +26,29 @@ void count(NSString name) {
     History::shared().happened(Happening::posted, text);
 }
 
-void (*systemPost)(id, SEL, id) = nullptr;
-void (*systemPostName)(id, SEL, id, id, id) = nullptr;
+void (*uncountedPost)(id, SEL, id) = nullptr;
+void (*uncountedPostName)(id, SEL, id, id, id) = nullptr;
 
-void post(id self, SEL command, id notification) {
+void countPost(id self, SEL command, id notification) {
     count(Object(notification).send<"name", NSString>());
-    systemPost(self, command, notification);
+    uncountedPost(self, command, notification);
 }
 
-void postName(id self, SEL command, id name, id object, id userInfo) {
+void countPostName(id self, SEL command, id name, id object, id userInfo) {
     count(NSString(name));
-    systemPostName(self, command, name, object, userInfo);
+    uncountedPostName(self, command, name, object, userInfo);
 }
 
 }  // namespace
 
 void installNotificationCounts() {
-    if (systemPost) return;
-    systemPost = reinterpret_cast<void (*)(id, SEL, id)>(
+    if (uncountedPost) return;
+    uncountedPost = reinterpret_cast<void (*)(id, SEL, id)>(
         replaceMethod("NSNotificationCenter", MethodKind::instance,
-                      "postNotification:", reinterpret_cast<IMP>(&post)));
-    systemPostName = reinterpret_cast<void (*)(id, SEL, id, id, id)>(
-        replaceMethod("NSNotificationCenter", MethodKind::instance,
-                      "postNotificationName:object:userInfo:", reinterpret_cast<IMP>(&postName)));
+                      "postNotification:", reinterpret_cast<IMP>(&countPost)));
+    uncountedPostName = reinterpret_cast<void (*)(id, SEL, id, id, id)>(replaceMethod(
+        "NSNotificationCenter", MethodKind::instance,
+        "postNotificationName:object:userInfo:", reinterpret_cast<IMP>(&countPostName)));
 }
 
 long notificationPosts(std::string_view name) {

@@ -103,12 +103,12 @@ void tell(NSNotification notification) {
     }
 }
 
-void post(id self, SEL command, id notification) {
+void postInOrder(id self, SEL command, id notification) {
     if (isDefault(self) && notification) tell(NSNotification(notification));
     systemPost(self, command, notification);  // whoever registered before all of this
 }
 
-void postName(id self, SEL command, id name, id object, id userInfo) {
+void postNameInOrder(id self, SEL command, id name, id object, id userInfo) {
     if (isDefault(self) && name) {
         tell(platform::sendClass<NSNotification, "notificationWithName:object:userInfo:",
                                  NSNotification>(Object(name), Object(object), Object(userInfo)));
@@ -128,8 +128,8 @@ void installNotificationOrder() {
     if (systemAdd) return;
     replaceOne("addObserver:selector:name:object:", systemAdd, &add);
     replaceOne("removeObserver:name:object:", systemRemove, &remove);
-    replaceOne("postNotification:", systemPost, &post);
-    replaceOne("postNotificationName:object:userInfo:", systemPostName, &postName);
+    replaceOne("postNotification:", systemPost, &postInOrder);
+    replaceOne("postNotificationName:object:userInfo:", systemPostName, &postNameInOrder);
 }
 
 }  // namespace simulator

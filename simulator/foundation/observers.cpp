@@ -40,39 +40,39 @@ void tie(id observer) {
 
 // The centre tells nobody how much it holds, so it is written down beside it. An empty name or object is
 // one that was not given.
-struct Registration {
+struct Holding {
     std::string name;
     id object;
 };
-struct Registrations {
+struct Holdings {
     std::mutex lock;  // objects may go on any thread
-    std::map<id, std::vector<Registration>> byObserver;
+    std::map<id, std::vector<Holding>> byObserver;
     long count = 0;
 
-    void add(id observer, const Registration& registration) {
+    void add(id observer, const Holding& held) {
         const std::lock_guard<std::mutex> locked(lock);
-        byObserver[observer].push_back(registration);
+        byObserver[observer].push_back(held);
         ++count;
     }
-    void remove(id observer, const Registration& which) {
+    void remove(id observer, const Holding& which) {
         const std::lock_guard<std::mutex> locked(lock);
         const auto found = byObserver.find(observer);
         if (found == byObserver.end()) return;
-        count -= static_cast<long>(std::erase_if(found->second, [&](const Registration& each) {
+        count -= static_cast<long>(std::erase_if(found->second, [&](const Holding& each) {
             return (which.name.empty() || which.name == each.name) &&
                    (!which.object || which.object == each.object);
         }));
         if (found->second.empty()) byObserver.erase(found);
     }
 };
-Registrations& registrations() {
-    static auto& kept = *new Registrations;
+Holdings& holdings() {
+    static auto& kept = *new Holdings;
     return kept;
 }
 
 bool isDefaultCenter(id center) { return NSNotificationCenter::defaultCenter().get() == center; }
 
-Registration registration(id name, id object) {
+Holding holding(id name, id object) {
     return {name ? platform::NSString(name).utf8() : "", object};
 }
 
@@ -82,13 +82,13 @@ void (*systemRemoveObserver)(id, SEL, id, id, id) = nullptr;
 void addObserver(id self, SEL command, id observer, SEL action, id name, id object) {
     systemAddObserver(self, command, observer, action, name, object);
     if (!isDefaultCenter(self)) return;
-    registrations().add(observer, registration(name, object));
+    holdings().add(observer, holding(name, object));
     tie(observer);
 }
 
 void removeObserver(id self, SEL command, id observer, id name, id object) {
     systemRemoveObserver(self, command, observer, name, object);
-    if (isDefaultCenter(self)) registrations().remove(observer, registration(name, object));
+    if (isDefaultCenter(self)) holdings().remove(observer, holding(name, object));
 }
 
 }  // namespace
@@ -106,8 +106,8 @@ void installObservers() {
 }
 
 long registeredObservers() {
-    const std::lock_guard<std::mutex> locked(registrations().lock);
-    return registrations().count;
+    const std::lock_guard<std::mutex> locked(holdings().lock);
+    return holdings().count;
 }
 
 }  // namespace simulator

@@ -81,7 +81,7 @@ nlohmann::json dictionaryJson(platform::NSDictionary dictionary) {
 // What a phone keeps is far smaller than this; the sums of it must not end the process.
 constexpr std::size_t largest = std::size_t{1} << 20;  // bytes
 constexpr std::size_t mostObjects = 100'000;
-constexpr int deepest = 200;
+constexpr int deepestList = 200;
 
 bool isMarkup(std::string_view bytes) {
     const std::size_t first = bytes.find_first_not_of(" \t\r\n");
@@ -150,7 +150,7 @@ Object dictionaryOf(plist_t node, int depth) {
 }
 
 Object objectOf(plist_t node, int depth) {
-    if (!node || depth > deepest) return {};
+    if (!node || depth > deepestList) return {};
     switch (plist_get_node_type(node)) {
         case PLIST_BOOLEAN: {
             std::uint8_t value = 0;
@@ -255,8 +255,8 @@ Object decodePropertyList(std::string_view bytes) {
     if (bytes.empty() || bytes.size() > largest) return {};
     const bool isBinary = bytes.starts_with("bplist");
     if (!isBinary && bytes.find('\0') != std::string_view::npos) return {};
-    if (!isBinary && !isMarkup(bytes)) return readTextList(bytes, deepest);
-    if (isBinary && !isBoundedBinaryList(bytes, deepest, mostObjects)) return {};
+    if (!isBinary && !isMarkup(bytes)) return readTextList(bytes, deepestList);
+    if (isBinary && !isBoundedBinaryList(bytes, deepestList, mostObjects)) return {};
     plist_t root = nullptr;
     plist_from_memory(bytes.data(), static_cast<std::uint32_t>(bytes.size()), &root);
     Object read = root ? objectOf(root, 0) : Object();

@@ -1,4 +1,4 @@
-// Fixups told as chains: each pointer holds what it shall become and the distance to the next, in
+// Fixups told as chains: each pointer holds chainedFixups it shall become and the distance to the next, in
 // steps of four bytes; a table holds where the first one of each page is. Formats are those of
 // 64-bit images with plain pointers; those with signed pointers are arm64e's.
 #include <array>
@@ -9,8 +9,7 @@ namespace simulator::loader {
 
 namespace {
 
-constexpr std::string_view what = "the chained fixups";
-constexpr std::uint64_t pointerSize = 8;
+constexpr std::string_view chainedFixups = "the chained fixups";
 constexpr std::uint64_t step = 4;
 
 enum ImportFormat : std::uint32_t { plainImports = 1, smallAddends = 2, largeAddends = 3 };
@@ -41,28 +40,30 @@ class ChainReader {
                            " of chained fixups is unknown");
         if (number(24) != 0) throw BadImage("the names in the chained fixups are compressed");
         readImports();
-        const Bytes starts = chains_.from(number(4), what);
-        const auto segments = starts.read<std::uint32_t>(0, what);
+        const Bytes starts = chains_.from(number(4), chainedFixups);
+        const auto segments = starts.read<std::uint32_t>(0, chainedFixups);
         for (std::uint64_t index = 0; index < segments; ++index) {
-            const auto offset = starts.read<std::uint32_t>(4 + 4 * index, what);
-            if (offset != 0) readSegment(starts.from(offset, what));
+            const auto offset = starts.read<std::uint32_t>(4 + 4 * index, chainedFixups);
+            if (offset != 0) readSegment(starts.from(offset, chainedFixups));
         }
         return std::move(fixups_);
     }
 
   private:
-    std::uint32_t number(std::uint64_t at) const { return chains_.read<std::uint32_t>(at, what); }
+    std::uint32_t number(std::uint64_t at) const {
+        return chains_.read<std::uint32_t>(at, chainedFixups);
+    }
 
     void readImports() {
-        const Bytes imports = chains_.from(number(8), what);
-        const Bytes names = chains_.from(number(12), what);
+        const Bytes imports = chains_.from(number(8), chainedFixups);
+        const Bytes names = chains_.from(number(12), chainedFixups);
         const std::uint32_t count = number(16);
         const std::uint32_t format = number(20);
         constexpr std::array<std::uint64_t, 4> sizes{0, 4, 8, 16};
         if (format < plainImports || format > largeAddends)
             throw BadImage("the imports of the chained fixups have unknown format " +
                            std::to_string(format));
-        imports.part(0, count * sizes[format], what);
+        imports.part(0, count * sizes[format], chainedFixups);
         for (std::uint32_t index = 0; index < count; ++index) {
             const std::uint64_t at = index * sizes[format];
             imports_.push_back(format == largeAddends ? largeImport(imports, at, names)
@@ -72,28 +73,29 @@ class ChainReader {
     }
 
     static Import smallImport(Bytes imports, std::uint64_t at, Bytes names, std::uint32_t format) {
-        const auto entry = imports.read<std::uint32_t>(at, what);
+        const auto entry = imports.read<std::uint32_t>(at, chainedFixups);
         const std::int64_t addend =
-            format == smallAddends ? imports.read<std::int32_t>(at + 4, what) : 0;
-        return {names.text(bits(entry, 9, 23), what), addend,
+            format == smallAddends ? imports.read<std::int32_t>(at + 4, chainedFixups) : 0;
+        return {names.text(bits(entry, 9, 23), chainedFixups), addend,
                 static_cast<std::int8_t>(bits(entry, 0, 8)), bits(entry, 8, 1) != 0};
     }
 
     static Import largeImport(Bytes imports, std::uint64_t at, Bytes names) {
-        const auto entry = imports.read<std::uint64_t>(at, what);
-        return {names.text(bits(entry, 32, 32), what), imports.read<std::int64_t>(at + 8, what),
+        const auto entry = imports.read<std::uint64_t>(at, chainedFixups);
+        return {names.text(bits(entry, 32, 32), chainedFixups),
+                imports.read<std::int64_t>(at + 8, chainedFixups),
                 static_cast<std::int16_t>(bits(entry, 0, 16)), bits(entry, 16, 1) != 0};
     }
 
     void readSegment(Bytes starts) {
-        const auto page = starts.read<std::uint16_t>(4, what);
-        const auto format = starts.read<std::uint16_t>(6, what);
-        const auto offset = starts.read<std::uint64_t>(8, what);
-        const auto pages = starts.read<std::uint16_t>(20, what);
+        const auto page = starts.read<std::uint16_t>(4, chainedFixups);
+        const auto format = starts.read<std::uint16_t>(6, chainedFixups);
+        const auto offset = starts.read<std::uint64_t>(8, chainedFixups);
+        const auto pages = starts.read<std::uint16_t>(20, chainedFixups);
         checkFormat(format);
         if (page == 0) throw BadImage("the pages of the chained fixups have no size");
         for (std::uint64_t index = 0; index < pages; ++index) {
-            const auto first = starts.read<std::uint16_t>(22 + 2 * index, what);
+            const auto first = starts.read<std::uint16_t>(22 + 2 * index, chainedFixups);
             if (first == noFixups) continue;
             // Only chains of 32-bit pointers are so short that a page needs several.
             if (first & severalStarts) throw BadImage("a page has several chains of fixups");

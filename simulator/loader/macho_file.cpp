@@ -52,9 +52,9 @@ enum Command : std::uint32_t {
 constexpr std::string_view compiledClasses[] = {"__objc_classlist", "__objc_catlist",
                                                 "__objc_nlclslist", "__objc_nlcatlist"};
 
-class Reader {
+class ImageReader {
   public:
-    explicit Reader(std::span<const std::byte> bytes) { file_.bytes = Bytes(bytes); }
+    explicit ImageReader(std::span<const std::byte> bytes) { file_.bytes = Bytes(bytes); }
 
     MachOFile read() {
         checkHeader();
@@ -273,6 +273,6 @@ Bytes MachOFile::contents(std::uint64_t address, std::uint64_t size, std::string
     return bytes.part(segment->fileOffset + (address - segment->address), size, what);
 }
 
-MachOFile readMachO(std::span<const std::byte> bytes) { return Reader(bytes).read(); }
+MachOFile readMachO(std::span<const std::byte> bytes) { return ImageReader(bytes).read(); }
 
 }  // namespace simulator::loader

@@ -21,6 +21,7 @@ inline constexpr std::uint32_t arm64Subtype = 0;
 inline constexpr std::uint32_t arm64eSubtype = 2;
 // Segments of arm64 start on pages of 16 KiB.
 inline constexpr std::uint64_t pageSize = 0x4000;
+inline constexpr std::uint64_t pointerSize = 8;  // bytes
 
 struct Section {
     std::string_view segment;

@@ -10,7 +10,6 @@ namespace {
 constexpr std::uint8_t opcodeMask = 0xf0;
 constexpr std::uint8_t immediateMask = 0x0f;
 constexpr std::uint8_t pointerType = 1;
-constexpr std::uint64_t pointerSize = 8;
 
 enum RebaseOpcode : std::uint8_t {
     rebaseDone = 0x00,

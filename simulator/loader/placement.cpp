@@ -10,7 +10,6 @@ namespace {
 
 constexpr std::uint32_t initialiserPointers = 0x09;
 constexpr std::uint32_t initialiserOffsets = 0x16;
-constexpr std::uint64_t pointerSize = 8;
 
 std::uint64_t placed(const MachOFile& file, Memory memory, std::uint64_t address) {
     return reinterpret_cast<std::uintptr_t>(memory.data()) + (address - file.start());

@@ -7,9 +7,9 @@ namespace simulator::loader {
 
 namespace {
 
-class Reader {
+class ShapeReader {
   public:
-    explicit Reader(std::string_view encoding) : rest_(encoding) {}
+    explicit ShapeReader(std::string_view encoding) : rest_(encoding) {}
 
     std::string read() {
         while (!rest_.empty()) type();
@@ -84,6 +84,6 @@ class Reader {
 
 }  // namespace
 
-std::string shape(const char* encoding) { return Reader(encoding ? encoding : "").read(); }
+std::string shape(const char* encoding) { return ShapeReader(encoding ? encoding : "").read(); }
 
 }  // namespace simulator::loader

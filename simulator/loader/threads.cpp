@@ -4,9 +4,8 @@ namespace simulator::loader {
 
 namespace {
 
-constexpr std::string_view what = "a threaded pointer";
-constexpr std::uint64_t pointerSize = 8;
-constexpr std::uint64_t page = 0x1000;
+constexpr std::string_view threadedPointer = "a threaded pointer";
+constexpr std::uint64_t threadPage = 0x1000;
 
 // `count` bits of the number from bit `first` on.
 constexpr std::uint64_t bits(std::uint64_t number, unsigned first, unsigned count) {
@@ -56,10 +55,11 @@ void check(const MachOFile& file, std::uint64_t address, const Fixups& fixups) {
 
 void followThread(const MachOFile& file, std::uint64_t address, std::span<const Bind> symbols,
                   Fixups& fixups) {
-    const std::uint64_t end = (address / page + 1) * page;
+    const std::uint64_t end = (address / threadPage + 1) * threadPage;
     for (;;) {
         check(file, address, fixups);
-        const auto pointer = file.contents(address, pointerSize, what).read<std::uint64_t>(0, what);
+        const auto pointer = file.contents(address, pointerSize, threadedPointer)
+                                 .read<std::uint64_t>(0, threadedPointer);
         take(file, address, pointer, symbols, fixups);
         const std::uint64_t distance = bits(pointer, 51, 11);
         if (distance == 0) return;

@@ -6,7 +6,7 @@ namespace simulator::loader {
 
 namespace {
 
-constexpr std::string_view what = "the unwind information";
+constexpr std::string_view unwindInformation = "the unwind information";
 
 enum PageKind : std::uint32_t { regularPage = 2, compressedPage = 3 };
 
@@ -35,9 +35,9 @@ constexpr SavedPair savedPairs[] = {
     {0x100, 72, 73}, {0x200, 74, 75}, {0x400, 76, 77}, {0x800, 78, 79},
 };
 
-class Reader {
+class UnwindReader {
   public:
-    Reader(const MachOFile& file, Bytes info) : file_(file), info_(info) {}
+    UnwindReader(const MachOFile& file, Bytes info) : file_(file), info_(info) {}
 
     std::vector<UnwindEntry> read() {
         if (number(0) != 1) throw BadImage("its unwind information has an unknown version");
@@ -45,7 +45,7 @@ class Reader {
         const std::uint64_t index = number(20);
         const std::uint32_t count = number(24);
         constexpr std::uint64_t indexSize = 12;
-        info_.part(index, count * indexSize, what);
+        info_.part(index, count * indexSize, unwindInformation);
         // The last one has no page; it says where the last function ends.
         for (std::uint64_t entry = 0; entry + 1 < count; ++entry) {
             const std::uint64_t at = index + entry * indexSize;
@@ -56,31 +56,35 @@ class Reader {
     }
 
   private:
-    std::uint32_t number(std::uint64_t at) const { return info_.read<std::uint32_t>(at, what); }
+    std::uint32_t number(std::uint64_t at) const {
+        return info_.read<std::uint32_t>(at, unwindInformation);
+    }
 
     void readEncodings(std::vector<std::uint32_t>& encodings, std::uint64_t at,
                        std::uint64_t count) const {
-        Cursor cursor(info_.part(at, count * 4, what), what);
+        Cursor cursor(info_.part(at, count * 4, unwindInformation), unwindInformation);
         encodings.clear();
         while (!cursor.done()) encodings.push_back(cursor.take<std::uint32_t>());
     }
 
     void readPage(std::uint64_t firstFunction, std::uint64_t at) {
-        const Bytes page = info_.from(at, what);
-        const auto kind = page.read<std::uint32_t>(0, what);
-        const auto entries = page.read<std::uint16_t>(4, what);
-        const auto count = page.read<std::uint16_t>(6, what);
+        const Bytes page = info_.from(at, unwindInformation);
+        const auto kind = page.read<std::uint32_t>(0, unwindInformation);
+        const auto entries = page.read<std::uint16_t>(4, unwindInformation);
+        const auto count = page.read<std::uint16_t>(6, unwindInformation);
         if (kind == regularPage) {
-            Cursor cursor(page.part(entries, count * std::uint64_t{8}, what), what);
+            Cursor cursor(page.part(entries, count * std::uint64_t{8}, unwindInformation),
+                          unwindInformation);
             while (!cursor.done()) {
                 const auto start = cursor.take<std::uint32_t>();
                 add(start, cursor.take<std::uint32_t>());
             }
         } else if (kind == compressedPage) {
             std::vector<std::uint32_t> own;
-            readEncodings(own, at + page.read<std::uint16_t>(8, what),
-                          page.read<std::uint16_t>(10, what));
-            Cursor cursor(page.part(entries, count * std::uint64_t{4}, what), what);
+            readEncodings(own, at + page.read<std::uint16_t>(8, unwindInformation),
+                          page.read<std::uint16_t>(10, unwindInformation));
+            Cursor cursor(page.part(entries, count * std::uint64_t{4}, unwindInformation),
+                          unwindInformation);
             while (!cursor.done()) {
                 const auto entry = cursor.take<std::uint32_t>();
                 add(firstFunction + (entry & 0xffffff), encoding(entry >> 24, own));
@@ -253,7 +257,9 @@ void writeFunction(Writer& writer, const UnwindEntry& entry, std::uint64_t slide
 std::vector<UnwindEntry> readUnwindInfo(const MachOFile& file) {
     const Section* section = file.section("__TEXT", "__unwind_info");
     if (!section || section->size == 0) return {};
-    auto entries = Reader(file, file.contents(section->address, section->size, what)).read();
+    auto entries =
+        UnwindReader(file, file.contents(section->address, section->size, unwindInformation))
+            .read();
     const Descriptions descriptions(file);
     for (UnwindEntry& entry : entries) {
         if ((entry.encoding & modeMask) == describedMode)

@@ -15,13 +15,13 @@ namespace simulator {
 
 namespace {
 
-struct Setting {
+struct LibrarySetting {
     std::string_view key;
     std::string_view whenAbsent;
     std::string_view meaning;
 };
 
-constexpr std::array<Setting, 18> settings{{
+constexpr std::array<LibrarySetting, 18> settings{{
     {"enabled", "true", "the toolbar as a whole; read when SpringBoard starts"},
     {"replaceCC", "false", "pulls for Control Center bring the toolbar; read at the start"},
     {"reachability", "false", "the toolbar comes with Reachability; read at the start"},
@@ -75,7 +75,7 @@ std::vector<std::string> knownSystems() {
 
 std::vector<std::string> knownSettings() {
     std::vector<std::string> names;
-    for (const Setting& setting : settings) names.emplace_back(setting.key);
+    for (const LibrarySetting& setting : settings) names.emplace_back(setting.key);
     return names;
 }
 
@@ -123,7 +123,7 @@ void printDevices(std::ostream& output) {
 
 void printSettings(std::ostream& output) {
     output << "Keys of the settings file:\n";
-    for (const Setting& setting : settings) {
+    for (const LibrarySetting& setting : settings) {
         output << "  " << std::left << std::setw(24) << setting.key << std::setw(7)
                << setting.whenAbsent << setting.meaning << '\n';
     }

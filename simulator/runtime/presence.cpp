@@ -6,18 +6,18 @@ namespace simulator {
 
 namespace {
 
-int release = 0;
+int ownRelease = 0;
 
 }  // namespace
 
-void makeReal(int of) { release = of; }
+void makeReal(int of) { ownRelease = of; }
 
-int realRelease() { return release; }
+int realRelease() { return ownRelease; }
 
 bool has(std::string_view className, Kind kind, std::string_view name, On phones) {
     if (isMissingMethod(className, name)) return false;
-    if (release == 0) return phones == On::allPhones;
-    const auto known = finding(className, kind, name, release);
+    if (ownRelease == 0) return phones == On::allPhones;
+    const auto known = finding(className, kind, name, ownRelease);
     return known ? known->found != Found::absent : phones == On::allPhones;
 }
 

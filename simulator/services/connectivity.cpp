@@ -39,8 +39,7 @@ struct ConnectivityButton {
 constexpr const char* moduleBundle =
     "/System/Library/ControlCenter/Bundles/ConnectivityModule.bundle";
 constexpr double glyphSide = 24;  // points
-constexpr unsigned long flexibleSize = 2 | 16;
-constexpr long centred = 1;  // text alignment
+constexpr long centred = 1;       // text alignment
 
 struct RoundButtonState;
 

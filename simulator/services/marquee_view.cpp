@@ -18,7 +18,6 @@ constexpr double pause = 2;     // seconds at rest before each round
 constexpr double rate = 30;     // points a second
 constexpr double fade = 10;     // points at each edge
 constexpr double overhang = 4;  // lines may reach so far above and below without being cut
-constexpr unsigned long flexibleSize = 2 | 16;
 
 struct MarqueeContentView : UIView {
     static constexpr FixedString name{"_MPUMarqueeContentView"};

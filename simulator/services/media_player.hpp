@@ -16,6 +16,9 @@
 
 namespace simulator {
 
+// The side of the cover that a phone shows of what plays, in points.
+inline constexpr double artworkSide = 120;
+
 struct Track {
     std::string title, artist, album;
     std::string artworkId;  // names the picture; empty for a track without one

@@ -18,10 +18,9 @@ namespace {
 
 using Change = MediaPlayer::Change;
 
-constexpr const char* library =
+constexpr const char* mediaRemote =
     "/System/Library/PrivateFrameworks/MediaRemote.framework/MediaRemote";
-constexpr double artworkSide = 120;  // points
-constexpr double artworkScale = 2;   // pixels per point
+constexpr double artworkScale = 2;  // pixels per point
 
 // Clients that registered for the notifications; the queue that they name is always the main one.
 int registrations = 0;
@@ -119,16 +118,16 @@ void tell(Change change) {
 int questionsToMediaRemote() { return questions; }
 
 void exportMediaRemote() {
-    exportFunction(library, "MRMediaRemoteGetNowPlayingInfo", &getNowPlayingInfo);
-    exportFunction(library, "MRMediaRemoteGetNowPlayingApplicationIsPlaying", &getIsPlaying);
-    exportFunction(library, "MRMediaRemoteGetNowPlayingApplicationPID", &getProcess);
-    exportFunction(library, "MRMediaRemoteRegisterForNowPlayingNotifications",
+    exportFunction(mediaRemote, "MRMediaRemoteGetNowPlayingInfo", &getNowPlayingInfo);
+    exportFunction(mediaRemote, "MRMediaRemoteGetNowPlayingApplicationIsPlaying", &getIsPlaying);
+    exportFunction(mediaRemote, "MRMediaRemoteGetNowPlayingApplicationPID", &getProcess);
+    exportFunction(mediaRemote, "MRMediaRemoteRegisterForNowPlayingNotifications",
                    &registerForNotifications);
-    exportSymbol(library, "kMRMediaRemoteNowPlayingApplicationDidChangeNotification",
+    exportSymbol(mediaRemote, "kMRMediaRemoteNowPlayingApplicationDidChangeNotification",
                  nameOf(Change::application));
-    exportSymbol(library, "kMRMediaRemoteNowPlayingApplicationIsPlayingDidChangeNotification",
+    exportSymbol(mediaRemote, "kMRMediaRemoteNowPlayingApplicationIsPlayingDidChangeNotification",
                  nameOf(Change::playState));
-    exportSymbol(library, "kMRMediaRemoteNowPlayingInfoDidChangeNotification",
+    exportSymbol(mediaRemote, "kMRMediaRemoteNowPlayingInfoDidChangeNotification",
                  nameOf(Change::track));
     MediaPlayer::shared().listen(&tell);
 }

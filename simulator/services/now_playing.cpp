@@ -17,8 +17,6 @@ namespace {
 using Controller = MPUNowPlayingController;
 using Change = MediaPlayer::Change;
 
-constexpr double artworkSide = 120;  // points
-
 bool onOtherThread = false;
 
 std::vector<Controller>& controllers() {

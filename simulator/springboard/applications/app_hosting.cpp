@@ -29,7 +29,6 @@ struct AppViewState {
 
 constexpr long liveMode = 2;
 constexpr double sceneTime = 0.2;  // seconds until a process has made its scene
-constexpr unsigned long flexibleSize = 2 | 16;
 
 AppViewState& stateIn(SBAppViewController self) { return stateOf<AppViewState>(self); }
 

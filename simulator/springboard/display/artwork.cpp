@@ -14,6 +14,7 @@
 #include "simulator/runtime/date.hpp"
 #include "simulator/services/radios.hpp"
 #include "simulator/services/system_settings.hpp"
+#include "simulator/uikit/parts.hpp"
 #include "simulator/uikit/screen/screen.hpp"
 #include "simulator/uikit/view/view.hpp"
 #include "simulator/uikit/view/window/window.hpp"
@@ -25,7 +26,6 @@ namespace {
 using rendering::Node;
 using rendering::PictureRef;
 
-constexpr unsigned long flexibleSize = 2 | 16;
 constexpr long darkStyle = 2;
 
 const char imageKey = 0;

@@ -26,8 +26,6 @@ struct WallpaperEffectState {
     long variant;
 };
 
-constexpr unsigned long flexibleSize = 2 | 16;
-
 void fill(UIView view, UIView part) {
     part.setFrame(view.bounds());
     part.send<"setAutoresizingMask:">(flexibleSize);
