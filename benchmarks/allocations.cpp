@@ -37,14 +37,18 @@ int findLibrary(dl_phdr_info* object, std::size_t, void*) {
 
 void watchLibrary() { dl_iterate_phdr(&findLibrary, nullptr); }
 
+bool isOfLibrary(const void* code) {
+    const auto address = reinterpret_cast<std::uintptr_t>(code);
+    return address >= library.first && address < library.end;
+}
+
 Allocations allocations() { return counted; }
 
 namespace detail {
 
 void count(const void* caller) {
     ++counted.all;
-    const auto address = reinterpret_cast<std::uintptr_t>(caller);
-    if (address >= library.first && address < library.end) ++counted.library;
+    if (isOfLibrary(caller)) ++counted.library;
 }
 
 }  // namespace detail

@@ -12,6 +12,9 @@ struct Allocations {
 // Looks up where the library lies in memory; call it once the library is loaded.
 void watchLibrary();
 
+// Whether the code at that address is the library's.
+bool isOfLibrary(const void* address);
+
 // What was counted since the process started.
 Allocations allocations();
 

@@ -21,6 +21,7 @@
 #include <vector>
 
 #include "benchmarks/allocations.hpp"
+#include "benchmarks/asked.hpp"
 #include "platform/springboard.hpp"
 #include "simulator/phone/screen_picture.hpp"
 #include "simulator/runtime/clock.hpp"
@@ -194,23 +195,31 @@ void memoryAfterOpenings(benchmark::State& state) {
     state.counters["all"] = before;
 }
 
-// The same movement of the toolbar's view and shadow by the system alone.
+// What the opening asks of the system, and the two springs that move the toolbar, without the library.
 void openToolbarFloor(benchmark::State& state) {
-    auto settle = [](double distance) {
+    phone->setting("alwaysSpringBoardStyle", true);
+    const auto close = [] {
+        springBoardToolbar().send<"dismissVNTSB">();
+        passFrames();
+    };
+    const benchmarks::Asked asked(&pullUp);
+    close();
+    const double height = springBoardToolbar().send<"maxHeight", double>();
+    auto spring = [](double distance) {
         auto changes = block([distance] { moveToolbar(distance); });
         UIView::animateWithSpring(0.5, 0, 0.6, 0.3, 0, changes, {});
     };
     for (auto _ : state) {
         AutoreleasePool pool;
-        settle(10);
-        for (int i = 1; i <= 10; ++i) moveToolbar(30.0 * i);
-        settle(515);
+        asked.again();
+        spring(10);
+        spring(height);
         passFrames();
         state.PauseTiming();
-        settle(0);
-        passFrames();
+        close();
         state.ResumeTiming();
     }
+    state.counters["asked"] = static_cast<double>(asked.count());
 }
 
 void countFrames(benchmark::State& state) {
