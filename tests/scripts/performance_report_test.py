@@ -22,7 +22,7 @@ def row(lowest, ratio, highest):
 def of(rows, sizes=None, date="2030-01-02"):
     return {
         "date": date, "machine": "a machine", "ratios": rows, "sizes": sizes or {},
-        "icons": [], "toggles": [], "memory": [],
+        "frames": [], "icons": [], "toggles": [], "memory": [],
     }  # fmt: skip
 
 
@@ -55,6 +55,13 @@ class ReportTest(unittest.TestCase):
         for count in (10, 2):
             self.write(f"icons-{count}.json", taken("opening the toolbar", 100 + count))
         self.assertEqual(report.numbered(self.folder, "icons"), [(2, 102), (10, 110)])
+
+    def test_frames_are_in_the_order_of_their_pixels(self):
+        path = self.write(
+            "phone.json", taken("a drawn frame, application, 750 x 1600", 30), taken("a drawn frame, application, 750 x 1600/floor", 4),
+            taken("a drawn frame, application, 100 x 200", 7), taken("a drawn frame, home screen, 100 x 200", 9),
+        )  # fmt: skip
+        self.assertEqual(report.frames(report.times(path)), [(20, 7), (1200, 30)])
 
     def test_memory_is_in_kibibytes(self):
         path = self.write("phone.json", taken("memory after openings/100/iterations:1", 1, bytes=3072))
