@@ -35,6 +35,7 @@ using simulator::PullPhase;
 constexpr double edge = 60;  // in the left zone, which is on without a setting
 
 simulator::Phone* phone = nullptr;
+double toolbarHeight = 0;  // of the pages on top of each other
 
 Object shared(const char* className) {
     return Object(classObject(objc_getClass(className))).send<"sharedInstance", Object>();
@@ -92,7 +93,7 @@ void lift(double distance) {
     UIView container = SBMainDisplaySceneLayoutViewController::main().sceneContainerView();
     const CGSize screen = UIScreen::mainScreen().bounds().size;
     container.setFrame(rect(0, -distance, screen.width, screen.height));
-    container.layer().setCornerRadius(distance / 515 * 30);
+    container.layer().setCornerRadius(distance / toolbarHeight * 30);
 }
 // ... and for the toolbar in a window of its own.
 void moveToolbar(double distance) {
@@ -204,7 +205,7 @@ void openToolbarFloor(benchmark::State& state) {
         AutoreleasePool pool;
         settle(10);
         for (int i = 1; i <= 10; ++i) moveToolbar(30.0 * i);
-        settle(515);
+        settle(toolbarHeight);
         passFrames();
         state.PauseTiming();
         settle(0);
@@ -331,6 +332,7 @@ int main(int count, char** arguments) {
     phone->plist("/var/mobile/Library/Preferences/com.ferolin.VantoriHistoryVersion.plist",
                  nlohmann::json::array({"1.2.1"}));
     phone->boot();
+    toolbarHeight = springBoardToolbar().send<"suggestedY", double>();
     benchmarks::watchLibrary();
     registerBenchmarks();
     benchmark::RunSpecifiedBenchmarks();
