@@ -36,6 +36,7 @@ using simulator::PullPhase;
 constexpr double edge = 60;  // in the left zone, which is on without a setting
 
 simulator::Phone* phone = nullptr;
+double toolbarHeight = 0;  // of the pages on top of each other
 
 Object shared(const char* className) {
     return Object(classObject(objc_getClass(className))).send<"sharedInstance", Object>();
@@ -93,7 +94,7 @@ void lift(double distance) {
     UIView container = SBMainDisplaySceneLayoutViewController::main().sceneContainerView();
     const CGSize screen = UIScreen::mainScreen().bounds().size;
     container.setFrame(rect(0, -distance, screen.width, screen.height));
-    container.layer().setCornerRadius(distance / 515 * 30);
+    container.layer().setCornerRadius(distance / toolbarHeight * 30);
 }
 // ... and for the toolbar in a window of its own.
 void moveToolbar(double distance) {
@@ -204,7 +205,6 @@ void openToolbarFloor(benchmark::State& state) {
     };
     const benchmarks::Asked asked(&pullUp);
     close();
-    const double height = springBoardToolbar().send<"maxHeight", double>();
     auto spring = [](double distance) {
         auto changes = block([distance] { moveToolbar(distance); });
         UIView::animateWithSpring(0.5, 0, 0.6, 0.3, 0, changes, {});
@@ -213,7 +213,7 @@ void openToolbarFloor(benchmark::State& state) {
         AutoreleasePool pool;
         asked.again();
         spring(10);
-        spring(height);
+        spring(toolbarHeight);
         passFrames();
         state.PauseTiming();
         close();
@@ -340,6 +340,7 @@ int main(int count, char** arguments) {
     phone->plist("/var/mobile/Library/Preferences/com.ferolin.VantoriHistoryVersion.plist",
                  nlohmann::json::array({"1.2.1"}));
     phone->boot();
+    toolbarHeight = springBoardToolbar().send<"suggestedY", double>();
     benchmarks::watchLibrary();
     registerBenchmarks();
     benchmark::RunSpecifiedBenchmarks();

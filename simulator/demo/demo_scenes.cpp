@@ -108,8 +108,11 @@ shot "toggles.png" at 2
 boot
 pull 60 320 over 0.3
 wait 1
-touch down 290 562
-touch move 320 562 over 0.3
+let toolbar = [VNTSBToolBarController sharedInstance]
+let panel = [[toolbar brightnessSliderContainerViewController] view]
+let y = H - [toolbar suggestedY] + [panel frame].y + 50
+touch down 290 y
+touch move 320 y over 0.3
 wait 0.5
 shot "slider.png" at 2
 touch up
@@ -131,7 +134,7 @@ shot "toggles-dark.png" at 2
 boot
 pull 60 320 over 0.3
 wait 1
-tap 63 367
+tap [[[[VNTSBToolBarController sharedInstance] connectivityBarViewController] airplane] view]
 wait 1
 shot "connectivity.png" at 2
 )",

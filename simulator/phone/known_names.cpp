@@ -21,7 +21,7 @@ struct LibrarySetting {
     std::string_view meaning;
 };
 
-constexpr std::array<LibrarySetting, 18> settings{{
+constexpr LibrarySetting settings[]{
     {"enabled", "true", "the toolbar as a whole; read when SpringBoard starts"},
     {"replaceCC", "false", "pulls for Control Center bring the toolbar; read at the start"},
     {"reachability", "false", "the toolbar comes with Reachability; read at the start"},
@@ -40,7 +40,7 @@ constexpr std::array<LibrarySetting, 18> settings{{
     {"volumeBar", "none", "the same"},
     {"appsBar", "none", "the same"},
     {"dailyBar", "none", "the same"},
-}};
+};
 
 // 0 for what is not there.
 std::pair<int, int> numbers(const std::string& version) {

@@ -23,15 +23,9 @@ namespace {
 constexpr const char* hostWindow = "VNTSBHostWindow";
 constexpr const char* welcomeWindow = "VNTUpdateWindow";
 
-// The heights that a toolbar can have: of a strip, of the grid of a phone on its side, of a stack.
-constexpr std::array<double, 3> heights{115, 215, 515};
 constexpr double tolerance = 0.01;
 
 bool same(double a, double b) { return std::abs(a - b) < tolerance; }
-
-bool isHeight(double length) {
-    return std::ranges::any_of(heights, [&](double each) { return same(each, length); });
-}
 
 std::string shown(double number) {
     std::string text = std::to_string(number);
@@ -108,7 +102,22 @@ Extent Extent::now() {
     return extent;
 }
 
+// Asked before each thing that may make it another, and when it is looked at: a toolbar that is open stays
+// at the height that it had when it was opened.
+void Soundness::noteHeights() {
+    for (const Object toolbar : {springBoardToolbar(), applicationToolbar()}) {
+        if (toolbar) heights_.insert(toolbar.send<"maxHeight", double>());
+    }
+    if (const Object above = springBoardToolbar())
+        heights_.insert(above.send<"suggestedY", double>());
+}
+
+bool Soundness::isHeight(double length) const {
+    return std::ranges::any_of(heights_, [&](double each) { return same(each, length); });
+}
+
 void Soundness::reported(Reporter reporter, GestureStage stage) {
+    noteHeights();
     if (stage == UIGestureRecognizer::began) pulling_.insert(reporter);
     if (stage == UIGestureRecognizer::cancelled && pulling_.contains(reporter)) takenBack();
     if (stage == UIGestureRecognizer::ended || stage == UIGestureRecognizer::cancelled)
@@ -134,6 +143,7 @@ void Soundness::noteTurns() {
 }
 
 void Soundness::posted(const std::string& notification) {
+    noteHeights();
     if (notification == "com.ferolin.vantori.did-rotated" ||
         notification == "UIDeviceOrientationDidChangeNotification")
         movedAway_ = true;
@@ -142,6 +152,7 @@ void Soundness::posted(const std::string& notification) {
 // Told in the middle of a pull that applications are no longer lifted, the release lifts nothing and
 // lowers nothing.
 void Soundness::announced() {
+    noteHeights();
     if (!pulling_.empty()) sceneLeft_ = true;
 }
 
@@ -152,6 +163,7 @@ std::optional<std::string> Soundness::unsettled() const {
 
 std::optional<std::string> Soundness::fault() {
     if (const auto& reason = crash()) return "raised: " + *reason;
+    noteHeights();
     noteTurns();
     if (const auto windows = windowFault()) return windows;
     if (const Object toolbar = springBoardToolbar()) {

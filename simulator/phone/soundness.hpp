@@ -1,7 +1,8 @@
 // What must hold of the extension on any phone whenever nothing moves and no finger is down, whatever was
-// done to it before: one window, a toolbar that is up or away and never between, one that counts as open
-// is seen and takes touches, pages that can be turned, an application in its place or lifted, and numbers
-// of views, recognisers, observers and timers that do not grow. Lengths in points.
+// done to it before: one window, a toolbar that is away or up by its own height and never between, one that
+// counts as open is seen and takes touches, pages that can be turned, an application in its place or lifted
+// by the height of a toolbar, and numbers of views, recognisers, observers and timers that do not grow.
+// Lengths in points.
 //
 // What the extension does so on purpose is no fault; each such case is named in the source with its reason.
 #pragma once
@@ -47,11 +48,14 @@ class Soundness {
     std::optional<std::string> fault();
 
   private:
+    void noteHeights();
+    bool isHeight(double length) const;
     void noteTurns();
     std::optional<std::string> toolbarFault(Object toolbar);
     std::optional<std::string> sceneFault();
     std::optional<std::string> growth();
 
+    std::set<double> heights_;  // that the toolbars said they have, so far
     std::set<Reporter> pulling_;
     bool leftInBetween_ = false;  // see takenBack()
     bool movedAway_ = false;      // see noteTurns()

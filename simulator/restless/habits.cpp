@@ -5,13 +5,11 @@
 #include <string>
 
 #include "simulator/restless/words.hpp"
+#include "simulator/services/system_settings.hpp"
 
 namespace simulator::restless {
 
 namespace {
-
-template <std::size_t count>
-using Words = std::array<std::string_view, count>;
 
 constexpr std::string_view preferences = "/var/mobile/Library/Preferences/com.ferolin.";
 
@@ -30,13 +28,13 @@ std::string distance(Hand& hand) { return points(hand.random.between(0, hand.hei
 // As quick as a release can be, either way, more often one that opens; or where it turns from one to the
 // other.
 std::string velocity(Hand& hand) {
-    static constexpr Words<7> turningPoints{"0", "-5", "-5.01", "-15", "15", "-1", "300"};
+    static constexpr std::string_view turningPoints[]{"0", "-5", "-5.01", "-15", "15", "-1", "300"};
     if (hand.random.chance(40)) return std::string(hand.random.oneOf(turningPoints));
     return points(hand.random.between(-500, 1500));
 }
 
 std::string level(Hand& hand) {
-    static constexpr Words<6> corners{"0", "1", "0.3", "0.6", "0.01", "0.61"};
+    static constexpr std::string_view corners[]{"0", "1", "0.3", "0.6", "0.01", "0.61"};
     if (hand.random.chance(40)) return std::string(hand.random.oneOf(corners));
     return seconds(hand.random.between(0, 1));
 }
@@ -70,8 +68,8 @@ void statusBar(Hand& hand) { report(hand, "statusbar", "statusbar", "changed"); 
 
 // Outside a pull it is the system's own affair, and moves nothing of the toolbar.
 void strayReport(Hand& hand) {
-    static constexpr Words<4> reports{"grabber updated", "grabber ended", "ccgrabber updated",
-                                      "ccgrabber ended"};
+    static constexpr std::string_view reports[]{"grabber updated", "grabber ended",
+                                                "ccgrabber updated", "ccgrabber ended"};
     hand.write("stray report", std::string(hand.random.oneOf(reports)) + " " + alongTheEdge(hand) +
                                    " " + distance(hand) + " " + velocity(hand));
 }
@@ -100,7 +98,7 @@ std::string ofAToolbar(Hand& hand, std::string_view path) {
 }
 
 void tapControl(Hand& hand) {
-    static constexpr Words<17> controls{
+    static constexpr std::string_view controls[]{
         "[[[T brightnessSliderContainerViewController] lowpowerVC] toggleButton]",
         "[[[T brightnessSliderContainerViewController] flashLightVC] toggleButton]",
         "[[[T brightnessSliderContainerViewController] sliderAppearanceVC] toggleButton]",
@@ -122,7 +120,7 @@ void tapControl(Hand& hand) {
 }
 
 void dragControl(Hand& hand) {
-    static constexpr Words<4> controls{
+    static constexpr std::string_view controls[]{
         "[[T brightnessSliderContainerViewController] brightnessSlider]",
         "[[T volumeSliderContainerViewController] volumeSlider]", "[T vantoriScrollView]",
         "[T grabberView]"};
@@ -133,13 +131,13 @@ void dragControl(Hand& hand) {
 }
 
 void leave(Hand& hand) {
-    static constexpr Words<4> ways{"do [front dismissVNTSB]", "tap [front backgroundShadowView]",
-                                   "home", "lock"};
+    static constexpr std::string_view ways[]{"do [front dismissVNTSB]",
+                                             "tap [front backgroundShadowView]", "home", "lock"};
     hand.write("leaving", std::string(hand.random.oneOf(ways)));
 }
 
 void reachability(Hand& hand) {
-    static constexpr Words<2> ways{
+    static constexpr std::string_view ways[]{
         "do [[SBReachabilityManager sharedInstance] toggleReachability]",
         "do [[SBReachabilityManager sharedInstance] reachabilityEnabled]"};
     hand.write("reachability", std::string(hand.random.oneOf(ways)));
@@ -151,7 +149,7 @@ void lock(Hand& hand) { hand.write("lock", hand.random.chance(25) ? "lock" : "un
 
 // Most of the time it is upright.
 void turn(Hand& hand) {
-    static constexpr Words<3> ways{"upside-down", "landscape-right", "landscape-left"};
+    static constexpr std::string_view ways[]{"upside-down", "landscape-right", "landscape-left"};
     const std::string_view way = hand.random.chance(60) ? "portrait" : hand.random.oneOf(ways);
     hand.write("turn", "rotate " + std::string(way));
     hand.turned(way.starts_with("landscape"));
@@ -162,7 +160,7 @@ void appearance(Hand& hand) {
 }
 
 void levels(Hand& hand) {
-    static constexpr Words<3> words{"volume ", "ringer ", "brightness "};
+    static constexpr std::string_view words[]{"volume ", "ringer ", "brightness "};
     if (hand.random.chance(20))
         hand.write("level", hand.random.chance(50) ? "volume-key up" : "volume-key down");
     else
@@ -174,7 +172,7 @@ void route(Hand& hand) {
 }
 
 void play(Hand& hand) {
-    static constexpr Words<4> titles{
+    static constexpr std::string_view titles[]{
         "One", "", "A very long title that has to scroll before anybody can read it", "\\n"};
     const auto title = [&] { return quoted(hand.random.oneOf(titles)) + " "; };
     hand.write("music", "play " + title() + title() + title() +
@@ -183,14 +181,12 @@ void play(Hand& hand) {
 }
 
 void player(Hand& hand) {
-    static constexpr Words<5> ways{"playing yes", "playing no", "nothing-playing",
-                                   "player-callbacks main", "player-callbacks other"};
+    static constexpr std::string_view ways[]{"playing yes", "playing no", "nothing-playing",
+                                             "player-callbacks main", "player-callbacks other"};
     hand.write("music", std::string(hand.random.oneOf(ways)));
 }
 
 void service(Hand& hand) {
-    static constexpr Words<7> names{"orientationlock", "ringermute", "lowpower", "donotdisturb",
-                                    "flashlight",      "nightshift", "truetone"};
     switch (hand.random.below(8)) {
         case 0:
             return hand.write("service", "flashlight-available" + std::string(yesOrNo(hand)));
@@ -201,18 +197,17 @@ void service(Hand& hand) {
         case 2:
             return hand.write("service", "recents " + someBundles(hand.random));
         default:
-            hand.write("service", "toggle " + std::string(hand.random.oneOf(names)) +
+            hand.write("service", "toggle " + std::string(hand.random.oneOf(settingNames)) +
                                       std::string(onOrOff(hand)));
     }
 }
 
 void announce(Hand& hand) {
-    static constexpr Words<4> names{
+    static constexpr std::string_view names[]{
         "VantoriPB/reloadSettings", "com.ferolin.vantori.refresh-all-daily-toggles",
         "com.ferolin.vantori.refresh-all-toggles", "com.ferolin.vantori.Back-Now"};
-    hand.write(
-        "announcement",
-        "darwin " + quoted(hand.random.chance(60) ? names.front() : hand.random.oneOf(names)));
+    hand.write("announcement",
+               "darwin " + quoted(hand.random.chance(60) ? names[0] : hand.random.oneOf(names)));
 }
 
 void set(Hand& hand) {
@@ -222,22 +217,23 @@ void set(Hand& hand) {
 }
 
 void post(Hand& hand) {
-    static constexpr Words<16> names{"should-refresh-state",
-                                     "should-refresh-value",
-                                     "should-show-brightnessSlider",
-                                     "should-hide-brightnessSlider",
-                                     "should-show-volumeSlider",
-                                     "should-hide-volumeSlider",
-                                     "com.ferolin.vantori-stopmarquee",
-                                     "com.ferolin.vantori-startmarquee",
-                                     "com.ferolin.vantori-finish-launching",
-                                     "com.ferolin.vantori-ccback",
-                                     "com.ferolin.vantori.did-rotated",
-                                     "com.ferolin.vantori-nowplayingchange",
-                                     "com.ferolin.volume.should-refresh-value",
-                                     "AVSystemController_SystemVolumeDidChangeNotification",
-                                     "UIScreenBrightnessDidChangeNotification",
-                                     "UIDeviceOrientationDidChangeNotification"};
+    static constexpr std::string_view names[]{
+        "should-refresh-state",
+        "should-refresh-value",
+        "should-show-brightnessSlider",
+        "should-hide-brightnessSlider",
+        "should-show-volumeSlider",
+        "should-hide-volumeSlider",
+        "com.ferolin.vantori-stopmarquee",
+        "com.ferolin.vantori-startmarquee",
+        "com.ferolin.vantori-finish-launching",
+        "com.ferolin.vantori-ccback",
+        "com.ferolin.vantori.did-rotated",
+        "com.ferolin.vantori-nowplayingchange",
+        "com.ferolin.volume.should-refresh-value",
+        "AVSystemController_SystemVolumeDidChangeNotification",
+        "UIScreenBrightnessDidChangeNotification",
+        "UIDeviceOrientationDidChangeNotification"};
     hand.write("notification", "post " + quoted(hand.random.oneOf(names)));
 }
 
@@ -248,18 +244,20 @@ void lockPages(Hand& hand) {
 }
 
 void replaceFile(Hand& hand) {
-    static constexpr Words<4> files{"vantoripb", "VNTDailyToggleList", "VNTToggleList",
-                                    "VantoriHistoryVersion"};
-    static constexpr Words<8> lists{"{}",
-                                    "[]",
-                                    "[true]",
-                                    "[\"1.2.1\"]",
-                                    "[[\"Mute\", \"DND\", 1, \"display\"], \"more\"]",
-                                    "{\"layoutDirection\": 1}",
-                                    "{\"layoutDirection\": [], \"leftGestureEnabled\": {}}",
-                                    "{\"alwaysSpringBoardStyle\": false}"};
-    static constexpr Words<5> bytes{"", "<?xml", "<plist version=\\\"1.0\\\"><dict><key>enabled<",
-                                    "{ layoutDirection = (); }", "bplist00"};
+    static constexpr std::string_view files[]{"vantoripb", "VNTDailyToggleList", "VNTToggleList",
+                                              "VantoriHistoryVersion"};
+    static constexpr std::string_view lists[]{
+        "{}",
+        "[]",
+        "[true]",
+        "[\"1.2.1\"]",
+        "[[\"Mute\", \"DND\", 1, \"display\"], \"more\"]",
+        "{\"layoutDirection\": 1}",
+        "{\"layoutDirection\": [], \"leftGestureEnabled\": {}}",
+        "{\"alwaysSpringBoardStyle\": false}"};
+    static constexpr std::string_view bytes[]{"", "<?xml",
+                                              "<plist version=\\\"1.0\\\"><dict><key>enabled<",
+                                              "{ layoutDirection = (); }", "bplist00"};
     const std::string path =
         std::string(preferences) + std::string(hand.random.oneOf(files)) + ".plist";
     switch (hand.random.below(4)) {
@@ -273,7 +271,7 @@ void replaceFile(Hand& hand) {
 }
 
 void interrupt(Hand& hand) {
-    static constexpr Words<3> views{
+    static constexpr std::string_view views[]{
         "[front view]",
         "[[SBMainDisplaySceneLayoutViewController mainDisplaySceneLayoutViewController] sceneContainerView]",
         "[[front mediaPlayerViewController] view]"};

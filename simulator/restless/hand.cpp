@@ -24,7 +24,7 @@ constexpr int proofPercent = 4;    // likewise
 constexpr int goOnPercent = 70;    // of a gesture that is under way
 constexpr int welcomePercent = 5;  // of the phones that show it
 
-constexpr std::array<std::string_view, 6> systems{"11.4", "12.4", "13.3", "13.6", "14.2", "14.8"};
+constexpr std::string_view systems[]{"11.4", "12.4", "13.3", "13.6", "14.2", "14.8"};
 
 std::vector<std::string> introductions(Random& random, const LifeOptions& options,
                                        std::string_view device) {
@@ -112,19 +112,19 @@ void Hand::comeToRest() {
 // The lines of a proof go or stay together. What may lie in the way is an open toolbar, which the pull would
 // only close: each is sent away as a finger would.
 void Hand::showThatItOpens() {
-    static constexpr std::array<std::string_view, 13> lines{"unlock",
-                                                            "toggle orientationlock off",
-                                                            "rotate portrait",
-                                                            "home",
-                                                            "setting leftGestureEnabled true",
-                                                            "darwin \"VantoriPB/reloadSettings\"",
-                                                            settling,
-                                                            "do [behind handleDismissGesture: nil]",
-                                                            "do [front dismissVNTSB]",
-                                                            settling,
-                                                            "pull 20 300 over 0.3",
-                                                            settling,
-                                                            "expect [front isEnabled] == YES"};
+    static constexpr std::string_view lines[]{"unlock",
+                                              "toggle orientationlock off",
+                                              "rotate portrait",
+                                              "home",
+                                              "setting leftGestureEnabled true",
+                                              "darwin \"VantoriPB/reloadSettings\"",
+                                              settling,
+                                              "do [behind handleDismissGesture: nil]",
+                                              "do [front dismissVNTSB]",
+                                              settling,
+                                              "pull 20 300 over 0.3",
+                                              settling,
+                                              "expect [front isEnabled] == YES"};
     ++gestures_;
     for (const std::string_view line : lines) {
         write(proof, std::string(line));

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <iterator>
 
 namespace simulator::restless {
 
@@ -25,7 +26,7 @@ class Random {
     }
     template <class List>
     const auto& oneOf(const List& list) {
-        return list[below(list.size())];
+        return list[below(std::size(list))];
     }
 
   private:

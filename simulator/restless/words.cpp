@@ -21,18 +21,18 @@ std::string rounded(double number, int digits) {
 }
 
 // "enabled" is read at the start only, and off there is nothing to see.
-constexpr std::array<std::string_view, 9> switches{"replaceCC",
-                                                   "reachability",
-                                                   "noCornerRadius",
-                                                   "tapToOpen",
-                                                   "alwaysSpringBoardStyle",
-                                                   "leftGestureEnabled",
-                                                   "middleGestureEnabled",
-                                                   "rightGestureEnabled",
-                                                   "hideGrabber"};
+constexpr std::string_view switches[]{"replaceCC",
+                                      "reachability",
+                                      "noCornerRadius",
+                                      "tapToOpen",
+                                      "alwaysSpringBoardStyle",
+                                      "leftGestureEnabled",
+                                      "middleGestureEnabled",
+                                      "rightGestureEnabled",
+                                      "hideGrabber"};
 
 // Of every type that a property list has.
-constexpr std::array<std::string_view, 16> values{
+constexpr std::string_view values[]{
     "true",    "0",     "-1",        "3",  "2147483648", "-9.75", "1e300",      "\"\"",
     "\"YES\"", "\"3\"", "\"words\"", "[]", "{}",         "none",  "[1, \"x\"]", "{\"a\": [1]}"};
 

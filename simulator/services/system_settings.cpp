@@ -31,13 +31,9 @@ bool& slot(Setting setting) { return settings().on[static_cast<std::size_t>(sett
 }  // namespace
 
 std::optional<Setting> settingNamed(std::string_view word) {
-    std::string_view rest = settingWords.view();
-    for (int setting = 0; setting < static_cast<int>(Setting::count); ++setting) {
-        const std::size_t end = rest.find('|');
-        if (rest.substr(0, end) == word) return static_cast<Setting>(setting);
-        rest.remove_prefix(std::min(end, rest.size() - 1) + 1);
-    }
-    return std::nullopt;
+    const auto found = std::ranges::find(settingNames, word);
+    if (found == settingNames.end()) return std::nullopt;
+    return static_cast<Setting>(found - settingNames.begin());
 }
 
 bool isOn(Setting setting) { return slot(setting); }

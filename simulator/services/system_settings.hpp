@@ -3,6 +3,7 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <functional>
 #include <optional>
 #include <string_view>
@@ -27,6 +28,17 @@ inline constexpr platform::FixedString settingWords{
     "orientationlock|ringermute|lowpower|donotdisturb|flashlight|nightshift|truetone"};
 static_assert(1 + std::ranges::count(settingWords.view(), '|') ==
               static_cast<std::ptrdiff_t>(Setting::count));
+
+// The same one by one.
+inline constexpr auto settingNames = [] {
+    std::array<std::string_view, static_cast<std::size_t>(Setting::count)> names;
+    std::string_view rest = settingWords.view();
+    for (std::string_view& name : names) {
+        name = rest.substr(0, rest.find('|'));
+        rest.remove_prefix(std::min(name.size() + 1, rest.size()));
+    }
+    return names;
+}();
 
 // By its word.
 std::optional<Setting> settingNamed(std::string_view word);

@@ -145,7 +145,7 @@ TEST_F(ControlCenter, TheFirstStatusBarPullOfAllIsSeen) {
     EXPECT_TRUE(
         (toolbar().page<VNTConnectivityBarViewController>().send<"hasBeenLayouted", bool>()));
     EXPECT_TRUE(toolbar().isEnabled());
-    EXPECT_EQ(toolbarY(), 667 - 515);
+    EXPECT_EQ(toolbarY(), 667 - toolbar().suggestedY());
 }
 
 TEST_F(ControlCenter, ACancelledStatusBarPullIsJudgedLikeAReleasedOne) {

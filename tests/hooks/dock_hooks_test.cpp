@@ -246,7 +246,8 @@ TEST_P(DockWithoutClass, ThePageStaysQuiet) {
     boot();
     openToolbar();
     EXPECT_TRUE(VNTSBToolBarController::shared().isEnabled());
-    EXPECT_EQ(VNTSBToolBarController::shared().view().frame().origin.y, 812 - 515);
+    const auto toolbar = VNTSBToolBarController::shared();
+    EXPECT_EQ(toolbar.view().frame().origin.y, 812 - toolbar.suggestedY());
     for (Page page : {springBoardPage(), applicationPage()}) {
         page.layoutIconsWithAppLayouts(layouts());
         page.layoutIconsWithMutableAppLayouts(layouts());

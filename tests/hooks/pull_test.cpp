@@ -1,5 +1,5 @@
-// The pull at the bottom edge, report by report. W = 375, H = 812; the stacked toolbar is 515 high,
-// the strip 115.
+// The pull at the bottom edge, report by report. W = 375, H = 812; the strip is 115
+// high.
 #include "hooks/pull_tracking.hpp"
 
 #include "pages/lifted_scene.hpp"

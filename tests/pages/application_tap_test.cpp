@@ -15,7 +15,8 @@ class Tap : public Applications {
         openToolbar();
         phone_->clear();
         ASSERT_TRUE(VNTToolBarController::shared().isEnabled());
-        ASSERT_EQ(sceneContainer().frame(), (rect(0, -515, 375, 812)));
+        ASSERT_EQ(sceneContainer().frame(),
+                  rect(0, -VNTToolBarController::shared().maxHeight(), 375, 812));
         ASSERT_EQ(sceneContainer().layer().cornerRadius(), 30);
     }
     void openOnTheHomeScreen() {

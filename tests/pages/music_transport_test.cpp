@@ -167,9 +167,7 @@ TEST_P(MusicFeedback, AnInterruptedPressIsPutRightWhenTheMarqueesStart) {
 
 INSTANTIATE_TEST_SUITE_P(Buttons, MusicFeedback, testing::ValuesIn(transportButtons));
 
-// In front of an application, where no pan of the toolbar takes the finger: the page begins 115 points
-// below the toolbar's top at 812 - 515 = 297. The next button's middle: x 323 + 13.5, y 297 + 115 +
-// 35 + 13.5 = 460.5.
+// In front of an application, where no pan of the toolbar takes the finger.
 TEST_F(MusicTransport, AFingerThatLeavesTheButtonStillSkips) {
     set("alwaysSpringBoardStyle", false);
     boot();
@@ -227,7 +225,8 @@ TEST_P(MusicOpenBy, LaunchesWhatPlaysAndPutsTheLiftBack) {
     phone_->open("com.example.maps");
     openToolbar();
     ASSERT_TRUE(VNTToolBarController::shared().isEnabled());
-    EXPECT_EQ(sceneContainer().frame(), (rect(0, -515, 375, 812)));
+    EXPECT_EQ(sceneContainer().frame(),
+              rect(0, -VNTToolBarController::shared().maxHeight(), 375, 812));
     phone_->clear();
     applicationPage()
         .send<"nowPlayingApplicationButton", UIControl>()
@@ -257,7 +256,8 @@ TEST_F(MusicOpen, LeavesTheToolbarAboveAndPostsNothing) {
     EXPECT_EQ(phone_->launchedCount(otherApplication), 1);
     EXPECT_EQ(phone_->launchedSuspendedCount(otherApplication), 0);
     EXPECT_TRUE(VNTSBToolBarController::shared().isEnabled());
-    EXPECT_EQ(VNTSBToolBarController::shared().view().frame().origin.y, 812 - 515);
+    const auto toolbar = VNTSBToolBarController::shared();
+    EXPECT_EQ(toolbar.view().frame().origin.y, 812 - toolbar.suggestedY());
     for (const char* name : {"com.ferolin.vantori-stopmarquee", "com.ferolin.vantori-ccback",
                              "com.ferolin.vantori-finish-launching", "should-refresh-state"}) {
         EXPECT_EQ(posted(name), 0) << name;

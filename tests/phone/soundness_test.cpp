@@ -62,6 +62,15 @@ TEST_F(SoundPhone, TellsOfAToolbarInBetween) {
     pull();
     front().updateYValue(600);
     EXPECT_EQ(wrong(), "the toolbar is neither up nor away: 212 points of it are up");
+    // As high as a strip or a grid, which this one never was.
+    front().updateYValue(812 - 115);
+    EXPECT_EQ(wrong(), "the toolbar is neither up nor away: 115 points of it are up");
+    front().updateYValue(812 - 215);
+    EXPECT_EQ(wrong(), "the toolbar is neither up nor away: 215 points of it are up");
+    front().updateYValue(812 - front().suggestedY());
+    EXPECT_EQ(wrong(), "nothing");
+    front().updateYValue(812 - front().suggestedY() - 1);
+    EXPECT_NE(wrong(), "nothing");
 }
 
 TEST_F(SoundPhone, TellsOfOneThatIsUpAndClosed) {
@@ -114,7 +123,7 @@ TEST_F(SoundPhone, TellsOfAnApplicationInBetween) {
     phone_->open("com.example.notes");
     placeScene(sceneContainer(), 100, 0);
     EXPECT_EQ(wrong(), "the application is neither lifted nor in its place: 100 points above it");
-    placeScene(sceneContainer(), 515, 0);
+    placeScene(sceneContainer(), VNTToolBarController::shared().maxHeight(), 0);
     EXPECT_EQ(wrong(), "the application is lifted for a toolbar that counts as closed");
     VNTToolBarController::shared().setIsEnabled(true);
     EXPECT_EQ(wrong(), "nothing");
@@ -158,6 +167,21 @@ TEST_F(SoundPhone, TellsOfObserversThatBecomeMore) {
 }
 
 // On purpose.
+
+TEST_F(SoundPhone, RearrangedWhileItIsOpenTheToolbarKeepsTheHeightThatItHad) {
+    boot();
+    pull();
+    const double stack = front().suggestedY();
+    set("layoutDirection", 1);
+    announceSettings();
+    ASSERT_EQ(front().suggestedY(), 115);
+    EXPECT_EQ(front().view().frame().origin.y, 812 - stack);
+    EXPECT_EQ(wrong(), "nothing");
+    front().updateYValue(812 - 115);
+    EXPECT_EQ(wrong(), "nothing");
+    front().updateYValue(812 - 215);
+    EXPECT_EQ(wrong(), "the toolbar is neither up nor away: 215 points of it are up");
+}
 
 TEST_F(SoundPhone, APullThatIsTakenBackStaysWhereTheFingerHadIt) {
     boot();

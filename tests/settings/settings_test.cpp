@@ -4,6 +4,7 @@
 #include <nlohmann/json.hpp>
 
 #include "tests/library_phone.hpp"
+#include "toolbar/arrangement.hpp"
 #include "toolbar/settings_reload.hpp"
 
 namespace vantori::tests {
@@ -43,7 +44,7 @@ TEST_F(Settings, DefaultsWithoutAFile) {
     boot();
     expectDefaults();
     EXPECT_TRUE(settingsLoaded);
-    EXPECT_EQ(MAX_SIZE, 515);
+    EXPECT_EQ(MAX_SIZE, stackedHeight(VNTToolBarController::shared()));
     EXPECT_DOUBLE_EQ(middleZoneWidth, 125);
     EXPECT_DOUBLE_EQ(leftZoneEnd, 125);
     EXPECT_DOUBLE_EQ(rightZoneStart, 250);
@@ -119,7 +120,7 @@ TEST_F(Settings, AReloadAfterTheFileIsGoneRestoresTheDefaults) {
     phone_->remove(settingsFile);
     announceSettings();
     expectDefaults();
-    EXPECT_EQ(MAX_SIZE, 515);
+    EXPECT_EQ(MAX_SIZE, stackedHeight(VNTToolBarController::shared()));
 }
 
 TEST_F(Settings, TheSwitchesOfTheStartWaitForTheNextOne) {

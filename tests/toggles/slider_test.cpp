@@ -310,22 +310,24 @@ TEST_F(Dragged, TheToolbarMovesRightAfter) {
     phone_->touchUp();
     EXPECT_TRUE((toolbar().vantoriScrollView().send<"isScrollEnabled", bool>()));
     phone_->wait(0.3);
-    phone_->touchDown(187, 305);
-    phone_->touchMove(187, 400, 0.3);
+    const double top = toolbar().view().frame().origin.y;
+    phone_->touchDown(187, top + 8);
+    phone_->touchMove(187, top + 103, 0.3);
     phone_->wait(1);
-    EXPECT_NEAR(toolbar().view().frame().origin.y, 400, 0.01);
+    EXPECT_NEAR(toolbar().view().frame().origin.y, top + 103, 0.01);
     phone_->touchUp();
 }
 
 class Paged : public SliderPhone {
   protected:
-    // The third page of the flat toolbar is the brightness.
+    // The page of the brightness in the flat toolbar.
     void open() {
         set("layoutDirection", 1);
         boot();
         openToolbar();
-        pages().send<"setContentOffset:">(CGPoint{750, 0});
+        pages().send<"setContentOffset:">(CGPoint{left(), 0});
     }
+    static double left() { return brightnessPage().frame().origin.x; }
     static UIScrollView pages() { return toolbar().vantoriScrollView(); }
     void swipeBeside() {
         const double above = onBrightness().y - 42;
@@ -341,15 +343,15 @@ TEST_F(Paged, StaysWhileItsSliderIsDragged) {
     const CGPoint start = onBrightness();
     touch(start);
     phone_->touchMove(40, start.y, 0.3);
-    EXPECT_EQ(pages().contentOffset(), (CGPoint{750, 0}));
+    EXPECT_EQ(pages().contentOffset(), (CGPoint{left(), 0}));
     EXPECT_EQ(shown(brightnessSlider()), 0);
     phone_->touchMove(374, start.y, 0.3);
-    EXPECT_EQ(pages().contentOffset(), (CGPoint{750, 0}));
+    EXPECT_EQ(pages().contentOffset(), (CGPoint{left(), 0}));
     phone_->touchUp();
     phone_->wait(1);
-    EXPECT_EQ(pages().contentOffset(), (CGPoint{750, 0}));
+    EXPECT_EQ(pages().contentOffset(), (CGPoint{left(), 0}));
     swipeBeside();
-    EXPECT_EQ(pages().contentOffset(), (CGPoint{1125, 0}));
+    EXPECT_EQ(pages().contentOffset(), (CGPoint{left() + 375, 0}));
 }
 
 TEST_F(Paged, PagesAgainAfterACancelledTouch) {
@@ -364,7 +366,7 @@ TEST_F(Paged, PagesAgainAfterACancelledTouch) {
     EXPECT_EQ(brightnessSlider().transform(), identityTransform);
     phone_->wait(0.3);
     swipeBeside();
-    EXPECT_EQ(pages().contentOffset(), (CGPoint{1125, 0}));
+    EXPECT_EQ(pages().contentOffset(), (CGPoint{left() + 375, 0}));
 }
 
 TEST_F(Paged, ATouchOnTheGlyphIsOnTheSlider) {

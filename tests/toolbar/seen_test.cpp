@@ -2,6 +2,7 @@
 // happened before the first pull. W = 375, H = 812; a slider is 120 points wide.
 #include "tests/library_phone.hpp"
 #include "toggles/volume_slider.hpp"
+#include "toolbar/arrangement.hpp"
 
 namespace vantori::tests {
 namespace {
@@ -51,8 +52,16 @@ class Seen : public LibraryPhone {
         phone_->postDarwin(notification);
         phone_->wait(0.1);
     }
+    // All pages side by side.
+    static CGSize stripOf(VNTToolBarController toolbar) {
+        return {375.0 * static_cast<double>(toolbar.pages().count()), 115};
+    }
     // A finger at the middle of the brightness slider: 23 points to the right are 20 of the grown
     // slider.
+    void expectBrightnessFollowsIn(VNTToolBarController toolbar) {
+        const CGPoint middle = middleOf(brightnessOf(toolbar));
+        expectBrightnessFollowsAt(middle.x, middle.y);
+    }
     void expectBrightnessFollowsAt(double x, double y) {
         phone_->touchDown(x, y);
         phone_->wait(0.2);
@@ -61,8 +70,12 @@ class Seen : public LibraryPhone {
         const double brightness = UIScreen::mainScreen().send<"brightness", double>();
         EXPECT_NEAR(brightness, 0.5 + 20.0 / 120, 1e-6);
     }
+    static VNTBrightnessSliderContainerViewController brightnessPageOf(
+        VNTToolBarController toolbar) {
+        return toolbar.page<VNTBrightnessSliderContainerViewController>();
+    }
     static VNTSlider brightnessOf(VNTToolBarController toolbar) {
-        return toolbar.page<VNTBrightnessSliderContainerViewController>().brightnessSlider();
+        return brightnessPageOf(toolbar).brightnessSlider();
     }
     static VNTSlider volumeOf(VNTToolBarController toolbar) {
         return toolbar.page<VNTVolumeSliderContainerViewController>().volumeSlider();
@@ -89,9 +102,9 @@ TEST_F(Seen, OpenedByReachabilityBeforeAnyPull) {
     reachForTop();
     ASSERT_TRUE(sb().isEnabled());
     ASSERT_TRUE(sb().vantoriHostWindow());
-    EXPECT_EQ(sb().view().frame(), rect(0, 297, 375, 812));
+    EXPECT_EQ(sb().view().frame(), rect(0, 812 - stackedHeight(sb()), 375, 812));
     expectLevelsShownBy(sb());
-    expectBrightnessFollowsAt(294, 562);  // 297 + 15 + 2 x 100 + 50
+    expectBrightnessFollowsIn(sb());
 }
 
 TEST_F(Seen, ReachabilityMakesTheWindowOnce) {
@@ -116,7 +129,7 @@ TEST_F(Seen, OpenedByReachabilityBehindAnApplication) {
     ASSERT_TRUE(app().isEnabled());
     EXPECT_TRUE((app().page<VNTConnectivityBarViewController>().send<"hasBeenLayouted", bool>()));
     expectLevelsShownBy(app());
-    expectBrightnessFollowsAt(294, 562);
+    expectBrightnessFollowsIn(app());
 }
 
 TEST_F(Seen, RaisedByTheStatusBarTheSlidersShowWhatIs) {
@@ -126,7 +139,7 @@ TEST_F(Seen, RaisedByTheStatusBarTheSlidersShowWhatIs) {
     phone_->wait(1);
     expectLevelsShownBy(sb());
     pullStatusBar();
-    expectBrightnessFollowsAt(294, 562);
+    expectBrightnessFollowsIn(sb());
 }
 
 TEST_F(Seen, PulledInControlCentersPlaceTheSlidersShowWhatIs) {
@@ -193,7 +206,7 @@ TEST_F(Seen, TurnedAndBackBeforeTheFirstPull) {
     phone_->wait(1);
     pull();
     EXPECT_EQ(sb().vantoriHostWindow().frame(), rect(0, 0, 375, 812));
-    expectBrightnessFollowsAt(294, 562);
+    expectBrightnessFollowsIn(sb());
 }
 
 // Side by side, then stacked: what was in front has gone.
@@ -210,7 +223,7 @@ TEST_F(Seen, StackedWhileAnotherPageIsInFront) {
         EXPECT_EQ(dotOf(toolbar), 0);
     }
     pull();
-    expectBrightnessFollowsAt(294, 562);
+    expectBrightnessFollowsIn(sb());
 }
 
 TEST_F(Seen, StackedByThePagesAloneWhileAnotherPageIsInFront) {
@@ -221,33 +234,36 @@ TEST_F(Seen, StackedByThePagesAloneWhileAnotherPageIsInFront) {
     phone_->wait(1);
     rearrange(3, "com.ferolin.vantori.refresh-all-toggles");
     EXPECT_EQ(offsetOf(sb()), (CGPoint{0, 0}));
-    EXPECT_EQ(contentOf(sb()), (CGSize{750, 515}));
-    EXPECT_EQ(contentOf(app()), (CGSize{375, 515}));
-    EXPECT_EQ(sb().suggestedY(), 515);
-    EXPECT_EQ(app().view().frame(), rect(0, 297, 375, 515));
-    EXPECT_EQ(MAX_SIZE, 515);
+    const double stack = stackedHeight(sb());
+    EXPECT_EQ(contentOf(sb()), (CGSize{750, stack}));
+    EXPECT_EQ(contentOf(app()), (CGSize{375, stack}));
+    EXPECT_EQ(sb().suggestedY(), stack);
+    EXPECT_EQ(app().view().frame(), rect(0, 812 - stack, 375, stack));
+    EXPECT_EQ(MAX_SIZE, stack);
     pull();
-    expectBrightnessFollowsAt(294, 562);
+    expectBrightnessFollowsIn(sb());
 }
 
 TEST_F(Seen, LaidSideBySideByThePagesAloneAllCanBeReached) {
     boot();
     rearrange(1, "com.ferolin.vantori.refresh-all-toggles");
     for (VNTToolBarController toolbar : {app(), VNTToolBarController(sb())}) {
-        EXPECT_EQ(contentOf(toolbar), (CGSize{1875, 115}));
+        EXPECT_EQ(contentOf(toolbar), stripOf(toolbar));
         EXPECT_EQ(toolbar.maxHeight(), 115);
     }
     EXPECT_EQ(sb().suggestedY(), 115);
     EXPECT_EQ(MAX_SIZE, 115);
     pull();
-    for (int i = 0; i < 2; ++i) {
+    const double left = brightnessPageOf(sb()).view().frame().origin.x;
+    ASSERT_GT(left, 0);
+    for (double turned = 0; turned < left; turned += 375) {
         phone_->touchDown(300, 720);
         phone_->touchMove(60, 720, 0.2);
         phone_->touchUp();
         phone_->wait(2);
     }
-    EXPECT_EQ(offsetOf(sb()), (CGPoint{750, 0}));
-    expectBrightnessFollowsAt(294, 762);
+    EXPECT_EQ(offsetOf(sb()), (CGPoint{left, 0}));
+    expectBrightnessFollowsIn(sb());
 }
 
 // What is in front stays there while the arrangement does.
@@ -270,7 +286,7 @@ TEST_F(Seen, TheModulesPageStaysInFrontOfAStack) {
          {"VantoriPB/reloadSettings", "com.ferolin.vantori.refresh-all-toggles"}) {
         rearrange(3, notification);
         EXPECT_EQ(offsetOf(sb()), (CGPoint{375, 0}));
-        EXPECT_EQ(contentOf(sb()), (CGSize{750, 515}));
+        EXPECT_EQ(contentOf(sb()), (CGSize{750, stackedHeight(sb())}));
     }
 }
 
@@ -308,7 +324,7 @@ TEST_F(Seen, AReloadOfPagesLeavesTheContentOfTheGrid) {
     EXPECT_EQ(contentOf(sb()), (CGSize{812, 215}));
     phone_->rotate(simulator::Orientation::portrait);
     phone_->wait(1);
-    EXPECT_EQ(contentOf(sb()), (CGSize{1875, 115}));
+    EXPECT_EQ(contentOf(sb()), stripOf(sb()));
 }
 
 }  // namespace

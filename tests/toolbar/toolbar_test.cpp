@@ -28,6 +28,8 @@ class Toolbar : public LibraryPhone {
         phone_->grabber(simulator::PullPhase::ended, 60, 100, 0);
         phone_->wait(1);
     }
+    // Of all pages side by side.
+    static double widthOfAll() { return 375 * static_cast<double>(app().pages().count()); }
     static void expectPages(VNTToolBarController toolbar, CGRect first, double dx, double dy) {
         UIViewController pages[] = {toolbar.page<VNTConnectivityBarViewController>(),
                                     toolbar.page<VNTMediaPlayerViewController>(),
@@ -72,7 +74,7 @@ TEST_P(SideBySide, ForEveryOtherDirection) {
     bootWithDirection(GetParam());
     EXPECT_EQ(app().maxHeight(), 115);
     expectPages(app(), rect(0, 15, 375, 100), 375, 0);
-    EXPECT_EQ(app().vantoriScrollView().contentSize(), (CGSize{1875, 115}));
+    EXPECT_EQ(app().vantoriScrollView().contentSize(), (CGSize{widthOfAll(), 115}));
     EXPECT_EQ(app().backgroundWallpaperView().frame(), (rect(0, 115 - 812, 375, 812)));
     EXPECT_EQ(app().scrollViewPageController().alpha(), 1);
     EXPECT_EQ(alphaOf(app().ccTogglesViewControllerForApp()), 0);
@@ -81,7 +83,7 @@ TEST_P(SideBySide, ForEveryOtherDirection) {
     EXPECT_EQ(app().maxHeight(), 115);
     EXPECT_EQ(sb().maxHeight(), 115);
     // The height test is for 1, the arrangement test for 3.
-    EXPECT_EQ(sb().suggestedY(), GetParam() == 1 ? 115 : 515);
+    EXPECT_EQ(sb().suggestedY(), GetParam() == 1 ? 115 : stackedHeight(sb()));
     EXPECT_FALSE(sb().ccTogglesViewController());
 }
 
@@ -91,12 +93,13 @@ TEST_P(SideBySide, TheTwoControllersAfterASettingsChange) {
     bootWithDirection(GetParam());
     announceSettings();
     const bool strip = GetParam() == 1;
-    EXPECT_EQ(app().vantoriScrollView().contentSize(), (CGSize{1875, 115}));
-    EXPECT_EQ(sb().vantoriScrollView().contentSize(), (CGSize{strip ? 1875.0 : 750.0, 115}));
+    const double height = strip ? 115 : stackedHeight(sb());
+    EXPECT_EQ(app().vantoriScrollView().contentSize(), (CGSize{widthOfAll(), 115}));
+    EXPECT_EQ(sb().vantoriScrollView().contentSize(), (CGSize{strip ? widthOfAll() : 750.0, 115}));
     EXPECT_NEAR(app().scrollViewPageController().alpha(), 0.9, 1e-6);
     EXPECT_EQ(sb().scrollViewPageController().alpha(), 1);
-    EXPECT_EQ(sb().suggestedY(), strip ? 115 : 515);
-    EXPECT_EQ((sb().send<"suggestedFrame", CGRect>()), (rect(0, 812, 375, strip ? 115 : 515)));
+    EXPECT_EQ(sb().suggestedY(), height);
+    EXPECT_EQ((sb().send<"suggestedFrame", CGRect>()), (rect(0, 812, 375, height)));
     expectPages(app(), rect(0, 15, 375, 100), 375, 0);
     expectPages(sb(), rect(0, 15, 375, 100), 375, 0);
     EXPECT_EQ(app().view().frame(), (rect(0, 697, 375, 115)));
@@ -244,7 +247,7 @@ TEST_F(Toolbar, InSpringBoardTheSwipeDoesNothing) {
 
 TEST_F(Toolbar, TheWindowIsMadeOnceAndSizesTheView) {
     boot();
-    EXPECT_EQ(sb().view().frame().size.height, 515);
+    EXPECT_EQ(sb().view().frame().size.height, sb().suggestedY());
     sb().makeKeyWindow();
     VNTSBHostWindow window = sb().vantoriHostWindow();
     ASSERT_TRUE(window);
@@ -317,11 +320,12 @@ TEST_F(Toolbar, ATurnIsFollowedOnlyInFrontOfAnApplication) {
     phone_->rotate(simulator::Orientation::landscapeRight);
     phone_->wait(1);
     sb().layoutForOrientation(1);
-    ASSERT_EQ(sb().suggestedY(), 515);
+    const double stack = stackedHeight(sb());
+    ASSERT_EQ(sb().suggestedY(), stack);
     for (const char* post :
          {"com.ferolin.vantori.did-rotated", "UIDeviceOrientationDidChangeNotification"}) {
         phone_->post(post);
-        EXPECT_EQ(sb().suggestedY(), 515) << post;
+        EXPECT_EQ(sb().suggestedY(), stack) << post;
     }
     phone_->open("com.example.notes");
     phone_->wait(1);
@@ -341,7 +345,7 @@ TEST_F(Toolbar, TheShadowFollowsTheHeight) {
     sb().updateYValue(0);
     EXPECT_EQ(shadow().alpha(), 0.5);
     sb().updateYValue(297);
-    EXPECT_NEAR(shadow().alpha(), 515.0 / 812 * 0.5, 1e-6);
+    EXPECT_NEAR(shadow().alpha(), (812 - 297.0) / 812 * 0.5, 1e-6);
 }
 
 TEST_F(Toolbar, TheSpringMovesViewAndShadow) {
@@ -349,7 +353,7 @@ TEST_F(Toolbar, TheSpringMovesViewAndShadow) {
     sb().makeKeyWindow();
     sb().send<"updateYValueWithAnimation:withShadow:">(297.0, false);
     EXPECT_EQ(sb().view().frame(), (rect(0, 297, 375, 812)));
-    EXPECT_NEAR(shadow().alpha(), 515.0 / 812 * 0.5, 1e-6);
+    EXPECT_NEAR(shadow().alpha(), (812 - 297.0) / 812 * 0.5, 1e-6);
     phone_->wait(0.6);
     sb().send<"updateYValueWithAnimation:withShadow:">(697.0, true);
     EXPECT_NEAR(shadow().alpha(), 115.0 / 812 * 0.5, 1e-6);
@@ -428,22 +432,25 @@ TEST_F(Toolbar, ATapOnTheShadowDismisses) {
 TEST_F(Toolbar, DraggedBeyondItsHeightItResists) {
     boot();
     openToolbar();
-    phone_->touchDown(187, 305);
-    phone_->touchMove(187, 212, 0.3);  // 600 points above the edge
-    EXPECT_NEAR(sb().view().frame().origin.y, 812 - (515 + 85 / (600.0 / 515)), 1e-6);
-    phone_->touchMove(187, 212, 0.3);
+    const double height = sb().suggestedY(), top = 812 - height, finger = top - 85;
+    phone_->touchDown(187, top + 8);
+    phone_->touchMove(187, finger, 0.3);
+    const double resisted = 85 / ((height + 85) / height);
+    EXPECT_NEAR(sb().view().frame().origin.y, top - resisted, 1e-6);
+    phone_->touchMove(187, finger, 0.3);
     phone_->touchUp();
     phone_->wait(1);
     EXPECT_TRUE(sb().isEnabled());
-    EXPECT_EQ(sb().view().frame().origin.y, 297);
+    EXPECT_EQ(sb().view().frame().origin.y, top);
 }
 
 TEST_F(Toolbar, ReleasedInItsLowerHalfItGoes) {
     boot();
     openToolbar();
-    phone_->touchDown(187, 305);
-    phone_->touchMove(187, 600, 0.3);
-    phone_->touchMove(187, 600, 0.3);  // at rest, 212 points above the edge
+    const double height = sb().suggestedY(), finger = 812 - 0.4 * height;
+    phone_->touchDown(187, 812 - height + 8);
+    phone_->touchMove(187, finger, 0.3);
+    phone_->touchMove(187, finger, 0.3);  // at rest
     phone_->touchUp();
     EXPECT_FALSE(sb().isEnabled());
     EXPECT_EQ(sb().view().frame().origin.y, 812);
@@ -497,13 +504,13 @@ TEST_F(Drag, ReleasedJustBelow15InTheUpperHalfItSpringsBack) {
     sb().setIsEnabled(false);
     release(14.9, 500);
     EXPECT_TRUE(sb().isEnabled());
-    EXPECT_EQ(sb().view().frame().origin.y, 297);
+    EXPECT_EQ(sb().view().frame().origin.y, 812 - sb().suggestedY());
 }
 
 TEST_F(Drag, ReleasedAtExactlyHalfItGoes) {
     boot();
     openToolbar();
-    release(0, 257.5);
+    release(0, sb().suggestedY() / 2);
     EXPECT_FALSE(sb().isEnabled());
 }
 
@@ -519,7 +526,7 @@ TEST_F(Drag, OtherStatesChangeNothing) {
     openToolbar();
     release(100, 100, 5);
     EXPECT_TRUE(sb().isEnabled());
-    EXPECT_EQ(sb().view().frame().origin.y, 297);
+    EXPECT_EQ(sb().view().frame().origin.y, 812 - sb().suggestedY());
 }
 
 struct Turned {
