@@ -142,6 +142,14 @@ void Soundness::noteTurns() {
     turns_ = turns;
 }
 
+// Half a second after the tap, a launch out of the toolbar says that the one behind applications is closed,
+// also when a pull has raised it in between.
+void Soundness::noteLaunches() {
+    const long launches = launchesSoFar();
+    if (launches != launches_) launched_ = true;
+    launches_ = launches;
+}
+
 void Soundness::posted(const std::string& notification) {
     noteHeights();
     if (notification == "com.ferolin.vantori.did-rotated" ||
@@ -165,6 +173,7 @@ std::optional<std::string> Soundness::fault() {
     if (const auto& reason = crash()) return "raised: " + *reason;
     noteHeights();
     noteTurns();
+    noteLaunches();
     if (const auto windows = windowFault()) return windows;
     if (const Object toolbar = springBoardToolbar()) {
         if (const auto found = toolbarFault(toolbar)) return found;
@@ -203,7 +212,7 @@ std::optional<std::string> Soundness::sceneFault() {
     if (!controller || !toolbar) return std::nullopt;
     const double lift = -controller.sceneContainerView().frame().origin.y;
     if (same(lift, 0)) {
-        sceneLeft_ = false;
+        sceneLeft_ = launched_ = false;
         // On the home screen, or turned, nothing is lifted for it.
         const bool lifts =
             !frontMostIdentifier().empty() && activeOrientation() == orientationPortrait;
@@ -216,7 +225,8 @@ std::optional<std::string> Soundness::sceneFault() {
     if (!isHeight(lift))
         return "the application is neither lifted nor in its place: " + shown(lift) +
                " points above it";
-    if (!isOpen(toolbar)) return "the application is lifted for a toolbar that counts as closed";
+    if (!isOpen(toolbar) && !launched_)
+        return "the application is lifted for a toolbar that counts as closed";
     return std::nullopt;
 }
 

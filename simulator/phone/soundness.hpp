@@ -51,6 +51,7 @@ class Soundness {
     void noteHeights();
     bool isHeight(double length) const;
     void noteTurns();
+    void noteLaunches();
     std::optional<std::string> toolbarFault(Object toolbar);
     std::optional<std::string> sceneFault();
     std::optional<std::string> growth();
@@ -61,6 +62,8 @@ class Soundness {
     bool movedAway_ = false;      // see noteTurns()
     long turns_ = 0;
     bool sceneLeft_ = false;  // see announced()
+    bool launched_ = false;   // see noteLaunches()
+    long launches_ = 0;
 
     // The least of each in the checks of one period, and in those of the first.
     static constexpr int period = 24;

@@ -22,6 +22,7 @@ struct Applications {
     std::map<std::string, Strong<SBApplication>> made;
     std::string front;
     std::map<std::pair<std::string, bool>, long> launches;
+    long launchesSoFar = 0;  // in front
 };
 
 Applications& applications() {
@@ -90,6 +91,7 @@ void goHome() {
 
 bool launchApplication(const std::string& identifier, bool suspended) {
     ++applications().launches[{identifier, suspended}];
+    if (!suspended) ++applications().launchesSoFar;
     History::shared().happened(suspended ? Happening::launchedSuspended : Happening::launched,
                                identifier);
     if (!isInstalled(identifier)) return false;
@@ -101,6 +103,8 @@ long launches(const std::string& identifier, bool suspended) {
     auto found = applications().launches.find({identifier, suspended});
     return found == applications().launches.end() ? 0 : found->second;
 }
+
+long launchesSoFar() { return applications().launchesSoFar; }
 
 void clearLaunches() { applications().launches.clear(); }
 

@@ -24,6 +24,8 @@ void goHome();
 // False for an application that is not installed.
 bool launchApplication(const std::string& identifier, bool suspended);
 long launches(const std::string& identifier, bool suspended);
+// Those that were to come to the front, of any application, since the phone was started.
+long launchesSoFar();
 void clearLaunches();
 
 void registerApplications();
