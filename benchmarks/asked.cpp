@@ -1,10 +1,8 @@
 // The runtime's objc_msg_lookup is asked for the implementation of each message; this one stands in front
-// of it. The journal has the arguments of the latest run of each operation, so a message is complete when
-// the next one is on its way.
+// of it and notes the receiver. When a stand-in's operation begins, the journal has the arguments.
 #include "benchmarks/asked.hpp"
 
 #include <dlfcn.h>
-#include <ffi.h>
 
 #include <algorithm>
 #include <array>
@@ -19,6 +17,7 @@
 
 #include "benchmarks/allocations.hpp"
 #include "platform/ownership.hpp"
+#include "simulator/runtime/history.hpp"
 #include "simulator/runtime/journal.hpp"
 
 namespace benchmarks {
@@ -44,177 +43,102 @@ struct Sent {
 
 std::function<void(Sent)>* listener = nullptr;
 
-ffi_type* structureOf(std::size_t doubles) {
-    static std::array<ffi_type*, 7> elements{&ffi_type_double, &ffi_type_double, &ffi_type_double,
-                                             &ffi_type_double, &ffi_type_double, &ffi_type_double,
-                                             nullptr};
-    static std::array<ffi_type, 7> types = [] {
-        std::array<ffi_type, 7> made{};
-        for (std::size_t count = 1; count < made.size(); ++count)
-            made[count] = {0, 0, FFI_TYPE_STRUCT, elements.data() + (6 - count)};
-        return made;
-    }();
-    return &types[doubles];
+// Where an operation writes that answers through a pointer: the library's own place is gone by now.
+constexpr std::size_t largestAnswer = 256;
+const void* roomForAnswers() {
+    alignas(16) static std::array<std::byte, largestAnswer> room;
+    return room.data();
 }
 
-// What an answer or an argument of that encoding is for a call; nothing for those that no message here has.
-ffi_type* typeOf(char first, std::string_view encoding) {
-    switch (first) {
-        case 'v':
-            return &ffi_type_void;
-        case 'f':
-            return &ffi_type_float;
-        case 'd':
-            return &ffi_type_double;
-        case 'B':
-        case 'c':
-        case 'C':
-            return &ffi_type_uint8;
-        case 'i':
-        case 'I':
-            return &ffi_type_sint32;
-        case 'q':
-        case 'Q':
-        case 'l':
-        case 'L':
-            return &ffi_type_sint64;
-        case '@':
-        case '#':
-        case ':':
-        case '^':
-        case '*':
-            return &ffi_type_pointer;
-        case '{':
-            break;
+template <class R = void, class... A>
+std::function<void()> message(const Sent& sent, A... arguments) {
+    return [receiver = platform::retained(Object(sent.receiver)), selector = sent.selector,
+            arguments...] {
+        const id self = receiver.get();
+        reinterpret_cast<R (*)(id, SEL, A...)>(objc_msg_lookup(self, selector))(self, selector,
+                                                                                arguments...);
+    };
+}
+
+// A message without arguments. Answers that are no larger than two registers may be left there.
+std::function<void()> question(const Sent& sent, std::string_view answer) {
+    if (answer.starts_with("{CGRect")) return message<CGRect>(sent);
+    if (answer.starts_with("{CGAffineTransform")) return message<CGAffineTransform>(sent);
+    return message(sent);
+}
+
+// A message with one argument, whose encoding is told.
+struct Order {
+    Sent sent;
+    std::string_view encoding;
+
+    std::function<void()> operator()(double value) const {
+        if (encoding.starts_with('f')) return message(sent, static_cast<float>(value));
+        return message(sent, value);
+    }
+    std::function<void()> operator()(const Strong<Object>& value) const {
+        return [kept = value, send = message(sent, value.get())] { send(); };
+    }
+    std::function<void()> operator()(const void* value) const {
+        return message(sent, value ? roomForAnswers() : nullptr);
+    }
+    template <class T>
+    std::function<void()> operator()(const T& value) const {
+        return message(sent, value);
+    }
+};
+
+std::string taken(char* text) {
+    const std::unique_ptr<char, decltype(&std::free)> owned(text, &std::free);
+    return text;
+}
+
+bool isPointer(const Argument& argument) { return std::holds_alternative<const void*>(argument); }
+
+// What sends it again; nothing for the library's own methods, and for shapes that none of the messages has.
+std::function<void()> again(const Sent& sent, const std::vector<Argument>& arguments) {
+    Method method = class_getInstanceMethod(object_getClass(sent.receiver), sent.selector);
+    if (!method || isOfLibrary(reinterpret_cast<const void*>(method_getImplementation(method))))
+        return {};
+    switch (arguments.size()) {
+        case 0:
+            return question(sent, taken(method_copyReturnType(method)));
+        case 1:
+            return std::visit(Order{sent, taken(method_copyArgumentType(method, 2))}, arguments[0]);
+        case 2:
+            if (!std::ranges::all_of(arguments, isPointer)) return {};
+            return message(sent, roomForAnswers(), roomForAnswers());
         default:
-            return nullptr;
+            return {};
     }
-    if (encoding.starts_with("{CGRect")) return structureOf(4);
-    if (encoding.starts_with("{CGAffineTransform")) return structureOf(6);
-    if (encoding.starts_with("{CGPoint") || encoding.starts_with("{CGSize")) return structureOf(2);
-    return nullptr;
 }
-
-// The bytes of an argument as its type wants them.
-union Bytes {
-    std::uint8_t byte;
-    std::int32_t word;
-    std::int64_t integer;
-    float single;
-    double real;
-    const void* pointer;
-    CGRect rect;
-    CGAffineTransform transform;
-};
-
-struct Filled {
-    Bytes& bytes;
-    const ffi_type* type;
-    void whole(std::int64_t value) const {
-        if (type == &ffi_type_uint8)
-            bytes.byte = static_cast<std::uint8_t>(value);
-        else if (type == &ffi_type_sint32)
-            bytes.word = static_cast<std::int32_t>(value);
-        else
-            bytes.integer = value;
-    }
-    void operator()(bool value) const { whole(value); }
-    void operator()(long value) const { whole(value); }
-    void operator()(double value) const {
-        if (type == &ffi_type_float)
-            bytes.single = static_cast<float>(value);
-        else
-            bytes.real = value;
-    }
-    void operator()(const Strong<Object>& value) const { bytes.pointer = value.get(); }
-    void operator()(Class value) const { bytes.pointer = value; }
-    void operator()(SEL value) const { bytes.pointer = value; }
-    void operator()(const void* value) const { bytes.pointer = value; }
-    template <class Structure>
-    void operator()(const Structure& value) const {
-        std::memcpy(&bytes, &value, sizeof value);
-    }
-};
 
 }  // namespace
 
-struct Asked::Message {
-    Strong<Object> receiver;
-    SEL selector = nullptr;
-    std::vector<Argument> kept;
-    std::vector<ffi_type*> types;
-    std::vector<Bytes> values;
-    std::vector<void*> places;
-    ffi_cif call{};
-
-    // Whether it can be sent; `arguments` are the journal's.
-    bool prepare(Sent sent, std::vector<Argument> arguments);
-    void send();
-};
-
-bool Asked::Message::prepare(Sent sent, std::vector<Argument> arguments) {
-    Class cls = object_getClass(sent.receiver);
-    Method method = class_getInstanceMethod(cls, sent.selector);
-    if (!method || method_getNumberOfArguments(method) != arguments.size() + 2) return false;
-    if (isOfLibrary(reinterpret_cast<const void*>(method_getImplementation(method)))) return false;
-    const auto typeAt = [&](unsigned index) {
-        char* text = method_copyArgumentType(method, index);
-        ffi_type* type = typeOf(*text, text);
-        std::free(text);
-        return type;
-    };
-    char* text = method_copyReturnType(method);
-    ffi_type* answer = typeOf(*text, text);
-    std::free(text);
-    receiver = platform::retained(Object(sent.receiver));
-    selector = sent.selector;
-    kept = std::move(arguments);
-    for (unsigned i = 0; i < kept.size() + 2; ++i) types.push_back(typeAt(i));
-    if (!answer || std::ranges::count(types, nullptr) > 0) return false;
-    values.resize(types.size());
-    values[0].pointer = receiver.get();
-    values[1].pointer = selector;
-    for (std::size_t i = 0; i < kept.size(); ++i)
-        std::visit(Filled{values[i + 2], types[i + 2]}, kept[i]);
-    for (Bytes& value : values) places.push_back(&value);
-    return ffi_prep_cif(&call, FFI_DEFAULT_ABI, static_cast<unsigned>(types.size()), answer,
-                        types.data()) == FFI_OK;
-}
-
-void Asked::Message::send() {
-    alignas(16) std::array<std::byte, sizeof(CGAffineTransform)> answer;
-    IMP implementation = objc_msg_lookup(receiver.get(), selector);
-    ffi_call(&call, reinterpret_cast<void (*)()>(implementation), answer.data(), places.data());
-}
-
 Asked::Asked(const std::function<void()>& work) {
-    std::optional<Sent> before;
-    // The latest message, now that its arguments are known.
-    const auto take = [&] {
-        if (!before) return;
-        const Sent sent = *std::exchange(before, std::nullopt);
-        listener = nullptr;
-        auto arguments = simulator::Journal::last(class_getName(object_getClass(sent.receiver)),
-                                                  sel_getName(sent.selector));
-        auto message = std::make_unique<Message>();
-        if (arguments && message->prepare(sent, std::move(*arguments)))
-            messages_.push_back(std::move(message));
+    std::optional<Sent> sent;
+    std::function<void(Sent)> note = [&](Sent message) {
+        sent.reset();
+        if (message.receiver && !isLeftOut(sel_getName(message.selector))) sent = message;
     };
-    std::function<void(Sent)> note = [&](Sent sent) {
-        take();
-        if (sent.receiver && !isLeftOut(sel_getName(sent.selector))) before = sent;
-        listener = &note;
+    const auto take = [&](simulator::Happening, const std::string&) {
+        if (!sent) return;
+        const Sent begun = *std::exchange(sent, std::nullopt);
+        const auto arguments = simulator::Journal::last(
+            class_getName(object_getClass(begun.receiver)), sel_getName(begun.selector));
+        if (!arguments) return;
+        if (auto send = benchmarks::again(begun, *arguments)) messages_.push_back(std::move(send));
     };
+    auto& history = simulator::History::shared();
+    const auto ticket = history.watch({simulator::Happening::called}, take);
     listener = &note;
     work();
-    take();
     listener = nullptr;
+    history.unwatch(ticket);
 }
 
-Asked::~Asked() = default;
-
 void Asked::again() const {
-    for (const auto& message : messages_) message->send();
+    for (const auto& send : messages_) send();
 }
 
 }  // namespace benchmarks

@@ -4,8 +4,8 @@
 // each time, and animations, whose blocks are the library's.
 #pragma once
 
+#include <cstddef>
 #include <functional>
-#include <memory>
 #include <vector>
 
 namespace benchmarks {
@@ -14,17 +14,13 @@ class Asked {
   public:
     // Takes down what the library sends while the work is done. watchLibrary() comes before.
     explicit Asked(const std::function<void()>& work);
-    ~Asked();
-    Asked(const Asked&) = delete;
-    Asked& operator=(const Asked&) = delete;
 
     std::size_t count() const { return messages_.size(); }
     // Sends the same messages in the same order.
     void again() const;
 
   private:
-    struct Message;
-    std::vector<std::unique_ptr<Message>> messages_;
+    std::vector<std::function<void()>> messages_;
 };
 
 }  // namespace benchmarks

@@ -123,6 +123,13 @@ double placeOf(Style style) {
     return moved.frame().origin.y;
 }
 
+// Whether a report moves what it should.
+bool isTakenOver(Style style) {
+    const double rest = placeOf(style);
+    report(distanceAt(0));
+    return placeOf(style) != rest;
+}
+
 // Runs one report a round and counts what memory the rounds ask for.
 template <class Report>
 void measureReports(benchmark::State& state, Style style, Report send) {
@@ -203,6 +210,9 @@ void openToolbarFloor(benchmark::State& state) {
         springBoardToolbar().send<"dismissVNTSB">();
         passFrames();
     };
+    // The first opening makes the window.
+    pullUp();
+    close();
     const benchmarks::Asked asked(&pullUp);
     close();
     auto spring = [](double distance) {
@@ -220,6 +230,12 @@ void openToolbarFloor(benchmark::State& state) {
         state.ResumeTiming();
     }
     state.counters["asked"] = static_cast<double>(asked.count());
+    pullUp();
+    if (!springBoardToolbar().send<"isEnabled", bool>()) state.SkipWithError("it opens no more");
+    const auto window = springBoardToolbar().send<"vantoriHostWindow", UIView>();
+    if (springBoardToolbar().send<"view", UIView>().superview().get() != window.get())
+        state.SkipWithError("the toolbar has left its window");
+    close();
 }
 
 void countFrames(benchmark::State& state) {
@@ -230,6 +246,7 @@ void countFrames(benchmark::State& state) {
 // A report of the finger, what passes in a frame, and the picture as a window gets it.
 void movingFrames(benchmark::State& state, Style style, int pixelsPerPoint) {
     begin(style);
+    if (!isTakenOver(style)) state.SkipWithError("the pull was not taken over");
     simulator::ScreenPainter painter;
     unsigned long round = 0;
     const auto frame = [&] {

@@ -145,11 +145,13 @@ std::size_t Journal::note(Class definer, id self, const char* selector,
             Happening::called,
             owner == class_getName(receiver) ? entry.message : entry.message + " of " + owner);
     }
-    History::shared().add(entry.event, brief(arguments));
-    if (BlackBox* box = BlackBox::ofThisProcess()) box->enter(inFlight, entry.message);
+    std::vector<BriefArgument> told = brief(arguments);
     ++entry.count;
     entry.latest = ++order;
     entry.arguments = std::move(arguments);
+    // Who is told finds the run in the journal.
+    History::shared().add(entry.event, std::move(told));
+    if (BlackBox* box = BlackBox::ofThisProcess()) box->enter(inFlight, entry.message);
     return inFlight++;
 }
 
