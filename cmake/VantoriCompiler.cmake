@@ -16,7 +16,7 @@ if(CCACHE)
 endif()
 
 # What many files include is compiled once and reused. A build for another machine goes without: there a
-# file that does not include what it uses is told.
+# file that does not include what it uses is told, unless another of its batch does.
 if(NOT CMAKE_CROSSCOMPILING)
   set(vantori_precompiled <algorithm> <array> <cmath> <filesystem> <functional> <map> <memory>
     <optional> <platform/definition.hpp> <platform/hook.hpp> <platform/springboard.hpp> <platform/uikit.hpp> <set> <span> <sstream> <stdexcept> <string> <string_view> <tuple> <utility> <variant>

@@ -1,4 +1,4 @@
-// Fixups told as chains: each pointer holds chainedFixups it shall become and the distance to the next, in
+// Fixups told as chains: each pointer holds what it shall become and the distance to the next, in
 // steps of four bytes; a table holds where the first one of each page is. Formats are those of
 // 64-bit images with plain pointers; those with signed pointers are arm64e's.
 #include <array>
