@@ -13,6 +13,7 @@ import datetime
 import json
 import pathlib
 import platform
+import re
 import statistics
 import subprocess
 import sys
@@ -125,12 +126,17 @@ def moved(now, before):
             yield f"the {name} slice: {before['sizes'][name]:,} bytes before, {size:,} now"
 
 
+def by_number(item):
+    """A key that puts 375 before 1125."""
+    return [int(part) if part.isdigit() else part for part in re.split(r"(\d+)", item[0])]
+
+
 def text_of(now, before):
     yield f"Measured on {now['date']}: {now['machine']}."
     yield ""
     yield "| | Time | Floor | Ratio | Range |"
     yield "|---|---|---|---|---|"
-    for name, row in now["ratios"].items():
+    for name, row in sorted(now["ratios"].items(), key=by_number):  # they were measured in a random order
         span = f"{row['lowest']:.2f} to {row['highest']:.2f}"
         yield f"| {name} | {readable(row['time'])} | {readable(row['floor'])} | {row['ratio']:.2f} | {span} |"
     yield ""
