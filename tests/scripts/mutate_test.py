@@ -54,6 +54,10 @@ void walk();
 void record(int step);
 int endless(int count);
 void nobodyCalls();
+struct Step {
+    bool isLast() const { return number == 9; }
+    int number;
+};
 """
 TESTS = """\
 #include <sys/wait.h>
@@ -120,11 +124,12 @@ class PlantedLibraryTest(unittest.TestCase):
         release = cls.root / "build/release"
         for name, text in {
             "settings/small.cpp": LIBRARY, "settings/small.hpp": HEADER, "tests.cpp": TESTS,
+            "precompiled.hpp": '#include "settings/small.hpp"\n',
             "scripts/lib/mutation/equal.tsv": "settings/small.cpp\tendless\tcomparison\t* -> count >= 0\tNot so, but planted.\n",
             "build/release/build.ninja": NINJA.format(root=cls.root),
             "build/release/compile_commands.json": json.dumps([{
                 "file": str(cls.root / "settings/small.cpp"),
-                "command": f"c++ -std=c++20 -O0 -I{cls.root} -o CMakeFiles/library_settings.dir/settings/small.cpp.o"
+                "command": f"c++ -std=c++20 -O0 -I{cls.root} -include {cls.root}/precompiled.hpp -o CMakeFiles/library_settings.dir/settings/small.cpp.o"
                            f" -c {cls.root}/settings/small.cpp",
             }]),
         }.items():  # fmt: skip

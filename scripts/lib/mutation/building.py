@@ -67,7 +67,8 @@ class Build:
         for word in command:
             if skip:
                 skip = False
-            elif word in ("-o", "-c"):
+            # A precompiled header has the library's headers as they are without changes.
+            elif word in ("-o", "-c", "-include"):
                 skip = True
             elif not word.startswith(("-W", "-I")):
                 words.append(word)
