@@ -6,6 +6,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <variant>
 #include <vector>
 
@@ -103,7 +104,7 @@ struct Shadow {
 using Content = std::variant<std::monostate, Text, Image, Blur, Gradient, Symbol>;
 
 struct Node {
-    std::string name;  // class name, for text trees
+    std::string_view name;  // of a class, or a literal: it outlives the node
     Rect bounds;
     Point position;  // of the anchor, in the parent's coordinates
     Point anchor{0.5, 0.5};
@@ -126,9 +127,9 @@ struct Node {
 };
 
 // A node that fills `frame` of its parent.
-inline Node nodeWithFrame(std::string name, Rect frame) {
+inline Node nodeWithFrame(std::string_view name, Rect frame) {
     Node node;
-    node.name = std::move(name);
+    node.name = name;
     node.bounds.size = frame.size;
     node.position = {frame.origin.x + frame.size.width / 2, frame.origin.y + frame.size.height / 2};
     return node;

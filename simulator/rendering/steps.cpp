@@ -54,24 +54,25 @@ class Walk {
     }
 
   private:
-    void visit(const Node& node, const Place& parent) {
-        if (!isShown(node)) return;
+    // Answers the rows that the node and all that is under it draw.
+    Rows visit(const Node& node, const Place& parent) {
+        if (!isShown(node)) return {};
         Place place = parent;
-        if (!enter(node, place)) return;
+        if (!enter(node, place)) return {};
         const std::size_t first = steps_.size();
+        Rows under;
         if (isGroup(node, place.alpha)) {
-            add(node, Kind::group, place);
+            under = add(node, Kind::group, place);
         } else {
-            add(node, Kind::node, place);
+            under = add(node, Kind::node, place);
             place.context = steps_.back().print;
             cut(node, place);
-            for (const Node& child : node.children) visit(child, place);
-            if (node.borderWidth > 0) add(node, Kind::border, place);
+            for (const Node& child : node.children) under = joined(under, visit(child, place));
+            if (node.borderWidth > 0) under = joined(under, add(node, Kind::border, place));
         }
-        Step& step = steps_[first];
-        step.end = steps_.size();
-        for (std::size_t i = first; i < steps_.size(); ++i)
-            step.under = joined(step.under, steps_[i].drawn);
+        steps_[first].end = steps_.size();
+        steps_[first].under = under;
+        return under;
     }
 
     static bool enter(const Node& node, Place& place) {
@@ -86,7 +87,8 @@ class Walk {
         if (node.masksToBounds) place.clip = common(place.clip, covered(node.bounds, place));
     }
 
-    void add(const Node& node, Kind kind, const Place& place) {
+    // Answers the rows that it draws itself.
+    Rows add(const Node& node, Kind kind, const Place& place) {
         Print print;
         print.add(place.context);
         print.add(static_cast<int>(kind));
@@ -100,7 +102,9 @@ class Walk {
             reach(node, place, step);
             if (kind == Kind::group) reachInside(node, place, step);
         }
+        step.under = step.drawn;
         steps_.push_back(step);
+        return step.drawn;
     }
 
     // The rows of a rectangle, with the pixel beside that an edge may touch.

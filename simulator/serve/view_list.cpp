@@ -7,6 +7,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "simulator/hardware/display.hpp"
@@ -105,7 +106,7 @@ void eachWindow(const std::function<void(const Shown&)>& visit) {
 
 json entryOf(const Shown& shown) {
     const UIView view = viewOf(shown.layer);
-    const std::string className = shown.node.name;
+    const std::string_view className = shown.node.name;
     json entry{{"class", className},
                {"frame", frameOf(shown)},
                {"alpha", rounded(shown.node.opacity)},

@@ -57,8 +57,7 @@ rendering::Content contentOf(CALayer layer) {
     return {};
 }
 
-rendering::Node withValues(const LayerValues& v) {
-    rendering::Node node;
+void setValues(rendering::Node& node, const LayerValues& v) {
     node.bounds = {{v.bounds.origin.x, v.bounds.origin.y},
                    {v.bounds.size.width, v.bounds.size.height}};
     node.position = {v.position.x, v.position.y};
@@ -74,7 +73,22 @@ rendering::Node withValues(const LayerValues& v) {
     if (v.hasMultiply) node.multiply = colour(v.multiply);
     node.borderWidth = v.borderWidth;
     node.border = colour(v.border);
-    return node;
+}
+
+// A node is half a kilobyte: it is filled where it stays.
+void addScene(rendering::Node& node, CALayer layer) {
+    setValues(node, presentationValues(layer));
+    const LayerState& state = layerState(layer);
+    Object named = state.delegate ? state.delegate : layer;
+    node.name = class_getName(object_getClass(named.get()));
+    if (node.hidden || node.opacity <= 0) return;
+    node.content = contentOf(layer);
+    if (state.mask) node.mask = std::make_shared<rendering::Node>(sceneOf(state.mask));
+    node.children.reserve(state.sublayers.size());
+    for (const auto& sublayer : state.sublayers) addScene(node.children.emplace_back(), sublayer);
+    if (named.isKindOfClass(classOf<UIView>())) {
+        for (NodeFinish finish : finishes()) finish(as<UIView>(named), node);
+    }
 }
 
 }  // namespace
@@ -83,25 +97,17 @@ void addContentSource(ContentSource source) { sources().push_back(source); }
 void addNodeFinish(NodeFinish finish) { finishes().push_back(finish); }
 
 rendering::Node sceneOf(CALayer layer) {
-    rendering::Node node = withValues(presentationValues(layer));
-    const LayerState& state = layerState(layer);
-    Object named = state.delegate ? state.delegate : layer;
-    node.name = class_getName(object_getClass(named.get()));
-    if (node.hidden || node.opacity <= 0) return node;
-    node.content = contentOf(layer);
-    if (state.mask) node.mask = std::make_shared<rendering::Node>(sceneOf(state.mask));
-    node.children.reserve(state.sublayers.size());
-    for (const auto& sublayer : state.sublayers) node.children.push_back(sceneOf(sublayer));
-    if (named.isKindOfClass(classOf<UIView>())) {
-        for (NodeFinish finish : finishes()) finish(as<UIView>(named), node);
-    }
+    rendering::Node node;
+    addScene(node, layer);
     return node;
 }
 
 rendering::Node sceneOfWindows(CGSize size) {
     AutoreleasePool pool;
     rendering::Node root = rendering::nodeWithFrame("Screen", {{0, 0}, {size.width, size.height}});
-    for (auto& window : windowsBackToFront()) root.children.push_back(sceneOf(layerOf(window)));
+    const auto windows = windowsBackToFront();
+    root.children.reserve(windows.size());
+    for (const auto& window : windows) addScene(root.children.emplace_back(), layerOf(window));
     return root;
 }
 
