@@ -7,6 +7,7 @@
 #include <bit>
 #include <cmath>
 #include <cstdint>
+#include <cstring>
 #include <vector>
 
 #include "simulator/rendering/vectors.hpp"
@@ -38,29 +39,8 @@ Pixels pixelsOf(cairo_surface_t* surface) {
             cairo_image_surface_get_format(surface) == CAIRO_FORMAT_RGB24};
 }
 
-constexpr std::uint32_t everyOther = 0x00ff00ff;  // two of the four channels
-
-SIMULATOR_WIDEST_VECTORS
-void addPixels(const std::uint32_t* row, std::size_t count, std::uint32_t* __restrict evens,
-               std::uint32_t* __restrict odds) {
-    for (std::size_t i = 0; i < count; ++i) {
-        evens[i] += row[i] & everyOther;
-        odds[i] += (row[i] >> 8) & everyOther;
-    }
-}
-
-// The sums of a row of blocks, for each of its columns. Two channels share a word: 64 pixels of 255
-// stay below 16 bits.
-struct ColumnSums {
-    std::vector<std::uint32_t> even;
-    std::vector<std::uint32_t> odd;
-
-    void clear(int columns) {
-        even.assign(static_cast<std::size_t>(columns), 0);
-        odd.assign(static_cast<std::size_t>(columns), 0);
-    }
-    void add(const std::uint32_t* row) { addPixels(row, even.size(), even.data(), odd.data()); }
-};
+// Two of the four channels, which share a word as they are added up: 64 pixels of 255 stay below 16 bits.
+constexpr std::uint32_t everyOther = 0x00ff00ff;
 
 std::uint32_t meanOfBlock(std::uint32_t even, std::uint32_t odd, std::uint32_t count, bool opaque) {
     if (count == 0) return 0;
@@ -69,46 +49,68 @@ std::uint32_t meanOfBlock(std::uint32_t even, std::uint32_t odd, std::uint32_t c
         return alpha << 24 | mean(even >> 16) << 16 | mean(odd & 0xffff) << 8 | mean(even & 0xffff);
     };
     // Most blocks have 64 pixels; a division for each channel would take most of the time.
-    if (std::has_single_bit(count)) {
-        const int shift = std::countr_zero(count);
+    const int shift = std::countr_zero(count);
+    if (count == 1U << shift) {
         return pixel([&](std::uint32_t sum) { return sum >> shift; });
     }
     return pixel([&](std::uint32_t sum) { return sum / count; });
 }
 
-// Means of blocks, `factor` pixels square, of one row of blocks.
-void shrinkRow(const Pixels& from, int left, int top, int factor, const Pixels& to, int y,
-               ColumnSums& sums) {
-    const int firstColumn = std::clamp(left, 0, from.width);
-    const int lastColumn = std::clamp(left + to.width * factor, firstColumn, from.width);
-    const int firstLine = std::max(top, 0);
-    const int lastLine = std::min(top + factor, from.height);
-    sums.clear(lastColumn - firstColumn);
-    for (int line = firstLine; line < lastLine; ++line) sums.add(from.row(line) + firstColumn);
-    std::uint32_t* out = to.row(y);
-    for (int x = 0; x < to.width; ++x) {
-        const int begin = std::max(left + x * factor, 0);
-        const int end = std::min(left + x * factor + factor, from.width);
-        std::uint32_t even = 0;
-        std::uint32_t odd = 0;
-        for (int column = begin; column < end; ++column) {
-            even += sums.even[static_cast<std::size_t>(column - firstColumn)];
-            odd += sums.odd[static_cast<std::size_t>(column - firstColumn)];
+// The mean of a block that the picture may not fill.
+std::uint32_t meanOfPart(const Pixels& from, int left, int top, int factor) {
+    const int begin = std::clamp(left, 0, from.width), end = std::min(left + factor, from.width);
+    const int first = std::clamp(top, 0, from.height), last = std::min(top + factor, from.height);
+    std::uint32_t even = 0, odd = 0;
+    for (int y = first; y < last; ++y) {
+        const std::uint32_t* row = from.row(y);
+        for (int x = begin; x < end; ++x) {
+            even += row[x] & everyOther;
+            odd += (row[x] >> 8) & everyOther;
         }
-        const auto count = static_cast<std::uint32_t>(std::max(0, end - begin) *
-                                                      std::max(0, lastLine - firstLine));
-        out[x] = meanOfBlock(even, odd, count, from.opaque);
     }
+    const int count = std::max(0, end - begin) * std::max(0, last - first);
+    return meanOfBlock(even, odd, static_cast<std::uint32_t>(count), from.opaque);
+}
+
+// The means of so many of the largest blocks side by side, which the picture fills.
+SIMULATOR_WIDEST_VECTORS
+void meansOfWholes(const Pixels& from, int left, int top, std::uint32_t* out, int blocks) {
+    using Row [[gnu::vector_size(4 * largestFactor)]] = std::uint32_t;
+    constexpr std::uint32_t count = largestFactor * largestFactor;
+    for (int block = 0; block < blocks; ++block) {
+        Row evens{}, odds{}, pixels;
+        for (int y = 0; y < largestFactor; ++y) {
+            std::memcpy(&pixels, from.row(top + y) + left + block * largestFactor, sizeof pixels);
+            evens += pixels & everyOther;
+            odds += (pixels >> 8) & everyOther;
+        }
+        std::uint32_t even = 0, odd = 0;
+        for (int i = 0; i < largestFactor; ++i) {
+            even += evens[i];
+            odd += odds[i];
+        }
+        out[block] = meanOfBlock(even, odd, count, from.opaque);
+    }
+}
+
+// Means of blocks, `factor` pixels square, of one row of blocks.
+void shrinkRow(const Pixels& from, int left, int top, int factor, const Pixels& to, int y) {
+    const bool isWhole = factor == largestFactor && top >= 0 && top + factor <= from.height;
+    const int first = isWhole ? std::clamp((factor - 1 - left) / factor, 0, to.width) : 0;
+    const int end = isWhole ? std::clamp((from.width - left) / factor, first, to.width) : first;
+    std::uint32_t* out = to.row(y);
+    for (int x = 0; x < first; ++x) out[x] = meanOfPart(from, left + x * factor, top, factor);
+    meansOfWholes(from, left + first * factor, top, out + first, end - first);
+    for (int x = end; x < to.width; ++x) out[x] = meanOfPart(from, left + x * factor, top, factor);
 }
 
 Surface shrunk(const PixelLayer& layer, const Smear& place, int width, int height) {
     Surface small(width, height);
     const Pixels from = pixelsOf(layer.surface);
     const Pixels to = pixelsOf(small.get());
-    ColumnSums sums;
     for (int y = 0; y < height; ++y) {
         shrinkRow(from, place.x - layer.x, place.y - layer.y + y * place.factor, place.factor, to,
-                  y, sums);
+                  y);
     }
     cairo_surface_mark_dirty(small.get());
     return small;
@@ -130,15 +132,6 @@ std::array<int, 3> boxesFor(double sigma) {
     return boxes;
 }
 
-// The four channels of a pixel.
-using Channels [[gnu::vector_size(16)]] = std::int32_t;
-using Shares [[gnu::vector_size(16)]] = float;
-using Bytes [[gnu::vector_size(4)]] = std::uint8_t;
-
-Channels channelsOf(std::uint32_t pixel) {
-    return __builtin_convertvector(std::bit_cast<Bytes>(pixel), Channels);
-}
-
 // A sum of `size` bytes, divided and rounded, by a product: half a step above the whole number it
 // is further from the next quotient than a float can be wrong, up to the largest box.
 struct Mean {
@@ -149,23 +142,11 @@ struct Mean {
     int of(int sum) const {
         return static_cast<int>((static_cast<float>(sum + half) + 0.5f) * share);
     }
-    std::uint32_t of(Channels sum) const {
-        const Shares mean = (__builtin_convertvector(sum + half, Shares) + 0.5f) * share;
-        const Channels whole = __builtin_convertvector(mean, Channels);
-        return std::bit_cast<std::uint32_t>(__builtin_convertvector(whole, Bytes));
-    }
 };
 
-// One box along a row. `in` has half a box more at either end, where the row is continued.
-void boxAlong(const std::vector<Channels>& in, std::uint32_t* out, std::size_t count, int size) {
-    const Mean mean(size);
-    const auto box = static_cast<std::size_t>(size);
-    Channels sum{};
-    for (std::size_t i = 0; i < box; ++i) sum += in[i];
-    for (std::size_t i = 0; i < count; ++i) {
-        out[i] = mean.of(sum);
-        sum += in[i + box] - in[i];
-    }
+SIMULATOR_WIDEST_VECTORS
+void addBytes(const std::uint8_t* row, std::size_t count, int* __restrict sums) {
+    for (std::size_t i = 0; i < count; ++i) sums[i] += row[i];
 }
 
 // One step of all columns at once, byte by byte: the means of the sums, then the box moves on.
@@ -180,48 +161,44 @@ void stepDown(int* sums, const std::uint8_t* entering, const std::uint8_t* leavi
 
 // Memory of the passes, used for one after the other.
 struct Scratch {
-    std::vector<Channels> row;
-    std::vector<std::uint32_t> pixels;
+    std::vector<std::uint32_t> one;
+    std::vector<std::uint32_t> other;
     std::vector<int> sums;
 };
 
 // One box down every column, whose ends are continued.
-void boxDown(const Pixels& pixels, int size, Scratch& scratch) {
+void boxDown(const Pixels& from, const Pixels& to, int size, std::vector<int>& sums) {
     const int half = size / 2;
-    const auto width = static_cast<std::size_t>(pixels.width);
-    scratch.pixels.resize(width * static_cast<std::size_t>(pixels.height));
-    for (int y = 0; y < pixels.height; ++y) {
-        std::copy_n(pixels.row(y), width,
-                    scratch.pixels.begin() + y * static_cast<std::ptrdiff_t>(width));
-    }
+    const std::size_t bytes = 4 * static_cast<std::size_t>(from.width);
     const auto rowAt = [&](int y) {
-        const auto row = static_cast<std::size_t>(std::clamp(y, 0, pixels.height - 1));
-        return reinterpret_cast<const std::uint8_t*>(scratch.pixels.data() + row * width);
+        return reinterpret_cast<const std::uint8_t*>(from.row(std::clamp(y, 0, from.height - 1)));
     };
-    const std::size_t bytes = 4 * width;
-    scratch.sums.assign(bytes, 0);
-    for (int y = -half; y <= half; ++y) {
-        const std::uint8_t* row = rowAt(y);
-        for (std::size_t i = 0; i < bytes; ++i) scratch.sums[i] += row[i];
-    }
-    for (int y = 0; y < pixels.height; ++y) {
-        stepDown(scratch.sums.data(), rowAt(y + half + 1), rowAt(y - half),
-                 reinterpret_cast<std::uint8_t*>(pixels.row(y)), bytes, Mean(size));
+    sums.assign(bytes, 0);
+    for (int y = -half; y <= half; ++y) addBytes(rowAt(y), bytes, sums.data());
+    for (int y = 0; y < from.height; ++y) {
+        stepDown(sums.data(), rowAt(y + half + 1), rowAt(y - half),
+                 reinterpret_cast<std::uint8_t*>(to.row(y)), bytes, Mean(size));
     }
 }
 
-void boxPass(const Pixels& pixels, int size, Scratch& scratch) {
-    const int half = size / 2;
-    const auto count = static_cast<std::size_t>(pixels.width);
-    scratch.row.resize(count + 2 * static_cast<std::size_t>(half) + 1);
-    for (int y = 0; y < pixels.height; ++y) {
-        std::uint32_t* row = pixels.row(y);
-        int at = -half;
-        for (Channels& one : scratch.row)
-            one = channelsOf(row[std::clamp(at++, 0, pixels.width - 1)]);
-        boxAlong(scratch.row, row, count, size);
+// What were rows are columns of the other.
+void turn(const Pixels& from, const Pixels& to) {
+    for (int y = 0; y < from.height; ++y) {
+        const std::uint32_t* row = from.row(y);
+        for (int x = 0; x < from.width; ++x) to.row(x)[y] = row[x];
     }
-    boxDown(pixels, size, scratch);
+}
+
+// Along the rows, then down the columns. All columns take a step at once, so rows become columns first.
+void boxPass(const Pixels& pixels, int size, Scratch& scratch) {
+    const int width = pixels.width, height = pixels.height;
+    const Pixels turned{scratch.one.data(), height, width, height, pixels.opaque};
+    const Pixels along{scratch.other.data(), height, width, height, pixels.opaque};
+    const Pixels upright{scratch.one.data(), width, height, width, pixels.opaque};
+    turn(pixels, turned);
+    boxDown(turned, along, size, scratch.sums);
+    turn(along, upright);
+    boxDown(upright, pixels, size, scratch.sums);
 }
 
 // Luma weights of ITU-R BT.709.
@@ -250,10 +227,11 @@ class Glass {
 
   private:
     std::uint32_t channel(double value, double grey, double tint) const {
-        const double vivid = std::clamp(grey + (value - grey) * saturation_, 0.0, 255.0);
-        return static_cast<std::uint32_t>(
-            static_cast<int>(std::clamp(vivid * rest_ + tint + 0.5, 0.0, 255.0)));
+        const double vivid = within(grey + (value - grey) * saturation_);
+        return static_cast<std::uint32_t>(static_cast<int>(within(vivid * rest_ + tint + 0.5)));
     }
+    // Not std::clamp, in whose place the compiler puts branches.
+    static double within(double value) { return std::min(std::max(value, 0.0), 255.0); }
 
     double saturation_;
     double rest_;
@@ -261,6 +239,11 @@ class Glass {
     double green_;
     double blue_;
 };
+
+SIMULATOR_WIDEST_VECTORS
+void layGlass(Glass glass, std::uint32_t* row, int count) {
+    for (int x = 0; x < count; ++x) row[x] = glass.over(row[x]);
+}
 
 int factorFor(double sigma) {
     int factor = largestFactor;
@@ -293,7 +276,9 @@ int blurReach(double sigma) {
 void blurInPlace(const Surface& surface, double sigma) {
     if (!(sigma > 0) || !surface) return;
     const Pixels pixels = pixelsOf(surface.get());
-    Scratch scratch;
+    const std::size_t count =
+        static_cast<std::size_t>(pixels.width) * static_cast<std::size_t>(pixels.height);
+    Scratch scratch{std::vector<std::uint32_t>(count), std::vector<std::uint32_t>(count), {}};
     for (const int size : boxesFor(std::min(sigma, largestSigma))) {
         if (size > 1) boxPass(pixels, size, scratch);
     }
@@ -318,10 +303,7 @@ Smear smearOf(const std::vector<PixelLayer>& layers, PixelBox box, double sigma,
     blurInPlace(smear.surface, sigma / smear.factor);
     const Pixels pixels = pixelsOf(smear.surface.get());
     const Glass glass(tint, saturation);
-    for (int y = 0; y < pixels.height; ++y) {
-        std::uint32_t* row = pixels.row(y);
-        for (int x = 0; x < pixels.width; ++x) row[x] = glass.over(row[x]);
-    }
+    for (int y = 0; y < pixels.height; ++y) layGlass(glass, pixels.row(y), pixels.width);
     cairo_surface_mark_dirty(smear.surface.get());
     return smear;
 }

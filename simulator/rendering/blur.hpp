@@ -2,6 +2,7 @@
 // full size a blur of a phone's screen would take longer than ten frames.
 #pragma once
 
+#include <algorithm>
 #include <vector>
 
 #include "simulator/rendering/scene.hpp"
@@ -15,6 +16,14 @@ struct PixelBox {
     int width = 0;
     int height = 0;
 };
+
+// Where both are.
+inline PixelBox common(PixelBox one, PixelBox other) {
+    const int x = std::max(one.x, other.x), y = std::max(one.y, other.y);
+    const int width = std::min(one.x + one.width, other.x + other.width) - x;
+    const int height = std::min(one.y + one.height, other.y + other.height) - y;
+    return width > 0 && height > 0 ? PixelBox{x, y, width, height} : PixelBox{};
+}
 
 // A layer of pixels that lies at an offset of the canvas: the canvas itself first, then the open
 // groups over it.

@@ -55,6 +55,9 @@ PixelBox touched(const cairo_matrix_t& matrix, Rect rect) {
     return {x, y, pixel(std::ceil(right) + 1) - x, pixel(std::ceil(bottom) + 1) - y};
 }
 
+// Whether what lies there begins or ends between two pixels.
+bool isWhole(double at) { return at == std::floor(at) && std::abs(at) < 1e6; }
+
 // In pixels; of a matrix that turns nothing.
 struct Edges {
     double left, top, right, bottom;
@@ -69,15 +72,14 @@ Edges edgesOf(const Rect& rect, const cairo_matrix_t& matrix) {
 
 }  // namespace
 
-// Whether the outline lets all of these pixels through: none is at an edge or a corner of it.
+// Whether the outline lets all of these pixels through. A corner of it bulges out of the line from where it
+// begins on one side to where it ends on the other.
 bool Painter::Cut::spares(PixelBox box) const {
     const Edges edges = edgesOf(node->bounds, matrix);
-    const auto within = [&](double across, double down) {
-        return box.x >= edges.left + across && box.x + box.width <= edges.right - across &&
-               box.y >= edges.top + down && box.y + box.height <= edges.bottom - down;
-    };
+    const double across = std::min(box.x - edges.left, edges.right - (box.x + box.width));
+    const double down = std::min(box.y - edges.top, edges.bottom - (box.y + box.height));
     const double reach = cornerReach * node->cornerRadius;
-    return within(reach * matrix.xx, 0) || within(0, reach * matrix.yy);
+    return across >= 0 && down >= 0 && across / matrix.xx + down / matrix.yy >= reach;
 }
 
 // Of the pixels those rows in which the outline is straight and takes none away.
@@ -156,14 +158,16 @@ void Painter::takeBelow() {
 // Without `all` only what is under the node is painted, clipped by it as ever.
 void Painter::paintInside(const Node& node, double alpha, bool all) {
     const std::size_t outside = cuts_.size();
-    cairo_save(context_);
     if (all && node.shadow) paintShadow(node, alpha);
     if (all && node.background && node.background->alpha > 0) paintBackground(node, alpha);
-    if (node.masksToBounds) cut(node);
+    if (node.masksToBounds) {
+        cairo_save(context_);
+        cut(node);
+    }
     if (all && hasContent(node)) paintContent(node, alpha);
     for (const Node& child : node.children) paint(child, alpha);
     cuts_.resize(outside);
-    cairo_restore(context_);
+    if (node.masksToBounds) cairo_restore(context_);
     if (node.borderWidth > 0 && beginStep()) paintBorder(node, alpha);
 }
 
@@ -183,9 +187,14 @@ void Painter::paintBackground(const Node& node, double alpha) {
     } else if (plain && node.cornerRadius > 0 && isFitForStamp(matrix, node.bounds)) {
         const Stamp stamp =
             outlineStamp(matrix, node.bounds, node.cornerRadius, node.continuousCorners);
-        cairo_identity_matrix(context_);
-        setSource(context_, colour);
-        cairo_mask_surface(context_, stamp.pixels.get(), stamp.x, stamp.y);
+        const std::optional<PixelBox> clip = groups_.empty() ? wholeClip() : std::nullopt;
+        if (clip) {
+            layThrough(stamp, surface_, *clip, colour);
+        } else {
+            cairo_identity_matrix(context_);
+            setSource(context_, colour);
+            cairo_mask_surface(context_, stamp.pixels.get(), stamp.x, stamp.y);
+        }
     } else {
         cairo_new_path(context_);
         addOutline(context_, node.bounds, node.cornerRadius, node.continuousCorners);
@@ -207,32 +216,35 @@ void Painter::layOverBelow(PixelBox box, Colour colour) {
     layOver(below ? *below : surface_, surface_, box, colour);
 }
 
-// The pixels that a background without rounded corners fills under the current clip, when it fills each
-// of them whole; empty when it does not.
-PixelBox Painter::wholePixels(const cairo_matrix_t& matrix, const Node& node) const {
-    const auto isWhole = [](double at) { return at == std::floor(at) && std::abs(at) < 1e6; };
-    if (node.cornerRadius > 0 || matrix.xy != 0 || matrix.yx != 0) return {};
-    double left = node.bounds.origin.x, top = node.bounds.origin.y;
-    double right = left + node.bounds.size.width, bottom = top + node.bounds.size.height;
-    cairo_matrix_transform_point(&matrix, &left, &top);
-    cairo_matrix_transform_point(&matrix, &right, &bottom);
+// The pixels that the current clip lets through, when it takes a part of none.
+std::optional<PixelBox> Painter::wholeClip() const {
     cairo_save(context_);
     cairo_identity_matrix(context_);
     const std::unique_ptr<cairo_rectangle_list_t, decltype(&cairo_rectangle_list_destroy)> clip(
         cairo_copy_clip_rectangle_list(context_), &cairo_rectangle_list_destroy);
     cairo_restore(context_);
-    if (clip->status != CAIRO_STATUS_SUCCESS || clip->num_rectangles != 1) return {};
+    if (clip->status != CAIRO_STATUS_SUCCESS || clip->num_rectangles != 1) return std::nullopt;
     const cairo_rectangle_t& room = clip->rectangles[0];
-    for (double at : {left, top, right, bottom, room.x, room.y, room.width, room.height}) {
+    for (double at : {room.x, room.y, room.width, room.height}) {
+        if (!isWhole(at)) return std::nullopt;
+    }
+    return PixelBox{static_cast<int>(room.x), static_cast<int>(room.y),
+                    static_cast<int>(room.width), static_cast<int>(room.height)};
+}
+
+// The pixels that a background without rounded corners fills under the current clip, when it fills each
+// of them whole; empty when it does not.
+PixelBox Painter::wholePixels(const cairo_matrix_t& matrix, const Node& node) const {
+    if (node.cornerRadius > 0 || matrix.xy != 0 || matrix.yx != 0) return {};
+    const auto [left, top, right, bottom] = edgesOf(node.bounds, matrix);
+    for (double at : {left, top, right, bottom}) {
         if (!isWhole(at)) return {};
     }
-    left = std::max(left, room.x);
-    top = std::max(top, room.y);
-    right = std::min(right, room.x + room.width);
-    bottom = std::min(bottom, room.y + room.height);
-    if (!(left < right && top < bottom)) return {};
-    return {static_cast<int>(left), static_cast<int>(top), static_cast<int>(right - left),
-            static_cast<int>(bottom - top)};
+    const std::optional<PixelBox> clip = wholeClip();
+    if (!clip) return {};
+    return common({static_cast<int>(left), static_cast<int>(top), static_cast<int>(right - left),
+                   static_cast<int>(bottom - top)},
+                  *clip);
 }
 
 // Keeps of the open group only what the mask covers.

@@ -47,6 +47,7 @@ class Painter {
     void paintInside(const Node& node, double alpha, bool all);
     void paintMasked(const Node& node);
     void paintBackground(const Node& node, double alpha);
+    std::optional<PixelBox> wholeClip() const;
     PixelBox wholePixels(const cairo_matrix_t& matrix, const Node& node) const;
     void paintShadow(const Node& node, double alpha);
     void paintContent(const Node& node, double alpha);

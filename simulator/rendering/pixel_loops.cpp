@@ -22,7 +22,6 @@ namespace {
 
 // The four channels of a pixel.
 using Channels [[gnu::vector_size(8)]] = std::uint16_t;
-using Bytes [[gnu::vector_size(4)]] = std::uint8_t;
 
 struct Picture32 {
     unsigned char* data;
@@ -39,10 +38,14 @@ Picture32 pixelsOf(const Surface& surface) {
             cairo_image_surface_get_stride(surface.get()), surface.width(), surface.height()};
 }
 
+// The compiler spreads bytes one by one.
 Channels channelsAt(const unsigned char* row, int x) {
-    Bytes bytes;
-    std::memcpy(&bytes, row + 4 * static_cast<std::ptrdiff_t>(x), sizeof bytes);
-    return __builtin_convertvector(bytes, Channels);
+    std::uint32_t pixel;
+    std::memcpy(&pixel, row + 4 * static_cast<std::ptrdiff_t>(x), sizeof pixel);
+    std::uint64_t spread = pixel;
+    spread = (spread | spread << 16) & 0x0000ffff0000ffff;
+    spread = (spread | spread << 8) & 0x00ff00ff00ff00ff;
+    return std::bit_cast<Channels>(spread);
 }
 
 // Between which two small pixels the middle of a large one lies: `part` of `2 * factor` from the first.
@@ -77,8 +80,8 @@ void widen(const Picture32& small, int y, int factor, int from, std::span<std::u
     }
 }
 
-// Sixteen channels, as many as the widest vectors hold.
-constexpr std::size_t many = 16;
+// As many channels as the widest vectors hold.
+constexpr std::size_t many = 32;
 using ManyChannels [[gnu::vector_size(2 * many)]] = std::uint16_t;
 using ManyBytes [[gnu::vector_size(many)]] = std::uint8_t;
 
@@ -93,18 +96,20 @@ SIMULATOR_WIDEST_VECTORS
 void mix(const std::uint16_t* one, const std::uint16_t* other, std::uint16_t first,
          std::uint16_t second, int shift, std::size_t count, unsigned char* out) {
     const auto half = static_cast<std::uint16_t>((1 << shift) / 2);
-    for (std::size_t i = 0; i < count; i += many) {
+    std::size_t i = 0;
+    for (; i + many <= count; i += many) {
+        willWrite(out + i + lookAhead);
         ManyChannels upper, lower;
         load(upper, one + i);
         load(lower, other + i);
         const ManyChannels sum = upper * first + lower * second + half;
         const ManyBytes mixed = __builtin_convertvector(sum >> shift, ManyBytes);
-        if (i + many <= count) {
-            std::memcpy(out + i, &mixed, many);
-        } else {
-            std::memcpy(out + i, &mixed, count - i);
-        }
+        std::memcpy(out + i, &mixed, sizeof mixed);
     }
+    if (i == count) return;
+    std::array<unsigned char, sizeof(ManyBytes)> last;
+    mix(one + i, other + i, first, second, shift, last.size(), last.data());
+    std::copy_n(last.begin(), count - i, out + i);
 }
 
 // The quotient by 255 is rounded, as pixman has it. Every other channel at a time, where it lies, so that
@@ -117,26 +122,70 @@ void layOverRow(const unsigned char* from, unsigned char* to, std::size_t bytes,
     pixels.fill(colour);
     ManyChannels above;
     load(above, pixels.data());
-    for (std::size_t i = 0; i < bytes; i += sizeof(ManyChannels)) {
-        const std::size_t here = std::min(sizeof(ManyChannels), bytes - i);
-        ManyChannels below{};
-        if (here == sizeof below) {
-            load(below, from + i);
-        } else {
-            std::memcpy(&below, from + i, here);
-        }
+    std::size_t i = 0;
+    for (; i + sizeof(ManyChannels) <= bytes; i += sizeof(ManyChannels)) {
+        willRead(from + i + lookAhead);
+        willWrite(to + i + lookAhead);
+        ManyChannels below;
+        load(below, from + i);
         ManyChannels low = (below & 0xff) * rest + 0x80;
         ManyChannels high = (below >> 8) * rest + 0x80;
         low = (low + (low >> 8)) >> 8;
         high = (high + (high >> 8)) & 0xff00;
         // No sum is above 255: none reaches into the next channel.
         const ManyChannels laid = (low | high) + above;
-        if (here == sizeof laid) {
-            std::memcpy(to + i, &laid, sizeof laid);
-        } else {
-            std::memcpy(to + i, &laid, here);
-        }
+        std::memcpy(to + i, &laid, sizeof laid);
     }
+    if (i == bytes) return;
+    std::array<unsigned char, sizeof(ManyChannels)> last{};
+    std::copy_n(from + i, bytes - i, last.begin());
+    layOverRow(last.data(), last.data(), last.size(), colour);
+    std::copy_n(last.begin(), bytes - i, to + i);
+}
+
+// Every channel of a pixel of `coverage` says how much of the colour is seen there.
+SIMULATOR_WIDEST_VECTORS
+void layRowThrough(const unsigned char* coverage, unsigned char* to, std::size_t bytes,
+                   std::uint32_t colour) {
+    std::array<std::uint32_t, sizeof(ManyChannels) / 4> pixels;
+    pixels.fill(colour);
+    ManyChannels above;
+    load(above, pixels.data());
+    const auto alpha = static_cast<std::uint16_t>(colour >> 24);
+    std::size_t i = 0;
+    for (; i + sizeof(ManyChannels) <= bytes; i += sizeof(ManyChannels)) {
+        ManyChannels covered, below;
+        load(covered, coverage + i);
+        covered &= 0xff;
+        load(below, to + i);
+        ManyChannels low = (above & 0xff) * covered + 0x80;
+        ManyChannels high = (above >> 8) * covered + 0x80;
+        ManyChannels rest = covered * alpha + 0x80;
+        low = (low + (low >> 8)) >> 8;
+        high = (high + (high >> 8)) & 0xff00;
+        rest = 0xff - ((rest + (rest >> 8)) >> 8);
+        ManyChannels lowBelow = (below & 0xff) * rest + 0x80;
+        ManyChannels highBelow = (below >> 8) * rest + 0x80;
+        lowBelow = (lowBelow + (lowBelow >> 8)) >> 8;
+        highBelow = (highBelow + (highBelow >> 8)) & 0xff00;
+        const ManyChannels laid = (low | high) + (lowBelow | highBelow);
+        std::memcpy(to + i, &laid, sizeof laid);
+    }
+    if (i == bytes) return;
+    std::array<unsigned char, sizeof(ManyChannels)> lastCoverage{}, last{};
+    std::copy_n(coverage + i, bytes - i, lastCoverage.begin());
+    std::copy_n(to + i, bytes - i, last.begin());
+    layRowThrough(lastCoverage.data(), last.data(), last.size(), colour);
+    std::copy_n(last.begin(), bytes - i, to + i);
+}
+
+// Premultiplied, as cairo has it.
+std::uint32_t pixelOf(Colour colour) {
+    const double alpha = std::clamp(colour.alpha, 0.0, 1.0);
+    const auto byte = [&](double part) {
+        return std::min(static_cast<std::uint32_t>(std::clamp(part, 0.0, 1.0) * alpha * 256), 255U);
+    };
+    return byte(1) << 24 | byte(colour.red) << 16 | byte(colour.green) << 8 | byte(colour.blue);
 }
 
 // Opaque pixels that all get written: emptying them first would cost as much again.
@@ -195,9 +244,24 @@ void layOver(const Surface& from, const Surface& to, PixelBox box, Colour colour
         byte(1) << 24 | byte(colour.red) << 16 | byte(colour.green) << 8 | byte(colour.blue);
     const Picture32 below = pixelsOf(from), pixels = pixelsOf(to);
     const std::ptrdiff_t left = 4 * static_cast<std::ptrdiff_t>(box.x);
-    for (int y = box.y; y < box.y + box.height; ++y) {
+    const auto bytes = 4 * static_cast<std::size_t>(box.width);
+    // Rows as wide as the surface lie one behind the other.
+    const bool isWhole = static_cast<std::ptrdiff_t>(bytes) == pixels.stride;
+    const int rows = isWhole ? box.height : 1;
+    for (int y = box.y; y < box.y + box.height; y += rows) {
         layOverRow(below.row(y) + left, pixels.row(y) + left,
-                   4 * static_cast<std::size_t>(box.width), premultiplied);
+                   bytes * static_cast<std::size_t>(rows), premultiplied);
+    }
+    cairo_surface_mark_dirty(to.get());
+}
+
+void layThrough(const Stamp& stamp, const Surface& to, PixelBox box, Colour colour) {
+    const Picture32 coverage = pixelsOf(stamp.pixels), pixels = pixelsOf(to);
+    const PixelBox reached = common({stamp.x, stamp.y, coverage.width, coverage.height}, box);
+    for (int y = reached.y; y < reached.y + reached.height; ++y) {
+        layRowThrough(coverage.row(y - stamp.y) + 4 * (reached.x - stamp.x),
+                      pixels.row(y) + 4 * reached.x, 4 * static_cast<std::size_t>(reached.width),
+                      pixelOf(colour));
     }
     cairo_surface_mark_dirty(to.get());
 }

@@ -97,9 +97,10 @@ Stamp outlineStamp(const cairo_matrix_t& matrix, Rect rect, double radius, bool 
     print.add(radius);
     print.add(continuous);
     print.add(rect.size);
-    return stampFor(print, {matrix, rect}, CAIRO_FORMAT_A8, {}, [&](cairo_t* context) {
+    return stampFor(print, {matrix, rect}, CAIRO_FORMAT_ARGB32, {}, [&](cairo_t* context) {
         cairo_scale(context, matrix.xx, matrix.yy);
         addOutline(context, {{0, 0}, rect.size}, radius, continuous);
+        cairo_set_source_rgb(context, 1, 1, 1);
         cairo_fill(context);
     });
 }

@@ -23,7 +23,7 @@ struct Stamp {
 // mirrors, and is small enough to be kept.
 bool isFitForStamp(const cairo_matrix_t& matrix, Rect rect);
 
-// The coverage of the outline (8 bits).
+// The coverage of the outline, in each of the four channels.
 Stamp outlineStamp(const cairo_matrix_t& matrix, Rect rect, double radius, bool continuous);
 
 // The pixels filtered to the size of the rectangle, each channel multiplied first where that is asked for.

@@ -306,7 +306,7 @@ TEST(PixelLoops, EnlargeDownAsAcross) {
     for (int y = 0; y < 4; ++y) EXPECT_EQ(large.pixel(1, y) & 0xff, expected[y]);
 }
 
-// Nineteen pixels are two vectors and a rest.
+// Nineteen pixels are a vector and a rest.
 TEST(PixelLoops, LayOverTakesTheRestOfWhatLiesBelow) {
     Surface from(21, 2), to(21, 2);
     for (int x = 0; x < 21; ++x) setPixel(from, x, 1, 0xff6496c8);  // 100, 150, 200
@@ -316,6 +316,46 @@ TEST(PixelLoops, LayOverTakesTheRestOfWhatLiesBelow) {
     EXPECT_EQ(to.pixel(0, 1), 0u);
     EXPECT_EQ(to.pixel(20, 1), 0u);
     EXPECT_EQ(to.pixel(5, 0), 0u);
+}
+
+// Rows of the whole surface are laid as one.
+TEST(PixelLoops, LayOverTakesRowsOfTheWholeSurfaceAndNoOther) {
+    Surface from(21, 5), to(21, 5);
+    for (int y = 0; y < 5; ++y) {
+        for (int x = 0; x < 21; ++x) setPixel(from, x, y, 0xff6496c8);
+    }
+    layOver(from, to, {0, 1, 21, 3}, {1, 0, 0, 0.4});
+    for (int y = 0; y < 5; ++y) {
+        const unsigned expected = y > 0 && y < 4 ? 0xffa25a78u : 0u;
+        for (int x = 0; x < 21; ++x) EXPECT_EQ(to.pixel(x, y), expected) << x << ", " << y;
+    }
+}
+
+// Cairo is asked for the same, on a picture in which no two neighbours are alike.
+TEST(PixelLoops, LayThroughGivesWhatCairoGivesForAMask) {
+    for (const double alpha : {1.0, 0.35, 0.5}) {
+        for (const int side : {5, 16, 37, 55}) {
+            const Colour colour{0.9, 0.3, 0.6, alpha};
+            const Stamp stamp = outlineStamp({1, 0, 0, 1, 3.25, 2.5},
+                                             {{0, 0}, {side - 0.5, side - 0.5}}, side / 3.0, true);
+            const Surface ours(64, 64, CAIRO_FORMAT_RGB24);
+            for (int y = 0; y < 64; ++y) {
+                for (int x = 0; x < 64; ++x)
+                    setPixel(ours, x, y,
+                             0xff000000 | (static_cast<unsigned>(x * y) * 2654435761U >> 8));
+            }
+            const Surface cairos = copyOf(ours);
+            const PixelBox box{6, 4, 40, 50};
+            layThrough(stamp, ours, box, colour);
+            const Context context = contextOf(cairos);
+            cairo_rectangle(context.get(), box.x, box.y, box.width, box.height);
+            cairo_clip(context.get());
+            setSource(context.get(), colour);
+            cairo_mask_surface(context.get(), stamp.pixels.get(), stamp.x, stamp.y);
+            cairo_surface_flush(cairos.get());
+            EXPECT_EQ(largestDifference(ours, cairos), 0) << alpha << ", " << side;
+        }
+    }
 }
 
 TEST(Stamps, AreMadeOnceForEachEighthOfAPixel) {
@@ -353,6 +393,32 @@ TEST(Painter, CutsByARoundedLayerWhereItReaches) {
         EXPECT_EQ(shown.pixel(50, 50), redPixel);
         EXPECT_EQ(shown.pixel(1, 1), whitePixel);
         EXPECT_EQ(shown.pixel(98, 98), whitePixel);
+    }
+}
+
+// A small child shows what a large one shows there, which the outline surely cuts: but for what cairo makes
+// of the edge of either, a few steps of 255.
+TEST(Painter, CutsWhatLiesInACornerAsItCutsAll) {
+    const auto shown = [](Rect child, bool continuous) {
+        Node root = screenNode(100, 100);
+        Node layer = fillNode({{0, 0}, {100, 100}}, {0, 0, 0, 0}, 30);
+        layer.continuousCorners = continuous;
+        layer.masksToBounds = true;
+        layer.children.push_back(fillNode(child, red));
+        root.children.push_back(layer);
+        return render(root, {100, 100}, 1, white);
+    };
+    for (const bool continuous : {false, true}) {
+        const Surface all = shown({{-10, -10}, {120, 120}}, continuous);
+        for (int y = 0; y < 50; y += 3) {
+            for (int x = 0; x < 50; x += 3) {
+                const Surface one = shown({{x * 1.0, y * 1.0}, {4, 4}}, continuous);
+                for (int i = 0; i < 16; ++i)
+                    ASSERT_NEAR(blueOf(one.pixel(x + i % 4, y + i / 4)),
+                                blueOf(all.pixel(x + i % 4, y + i / 4)), 12)
+                        << x << ", " << y;
+            }
+        }
     }
 }
 
