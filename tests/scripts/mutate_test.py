@@ -7,11 +7,12 @@ import subprocess
 import sys
 import tempfile
 import unittest
+from types import SimpleNamespace
 
 REPOSITORY = pathlib.Path(__file__).resolve().parents[2]
 sys.path.insert(0, str(REPOSITORY / "scripts/lib"))
 
-from mutation import scoring  # noqa: E402 (found by the path above)
+from mutation import running, scoring  # noqa: E402 (found by the path above)
 
 LIBRARY = """\
 #include "settings/small.hpp"
@@ -109,8 +110,6 @@ build bin/unit-tests: link tests.o CMakeFiles/library_settings.dir/settings/smal
 
 
 def change(file="a/b.cpp", function="f", kind="constant", before="1", after="2"):
-    from types import SimpleNamespace
-
     key = f"{file} | {function} | {kind} | {before} | {after}"
     return SimpleNamespace(file=file, function=function, kind=kind, before=before, after=after, key=key, line=3, isBroken=False)
 
@@ -200,6 +199,28 @@ class PlantedLibraryTest(unittest.TestCase):
         status, said = self.mutate("--show", "--least", "99")
         self.assertEqual(status, 1)
         self.assertRegex(said, r"mutate: \d+\.\d of 100 are caught, at least 99 were asked for")
+
+
+class HuntTest(unittest.TestCase):
+    # Three tests come by, of which nobody notices anything; two of them are tried.
+    def test_no_more_than_the_most_telling_tests_run(self):
+        one = change()
+        ran = []
+        tests = SimpleNamespace(seconds=1, subjects=dict, run=lambda workplace, part, **_: ran.extend(part))
+        recording = SimpleNamespace(by_number={0: {"a", "b", "c"}}, tests={name: (1, 1) for name in "abc"})
+        one.atLoad = False
+        build = SimpleNamespace(changes=[one], numbers={id(one): 0})
+        self.assertEqual(running.Hunt(tests, recording, build, most=2).run(one, False, 24), ("survived", "", 2))
+        self.assertEqual(ran, ["a", "b"])
+
+    # All three are of the toolbar, and one of them of its dock too, which is what the file is about.
+    def test_a_rare_word_says_more(self):
+        subjects = {"a": {"toolbar", "page"}, "b": {"toolbar", "page"}, "c": {"toolbar", "dock"}}
+        tests = SimpleNamespace(subjects=lambda: subjects)
+        recording = SimpleNamespace(by_number={}, tests={"a": (1, 1), "b": (1, 1), "c": (9, 9)})
+        hunt = running.Hunt(tests, recording, SimpleNamespace(changes=[], numbers={}), most=2)
+        order = hunt.order(change(file="toolbar/dock_page.cpp"), {"a", "b", "c"})
+        self.assertEqual(order, ["c", "a", "b"])
 
 
 class ScoreTest(unittest.TestCase):

@@ -3,6 +3,7 @@
 import collections
 import concurrent.futures
 import json
+import math
 import os
 import pathlib
 import re
@@ -193,13 +194,17 @@ def record(tests, jobs, stamp, kept, tell):
 class Hunt:
     """Which tests to run for a change: those that see it, the most telling first."""
 
-    def __init__(self, tests, recording, build):
+    def __init__(self, tests, recording, build, most):
+        self.most = most  # of the tests that see a change: the others are not run
         self.tests = tests
         self.recording = recording
         self.build = build
         self.killers = collections.defaultdict(collections.Counter)  # of each file
         self.tried = collections.defaultdict(set)
         self.subjects = tests.subjects()
+        # A word that few tests have in common says more of what they are about.
+        shared = collections.Counter(word for subject in self.subjects.values() for word in subject)
+        self.weight = {word: math.log(1 + len(self.subjects) / count) for word, count in shared.items()}
         self.lock = threading.Lock()
         by_file = collections.defaultdict(set)
         for change in build.changes:
@@ -219,7 +224,7 @@ class Hunt:
         return self.by_file[change.file] & asked if change.file.endswith(".cpp") else asked
 
     def order(self, change, seeing):
-        """Those that caught others in the file, then by how many words they share with the change, then the cheap."""
+        """Those that caught others in the file, then by the words that they share with the change, then the cheap."""
         with self.lock:
             best = {test: -count for test, count in self.killers[change.file].most_common(6)}
         cost = self.recording.tests
@@ -228,7 +233,7 @@ class Hunt:
 
         def rank(test):
             subject = self.subjects.get(test, set())
-            near = 2 * len(subject & about) + len(subject & closer)
+            near = sum(self.weight[word] * (2 * (word in about) + (word in closer)) for word in subject & (about | closer))
             return best.get(test, 0), -near, cost[test][1], cost[test][0], test
 
         return sorted(seeing, key=rank)
@@ -238,7 +243,7 @@ class Hunt:
         seeing = self.seeing(change)
         if not seeing:
             return "unseen", "", 0
-        order = self.order(change, seeing)
+        order = self.order(change, seeing)[: self.most]
         if first:  # what ran before stays known, so that none runs twice
             order = [test for test in order if test not in self.tried[change.key]]
         part = order[:count]
