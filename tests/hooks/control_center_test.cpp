@@ -58,11 +58,27 @@ TEST_F(ControlCenter, ReplacedTheStatusBarRaisesTheToolbarByTheSameDistance) {
 TEST_F(ControlCenter, TheToolbarMovesBeforeTheTranslationIsTakenBack) {
     bootReplacing(true);
     std::vector<double> tops;
-    Spy<"setTranslation:inView:", CGPoint, id>::on(
-        "SBSystemPanGestureRecognizer", [&](Object, CGPoint, id) { tops.push_back(toolbarY()); });
+    std::vector<CGPoint> translations;
+    Spy<"setTranslation:inView:", CGPoint, id>::on("SBSystemPanGestureRecognizer",
+                                                   [&](Object, CGPoint translation, id) {
+                                                       tops.push_back(toolbarY());
+                                                       translations.push_back(translation);
+                                                   });
     phone_->statusBar(PullPhase::began, 300, 10, 0);
     phone_->statusBar(PullPhase::updated, 300, 100, 0);
     EXPECT_EQ(tops, (std::vector<double>{812 - 10, 812 - 100}));
+    EXPECT_EQ(translations, (std::vector<CGPoint>{{0, 0}, {0, 0}}));
+}
+
+TEST_F(ControlCenter, AReleasedStatusBarPullMovesTheToolbarBeforeItCountsAsOpen) {
+    bootReplacing(true);
+    phone_->statusBar(PullPhase::began, 300, 10, 0);
+    std::vector<bool> opens;
+    Spy<"updateYValueWithAnimation:", double>::on(
+        "VNTSBToolBarController", [&](Object, double) { opens.push_back(toolbar().isEnabled()); });
+    phone_->statusBar(PullPhase::ended, 300, 100, 0);
+    EXPECT_EQ(opens, (std::vector<bool>{false}));
+    EXPECT_TRUE(toolbar().isEnabled());
 }
 
 TEST_F(ControlCenter, ExactlyHalfTheHeightCloses) {
@@ -92,10 +108,37 @@ TEST_F(ControlCenter, ASlowerOneOpens) {
 
 TEST_F(ControlCenter, NotReplacedTheSystemHandlesTheStatusBar) {
     bootReplacing(false, "iPhone10,1");
+    shouldHideCCScrollView = true;
     pullStatusBar(100, 0);
     EXPECT_EQ(statusBarSystem(), 3);
     EXPECT_EQ(posted("com.ferolin.vantori-ccback"), 3);
     EXPECT_FALSE(toolbar().isEnabled());
+    EXPECT_FALSE(shouldHideCCScrollView);
+}
+
+// What an earlier pull left behind is forgotten, also where the report only closes what is open.
+TEST_F(ControlCenter, AReportThatBeginsForgetsThePullBefore) {
+    bootReplacing(true);
+    toolbar().setIsEnabled(true);
+    liftingAppScene = true;
+    pullingSBToolbar = true;
+    phone_->controlCenterGrabber(PullPhase::began, 300, 10, 0);
+    EXPECT_FALSE(toolbar().isEnabled());
+    EXPECT_FALSE(liftingAppScene);
+    EXPECT_FALSE(pullingSBToolbar);
+}
+
+// "replaceCC" switched off, on a phone without a home button: the reports are the system's, whatever a pull
+// left behind.
+TEST_F(ControlCenter, ACancelledReportOfTheSystemsClosesNothing) {
+    bootReplacing(true);
+    replaceCC = false;
+    toolbar().setIsEnabled(true);
+    pullingSBToolbar = true;
+    phone_->controlCenterGrabber(PullPhase::cancelled, 300, 10, 0);
+    EXPECT_EQ(grabberSystem("Canceled"), 1);
+    EXPECT_TRUE(toolbar().isEnabled());
+    EXPECT_FALSE(pullingSBToolbar);
 }
 
 TEST_F(ControlCenter, ReplacedEveryGrabberPullIsAHitAndGivesNoHaptic) {

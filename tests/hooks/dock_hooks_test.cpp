@@ -1,6 +1,7 @@
 // What the dock hands over to the pages of both toolbars, call by call.
 #include "hooks/hook_dock.hpp"
 
+#include "tests/order.hpp"
 #include "tests/pages/applications.hpp"
 
 namespace vantori::tests {
@@ -166,6 +167,34 @@ TEST_F(Dock, AskingForVisibleIconsFeedsAPageThatHasNone) {
     auto other = create<Root, "initWithFrame:">(rect(0, 0, 375, 96));
     EXPECT_EQ((other.send<"visibleIcons", NSArray>().count()), 0u);
     expectFed(springBoardPage(), 2, "com.example.maps");
+}
+
+TEST_F(Dock, AskingTheFloatingDockForVisibleIconsFeedsAPageThatHasNone) {
+    bootWith("13.3");
+    auto list = listOf<Floating>(two);
+    EXPECT_EQ((list.send<"visibleIcons", NSArray>().count()), 2u);
+    expectFed(springBoardPage(), 2, "com.example.maps");
+    expectUntouched(applicationPage());
+}
+
+TEST_F(Dock, TheFloatingDockIsLaidOutByTheSystemToo) {
+    bootWith("13.3");
+    auto list = listOf<Floating>(two);
+    phone_->clear();
+    list.send<"layoutIconsNow">();
+    EXPECT_EQ(phone_->calledCount("SBFloatingDockIconListView", "layoutIconsNow"), 1);
+}
+
+TEST_F(Dock, EditingBeginsBeforeThePagesAreFed) {
+    bootWith("13.3");
+    auto list = listOf<Root>(two);
+    int fed = 0;
+    Spy<"setIcons:", id>::on("VNTIconsContainerViewController", [&](Object, id) {
+        ++fed;
+        EXPECT_TRUE((list.send<"isEditing", bool>()));
+    });
+    list.send<"setEditing:">(true);
+    EXPECT_GE(fed, 2);
 }
 
 TEST_F(Dock, AskingForVisibleIconsDoesNotWaitForTheSettings) {

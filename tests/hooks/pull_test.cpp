@@ -54,9 +54,9 @@ TEST_P(RubberBand, DividesTheExcessByTheHeightsPulled) {
 
 // 115 + 57.5 / 1.5, 115 + 115 / 2, 115 + 230 / 3.
 INSTANTIATE_TEST_SUITE_P(Heights, RubberBand,
-                         testing::Values(BandCase{114.5, 114.5}, BandCase{115, 115},
-                                         BandCase{172.5, 115 + 57.5 / 1.5}, BandCase{230, 172.5},
-                                         BandCase{345, 115 + 230.0 / 3}));
+                         testing::Values(BandCase{-20, -20}, BandCase{114.5, 114.5},
+                                         BandCase{115, 115}, BandCase{172.5, 115 + 57.5 / 1.5},
+                                         BandCase{230, 172.5}, BandCase{345, 115 + 230.0 / 3}));
 
 class LaterPull : public Pull, public testing::WithParamInterface<const char*> {
   protected:
@@ -205,6 +205,22 @@ TEST_F(ClosingPull, ASecondPullClearsTheFlagTwice) {
     EXPECT_EQ(Order::events(), (Events{"off, up", "off, down"}));
 }
 
+// The scene is let go before the marquee stops, and others hear of it after that.
+TEST_F(ClosingPull, TheMarqueeStopsBeforeOthersHear) {
+    bootInApplication(false);
+    began();
+    updated(100);
+    phone_->clear();
+    listenTo({"com.ferolin.vantori-stopmarquee"});
+    Order::look() = [this] {
+        if (liftingAppScene) Order::note("still lifting");
+        if (backNow() > 0) Order::note("heard");
+    };
+    ended(-5.01);
+    EXPECT_EQ(Order::events(), (Events{"com.ferolin.vantori-stopmarquee"}));
+    EXPECT_EQ(backNow(), 1);
+}
+
 TEST_F(ClosingPull, CancelledTheSystemIsToldFirstAndTheToolbarAboveIsClearedFirst) {
     bootInApplication(false);
     began();
@@ -327,6 +343,24 @@ TEST_F(Pull, InFrontOfAnApplicationTheSceneIsLifted) {
     EXPECT_EQ(sceneFrame(), (rect(0, -115, 375, 812)));
     EXPECT_EQ(sceneRadius(), 30);
     EXPECT_EQ(systemCalls("Began") + systemCalls("Updated") + systemCalls("Ended"), 0);
+}
+
+TEST_F(Pull, AnUpdateThatMovesTheSceneMovesNothingElse) {
+    bootInApplication(false);
+    began();
+    pullingSBToolbar = true;
+    updated(50);
+    EXPECT_TRUE(liftingAppScene);
+    EXPECT_FALSE(pullingSBToolbar);
+}
+
+TEST_F(Pull, AToolbarWithoutHeightRoundsNothing) {
+    bootInApplication(false);
+    began();
+    MAX_SIZE = 0;
+    updated(50);
+    EXPECT_EQ(sceneFrame(), (rect(0, -50, 375, 812)));
+    EXPECT_EQ(sceneRadius(), 0);
 }
 
 TEST_F(Pull, TheLiftedSceneStaysAcrossLayoutPasses) {

@@ -315,6 +315,7 @@ TEST_F(StartUp, TheTestAlertShows) {
     EXPECT_EQ(said("setMessage:"), "Test!");
     EXPECT_EQ(said("addButtonWithTitle:"), "Okay!");
     EXPECT_EQ(phone_->calledCount("UIAlertView", "addButtonWithTitle:"), 1);
+    EXPECT_EQ(phone_->calledCount("UIAlertView", "setCancelButtonIndex:"), 1);
     EXPECT_FALSE(phone_->crashed());
 }
 
@@ -341,6 +342,10 @@ TEST_F(StartUp, TheReportTellsWhatEachRowMet) {
               std::string::npos);
     EXPECT_NE(text.find("-[SpringBoard applicationDidFinishLaunching:] own, expected v@:@, met "
                         "v@:@, calls 1\n"),
+              std::string::npos);
+    const HookRow& first = springBoardHooks().front();
+    first.record->installed = false;
+    EXPECT_NE(std::string(hookReport().utf8()).find("] not installed, expected"),
               std::string::npos);
 }
 

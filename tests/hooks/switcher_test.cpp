@@ -84,6 +84,82 @@ TEST_F(RealSwitcher, TheContainersPhoneHooksNothingElse) {
     EXPECT_EQ(objc_getClass("SBMainSwitcherViewController"), nullptr);
 }
 
+TEST_F(RealSwitcher, TheContainersComingPutsTheLiftedApplicationBack) {
+    set("alwaysSpringBoardStyle", false);
+    set("layoutDirection", 1);
+    boot();
+    phone_->open("com.example.notes");
+    phone_->grabber(simulator::PullPhase::began, 60, 10, 0);
+    phone_->grabber(simulator::PullPhase::ended, 60, 115, 0);
+    ASSERT_EQ(sceneTop(), -115);
+    switcherContainerDidMove(System<void()>(nullptr, nullptr, nullptr), Object());
+    EXPECT_EQ(sceneTop(), 0);
+    EXPECT_EQ(sceneRadius(), 0);
+}
+
+// A state of the phone's layout, and a transition from one to another, by the names of both systems.
+struct LayoutState : Object {
+    static constexpr FixedString name{"VNTTestLayoutState"};
+    using Object::Object;
+};
+struct LayoutMode {
+    long mode;
+};
+struct Transition : Object {
+    static constexpr FixedString name{"VNTTestTransition"};
+    using Object::Object;
+};
+struct Ends {
+    Strong<Object> from, to;
+};
+
+long modeOf(LayoutState self) { return stateOf<LayoutMode>(self).mode; }
+Object originOf(Transition self) { return stateOf<Ends>(self).from; }
+Object targetOf(Transition self) { return stateOf<Ends>(self).to; }
+
+class Transitions : public RealSwitcher {
+  protected:
+    static void defineClasses() {
+        define<LayoutState, Object, LayoutMode>().method<"unlockedEnvironmentMode", &modeOf>();
+        define<Transition, Object, Ends>()
+            .method<"fromLayoutState", &originOf>()
+            .method<"toLayoutState", &targetOf>()
+            .method<"previousLayoutState", &originOf>()
+            .method<"layoutState", &targetOf>();
+    }
+    static Strong<Object> inFront(long mode) {
+        auto state = create<LayoutState>();
+        stateOf<LayoutMode>(state).mode = mode;
+        return retained(Object(state));
+    }
+    static Strong<Transition> transition(long from, long to) {
+        auto made = create<Transition>();
+        stateOf<Ends>(made) = {inFront(from), inFront(to)};
+        return made;
+    }
+};
+
+constexpr long homeScreen = 1, theSwitcher = 2, anApplication = 3;
+
+// Whoever is in the switcher already is not brought there.
+TEST_F(Transitions, OnlyThoseToTheSwitcherPutItBack) {
+    lift("14.2");
+    defineClasses();
+    System<void(Object, Object)> system(nullptr, nullptr, nullptr);
+    const auto begin = [&](auto transitionBegan, long from, long to) {
+        springScene(115, 30);
+        transitionBegan(system, Object(), Object(), transition(from, to));
+        return sceneTop();
+    };
+    for (auto began : {&layoutTransitionBegan, &sceneTransitionBegan}) {
+        EXPECT_EQ(begin(began, anApplication, theSwitcher), 0);
+        EXPECT_EQ(begin(began, homeScreen, theSwitcher), 0);
+        EXPECT_EQ(begin(began, theSwitcher, theSwitcher), -115);
+        EXPECT_EQ(begin(began, theSwitcher, anApplication), -115);
+        EXPECT_EQ(begin(began, anApplication, homeScreen), -115);
+    }
+}
+
 // Contexts that do not say what comes, or say it to no purpose, move nothing.
 TEST_F(RealSwitcher, AContextThatSaysNothingMovesNothing) {
     lift("14.2");

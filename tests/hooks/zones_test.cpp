@@ -146,6 +146,8 @@ TEST_F(ZoneTest, TheSecondRuleComparesTheLeftZoneWithTheMiddleWidth) {
     EXPECT_FALSE(isPointInRange(100));
     EXPECT_EQ(posted("should-refresh-state"), 4);
     EXPECT_EQ(posted("should-refresh-value"), 0);
+    leftGestureEnabled = false;
+    EXPECT_FALSE(isPointInRange(75));
 }
 
 // The middle is 75 wide on a screen of 375: it lies between 150 and 225, neither border in it.

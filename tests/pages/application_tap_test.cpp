@@ -1,6 +1,7 @@
 // A tap on an icon of the open toolbar, in both styles, and what the page asks of the host.
 #include "pages/application_host.hpp"
 #include "platform/definition.hpp"
+#include "tests/order.hpp"
 #include "tests/pages/applications.hpp"
 
 namespace vantori::tests {
@@ -50,6 +51,23 @@ TEST_F(Tap, InApplicationStyleLowersTheSceneThenLaunches) {
     phone_->wait(1);
     expectAtRest();
     EXPECT_FALSE(phone_->crashed());
+}
+
+// The scene is lowered, then the toolbar above goes, then the system hears of it; once the spring ends the
+// application comes, and only then does the toolbar behind it count as closed.
+TEST_F(Tap, GoesInOrder) {
+    openInApplicationStyle();
+    Spy<"dismissVNTSB">::on("VNTSBToolBarController", [&](Object) {
+        Order::note(sceneContainer().frame().origin.y == 0 ? "lowered" : "lifted");
+        Order::note(backNow() == 0 ? "dismissed" : "dismissed late");
+    });
+    Spy<"setIsEnabled:", bool>::on("VNTToolBarController", [&](Object, bool) {
+        Order::note(launched("com.apple.mobilesafari") == 1 ? "closed" : "closed too early");
+    });
+    tapIcon(applicationPage(), 1);
+    EXPECT_EQ(backNow(), 1);
+    phone_->wait(1);
+    EXPECT_EQ(Order::events(), (std::vector<std::string>{"lowered", "dismissed", "closed"}));
 }
 
 TEST_F(Tap, InterruptedLaunchesNothingButDismisses) {

@@ -2,9 +2,11 @@
 // live in the host's view.
 #include "pages/live_application.hpp"
 
+#include "hooks/hook_report.hpp"
 #include "pages/application_host.hpp"
 #include "platform/springboard_icons.hpp"
 #include "tests/library_phone.hpp"
+#include "tests/order.hpp"
 
 namespace vantori::tests {
 namespace {
@@ -68,6 +70,41 @@ TEST_P(HostOnSystem, ShowsTheApplicationOnceItsSceneIsMade) {
 INSTANTIATE_TEST_SUITE_P(Systems, HostOnSystem,
                          testing::Values("11.0", "11.4", "12.4", "13.3", "13.5", "14.2", "14.8"));
 
+// Live, and as large as the host whatever becomes of that.
+TEST_F(RealHost, TheViewIsLiveAndStretches) {
+    bootReal("14.2");
+    Spy<"setIgnoresOcclusions:", bool>::on("SBAppViewController", [](Object, bool ignores) {
+        Order::note(ignores ? "ignores" : "heeds");
+    });
+    Spy<"setRequestedMode:", long>::on("SBAppViewController", [](Object, long mode) {
+        Order::note("mode " + std::to_string(mode));
+    });
+    Spy<"didMoveToParentViewController:", id>::on("SBAppViewController", [&](Object, id parent) {
+        Order::note(Object(parent) == host_ ? "in its host" : "elsewhere");
+    });
+    host_.launchApplication(application(notes));
+    EXPECT_EQ(Order::events(), (std::vector<std::string>{"heeds", "mode 2", "in its host"}));
+    UIView view = host_.view().subviews().at<UIView>(0);
+    EXPECT_EQ((view.send<"autoresizingMask", unsigned long>()), 2u | 16u);  // width and height
+}
+
+// As a container lets a child go: told before, out of the tree, out of the list.
+TEST_F(RealHost, TheViewIsLetGoInOrder) {
+    bootReal("14.2");
+    host_.launchApplication(application(notes));
+    Strong<UIViewController> child = retained(as<UIViewController>(live()));
+    const auto note = [&](const char* what) {
+        Order::note(std::string(what) + (child.view().superview() ? " in the tree" : " out of it"));
+    };
+    Spy<"invalidate">::on("SBAppViewController", [&](Object) { note("invalidated"); });
+    Spy<"willMoveToParentViewController:", id>::on(
+        "SBAppViewController", [&](Object, id parent) { note(parent ? "moves" : "leaves"); });
+    Spy<"removeFromParentViewController">::on("SBAppViewController", [&](Object) { note("left"); });
+    host_.launchApplicationWithApplication(application(notes));
+    EXPECT_EQ(Order::events(), (std::vector<std::string>{"invalidated in the tree",
+                                                         "leaves in the tree", "left out of it"}));
+}
+
 TEST_F(RealHost, AnotherTakesThePlace) {
     bootReal("14.2");
     host_.launchApplication(application(notes));
@@ -122,6 +159,9 @@ TEST_F(RealHost, ARefusedEntityTurnsItOff) {
     phone_->wait(0.5);
     EXPECT_EQ(host_.view().subviews().count(), 0u);
     EXPECT_EQ(phone_->loggedCount("[Vantori] hosting an application is off"), 1);
+    EXPECT_NE(std::string(hookReport().utf8())
+                  .find("form hosting an application: a live view of its scene, switched off\n"),
+              std::string::npos);
     EXPECT_EQ(phone_->launchedSuspendedCount(maps), 1);
     EXPECT_FALSE(phone_->crashed());
 }

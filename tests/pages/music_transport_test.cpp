@@ -1,6 +1,8 @@
 // The buttons: the play state that they show, the spring under the finger, the commands, opening the
 // application that plays.
 #include "pages/lifted_scene.hpp"
+#include "simulator/runtime/history.hpp"
+#include "tests/order.hpp"
 #include "tests/pages/music_phone.hpp"
 
 namespace vantori::tests {
@@ -243,6 +245,24 @@ TEST_P(MusicOpenBy, LaunchesWhatPlaysAndPutsTheLiftBack) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Releases, MusicOpenBy, testing::Values(64ul, 128ul));
+
+// The application is asked for while the one in front is lifted still; it is lowered when the toolbar behind it
+// counts as closed.
+TEST_F(MusicOpen, GoesInOrder) {
+    set("alwaysSpringBoardStyle", false);
+    boot();
+    play("T", "", "", "", "com.example.mail");
+    phone_->open("com.example.maps");
+    openToolbar();
+    const double lifted = -VNTToolBarController::shared().maxHeight();
+    std::vector<double> tops;
+    const auto look = [&] { tops.push_back(sceneContainer().frame().origin.y); };
+    simulator::History::shared().watch({simulator::Happening::launched},
+                                       [&](simulator::Happening, const std::string&) { look(); });
+    Spy<"setIsEnabled:", bool>::on("VNTToolBarController", [&](Object, bool) { look(); });
+    applicationPage().send<"openNowPlayingApplication">();
+    EXPECT_EQ(tops, (std::vector<double>{lifted, 0}));
+}
 
 // It lowers the scene and clears one flag: the toolbar above stays, and nobody is told.
 TEST_F(MusicOpen, LeavesTheToolbarAboveAndPostsNothing) {

@@ -71,6 +71,13 @@ TEST(OwnVariables, CountButInheritedOnesDoNot) {
     EXPECT_FALSE(isKeyExisted("_stateVNTTestAnimal"_ns, create<platform::tests::Cat>()));
     EXPECT_FALSE(isKeyExisted("_stateVNTTestAnimal"_ns, Object()));
     EXPECT_FALSE(isKeyExisted(NSString(), animal));
+
+    Class two = objc_allocateClassPair(objc_getClass("NSObject"), "VNTTestTwoVariables", 0);
+    for (const char* variable : {"first", "second"}) class_addIvar(two, variable, 8, 3, "@");
+    objc_registerClassPair(two);
+    Object object(adopted(Object(classObject(two)).send<"new", Object>()).autoreleased());
+    EXPECT_TRUE(isKeyExisted("first"_ns, object));
+    EXPECT_TRUE(isKeyExisted("second"_ns, object));
 }
 
 }  // namespace

@@ -394,6 +394,33 @@ TEST_F(CatalogueDetails, LoadingTheViewOfNightShiftAndTrueToneMakesANewClient) {
     EXPECT_FALSE((trueTone.send<"adaptationClient", Object>() == second));
 }
 
+TEST_F(CatalogueDetails, LoadingTheViewOfNightShiftAndTrueToneReadsTheSetting) {
+    boot();
+    for (int i : {6, 7}) {
+        Toggle toggle = makeToggle(kinds[i]);
+        phone_->toggle(kinds[i].setting, true);
+        expectShown(toggle, false);
+        toggle.send<"viewDidLoad">();
+        expectShown(toggle, true);
+    }
+}
+
+// True Tone shows the image that fits before the name of the state does so.
+TEST_F(CatalogueDetails, TrueToneShowsItsImagesByItself) {
+    boot();
+    Toggle toggle = makeToggle(kinds[7]);
+    std::vector<std::pair<double, double>> images;
+    Spy<"updateState:", id>::on("VNTDailyToggleButton", [&](Object raw, id) {
+        auto button = as<VNTDailyToggleButton>(raw);
+        images.emplace_back(button.onImageView().alpha(), button.offImageView().alpha());
+    });
+    phone_->toggle("truetone", true);
+    toggle.refreshState();
+    phone_->toggle("truetone", false);
+    toggle.refreshState();
+    EXPECT_EQ(images, (std::vector<std::pair<double, double>>{{1, 0}, {0, 1}}));
+}
+
 class Switch : public CatalogueBase {
   protected:
     VNTSwitchModuleToggleViewController makeSwitch() {

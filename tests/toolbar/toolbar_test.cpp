@@ -223,6 +223,24 @@ TEST_F(Toolbar, TheDismissSwipeLowersTheApplicationAndRearmsWhenItFinished) {
     EXPECT_EQ(phone_->darwinPostedCount("com.ferolin.vantori.Back-Now"), 1);
 }
 
+// The scene is lowered, the toolbar counts as closed, and then others hear of it.
+TEST_F(Toolbar, TheDismissSwipeGoesInOrder) {
+    set("alwaysSpringBoardStyle", false);
+    bootWithDirection(1);
+    phone_->open("com.example.notes");
+    openToolbar();
+    phone_->clear();
+    double top = -1;
+    long heard = -1;
+    Spy<"setIsEnabled:", bool>::on("VNTToolBarController", [&](Object, bool) {
+        top = sceneContainer().frame().origin.y;
+        heard = phone_->darwinPostedCount("com.ferolin.vantori.Back-Now");
+    });
+    app().send<"handleDismissGesture:">(Object());
+    EXPECT_EQ(top, 0);
+    EXPECT_EQ(heard, 0);
+}
+
 TEST_F(Toolbar, AnInterruptedDismissalDoesNotRearm) {
     set("alwaysSpringBoardStyle", false);
     bootWithDirection(1);
@@ -487,9 +505,40 @@ class Drag : public Toolbar {
         fake.state = state;
         fake.location = {100, 812 - fingerHeight};
         fake.velocity = {0, velocity};
+        fake.translation = {7, 7};
         sb().send<"dragViewWithPanGesture:">(Object(pan.get()));
+        translation_ = fake.translation;
     }
+    CGPoint translation_{};
 };
+
+// The first report springs, later ones follow at once; either takes the translation back.
+TEST_F(Drag, SpringsToTheFingerAndThenFollowsIt) {
+    boot();
+    openToolbar();
+    std::vector<double> springs;
+    Spy<"updateYValueWithAnimation:", double>::on("VNTSBToolBarController",
+                                                  [&](Object, double y) { springs.push_back(y); });
+    release(0, 100, 1);
+    EXPECT_EQ(springs, (std::vector<double>{712}));
+    EXPECT_EQ(translation_, (CGPoint{0, 0}));
+    release(0, 90, 2);
+    EXPECT_EQ(springs.size(), 1u);
+    EXPECT_EQ(sb().view().frame().origin.y, 722);
+    EXPECT_EQ(translation_, (CGPoint{0, 0}));
+}
+
+TEST_F(Drag, SpringsBackBeforeItCountsAsOpen) {
+    boot();
+    openToolbar();
+    sb().setIsEnabled(false);
+    std::vector<bool> opens;
+    Spy<"updateYValueWithAnimation:", double>::on(
+        "VNTSBToolBarController", [&](Object, double) { opens.push_back(sb().isEnabled()); });
+    release(0, 500);
+    EXPECT_EQ(opens, (std::vector<bool>{false}));
+    EXPECT_TRUE(sb().isEnabled());
+}
 
 TEST_F(Drag, ReleasedAtExactly15ItGoes) {
     boot();
@@ -548,6 +597,8 @@ TEST_P(HostWindowFor, TurnsWithTheInterface) {
     const bool portrait = GetParam().orientation == 1;
     EXPECT_NEAR(frame.size.width, portrait ? 375 : 812, 1e-9);
     EXPECT_NEAR(frame.size.height, portrait ? 812 : 375, 1e-9);
+    EXPECT_NEAR(frame.origin.x, 0, 1e-9);
+    EXPECT_NEAR(frame.origin.y, 0, 1e-9);
 }
 
 INSTANTIATE_TEST_SUITE_P(Orientations, HostWindowFor,

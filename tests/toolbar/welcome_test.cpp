@@ -1,6 +1,7 @@
 // The welcome pager: what it shows, turning its pages, leaving it.
 #include <cmath>
 
+#include "simulator/runtime/journal.hpp"
 #include "tests/order.hpp"
 #include "tests/toolbar/welcome_pager.hpp"
 
@@ -127,6 +128,10 @@ TEST_F(WelcomePager, AScrollViewWithoutWidthTurnsNoPage) {
     auto narrow = create<UIScrollView, "initWithFrame:">(rect(0, 0, 0, 100));
     pager().send<"scrollViewDidEndDecelerating:">(narrow);
     EXPECT_EQ(counter(), "1/4");
+    narrow.setFrame(rect(0, 0, 1, 100));
+    narrow.send<"setContentOffset:">(CGPoint{2, 0});
+    pager().send<"scrollViewDidEndDecelerating:">(narrow);
+    EXPECT_EQ(counter(), "3/4");
 }
 
 TEST_F(WelcomePager, AFingerTurnsThePage) {
@@ -169,6 +174,22 @@ TEST_F(WelcomePager, LeavesOverTheTop) {
     EXPECT_FALSE(phone_->crashed());
 }
 
+// One and a half seconds at once, damped by 0.6, from 0.3, without options.
+TEST_F(WelcomePager, LeavesSlowerThanTheToolbar) {
+    boot();
+    phone_->clear();
+    pager().send<"backToHome">();
+    const auto spring =
+        simulator::Journal::last("UIView",
+                                 "animateWithDuration:delay:usingSpringWithDamping:"
+                                 "initialSpringVelocity:options:animations:completion:");
+    ASSERT_TRUE(spring);
+    const double expected[] = {1.5, 0, 0.6, 0.3};
+    for (std::size_t i = 0; i < 4; ++i)
+        EXPECT_NEAR(std::get<double>(spring->at(i)), expected[i], 1e-6) << i;
+    EXPECT_EQ(std::get<long>(spring->at(4)), 0);
+}
+
 TEST_F(WelcomePager, AnInterruptedDepartureLeavesItInPlace) {
     boot();
     pager().send<"backToHome">();
@@ -208,6 +229,10 @@ TEST_F(WelcomePager, TheFullVersionOpensItsAddressAndGoesHome) {
     EXPECT_EQ(text(get.send<"currentTitle", NSString>()), "Get Full Version");
     tap(get);
     EXPECT_EQ(phone_->calledCount("UIApplication", "openURL:"), 1);
+    const auto opened = simulator::Journal::last("UIApplication", "openURL:");
+    const Object address(std::get<Strong<Object>>(opened->at(0)));
+    EXPECT_EQ(text(address.send<"absoluteString", NSString>()),
+              "cydia://package/com.ferolin.vantori.full");
     EXPECT_EQ(pager().view().frame(), rect(0, -862, 375, 812));
     phone_->wait(2);
     EXPECT_TRUE(pagers().empty());
