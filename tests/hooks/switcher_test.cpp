@@ -2,6 +2,7 @@
 #include "hooks/hook_switcher.hpp"
 
 #include "pages/lifted_scene.hpp"
+#include "platform/definition.hpp"
 #include "tests/library_phone.hpp"
 
 namespace vantori::tests {
