@@ -213,6 +213,11 @@ class HuntTest(unittest.TestCase):
         self.assertEqual(running.Hunt(tests, recording, build, most=2).run(one, False, 24), ("survived", "", 2))
         self.assertEqual(ran, ["a", "b"])
 
+    def test_one_test_with_many_parameters_is_not_many_tests(self):
+        order = ["All/Dock.Fits/0", "All/Dock.Fits/1", "All/Dock.Fits/2", "Dock.Shows", "All/Row.Fits/0"]
+        expected = ["All/Dock.Fits/0", "All/Dock.Fits/1", "Dock.Shows", "All/Row.Fits/0", "All/Dock.Fits/2"]
+        self.assertEqual(running.dealt(order), expected)
+
     # All three are of the toolbar, and one of them of its dock too, which is what the file is about.
     def test_a_rare_word_says_more(self):
         subjects = {"a": {"toolbar", "page"}, "b": {"toolbar", "page"}, "c": {"toolbar", "dock"}}

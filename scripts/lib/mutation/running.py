@@ -17,6 +17,7 @@ from dataclasses import dataclass, field
 
 FAILED = re.compile(r"^\[  FAILED  \] (\S+): (.*)$", re.MULTILINE)
 MEMORY = 6 << 30
+PARAMETERS = re.compile(r"^[^/.]+/(?=[^/]+\.)|/[^/.]+$")  # of All/Suite.Test/3
 PATIENCE = 120  # seconds of waiting for tests that wait for each other
 
 
@@ -34,6 +35,17 @@ def limited(seconds):
     resource.setrlimit(resource.RLIMIT_CPU, (seconds, seconds))
     resource.setrlimit(resource.RLIMIT_AS, (MEMORY, MEMORY))
     resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
+
+
+def dealt(tests):
+    """The first two that differ in a parameter only, then the next two: one test with many parameters is not many tests."""
+    met = collections.Counter()
+    turn = {}
+    for test in tests:
+        same = PARAMETERS.sub("", test)
+        turn[test] = met[same] // 2
+        met[same] += 1
+    return sorted(tests, key=turn.get)
 
 
 @dataclass
@@ -236,7 +248,7 @@ class Hunt:
             near = sum(self.weight[word] * (2 * (word in about) + (word in closer)) for word in subject & (about | closer))
             return best.get(test, 0), -near, cost[test][1], cost[test][0], test
 
-        return sorted(seeing, key=rank)
+        return dealt(sorted(seeing, key=rank))
 
     def run(self, change, first, count):
         """Runs so many of the tests that see it, from the first on: what came of it, by which, how many ran."""
