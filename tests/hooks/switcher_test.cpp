@@ -10,10 +10,13 @@ namespace {
 
 class RealSwitcher : public LibraryPhone {
   protected:
-    // An application in front, lifted by the open toolbar.
     void lift(const char* system) {
         phone_->system(system);
         phone_->real();
+        lift();
+    }
+    // An application in front, lifted by the open toolbar.
+    void lift() {
         set("alwaysSpringBoardStyle", false);
         set("layoutDirection", 1);
         boot();
@@ -86,12 +89,7 @@ TEST_F(RealSwitcher, TheContainersPhoneHooksNothingElse) {
 }
 
 TEST_F(RealSwitcher, TheContainersComingPutsTheLiftedApplicationBack) {
-    set("alwaysSpringBoardStyle", false);
-    set("layoutDirection", 1);
-    boot();
-    phone_->open("com.example.notes");
-    phone_->grabber(simulator::PullPhase::began, 60, 10, 0);
-    phone_->grabber(simulator::PullPhase::ended, 60, 115, 0);
+    lift();
     ASSERT_EQ(sceneTop(), -115);
     switcherContainerDidMove(System<void()>(nullptr, nullptr, nullptr), Object());
     EXPECT_EQ(sceneTop(), 0);
