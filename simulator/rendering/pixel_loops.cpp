@@ -143,7 +143,8 @@ void layOverRow(const unsigned char* from, unsigned char* to, std::size_t bytes,
     std::copy_n(last.begin(), bytes - i, to + i);
 }
 
-// Every channel of a pixel of `coverage` says how much of the colour is seen there.
+// Every channel of a pixel of `coverage` says how much of the colour is seen there. The quotients are written
+// out: in a function of their own the compiler takes vectors apart before it knows for which they are.
 SIMULATOR_WIDEST_VECTORS
 void layRowThrough(const unsigned char* coverage, unsigned char* to, std::size_t bytes,
                    std::uint32_t colour) {
