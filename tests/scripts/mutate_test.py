@@ -183,6 +183,12 @@ class PlantedLibraryTest(unittest.TestCase):
     def test_equal_ones_do_not_count(self):
         self.assertNotIn("count > 0 -> count >= 0", self.first[1])
 
+    def test_survivors_are_tried_again_and_equal_ones_are_not(self):
+        self.mutate("--survivors")
+        tried = (self.root / "build/mutate/results.jsonl").read_text(encoding="utf-8")
+        self.assertEqual(tried.count("| width > 90 + limit | width >= 90 + limit"), 2)
+        self.assertEqual(tried.count("| count > 0 | count >= 0"), 1)
+
     def test_a_second_run_tries_nothing_again(self):
         before = (self.root / "build/mutate/results.jsonl").read_text(encoding="utf-8")
         status, _ = self.mutate("--seed", "3")
@@ -210,7 +216,7 @@ class HuntTest(unittest.TestCase):
         recording = SimpleNamespace(by_number={0: {"a", "b", "c"}}, tests={name: (1, 1) for name in "abc"})
         one.atLoad = False
         build = SimpleNamespace(changes=[one], numbers={id(one): 0})
-        self.assertEqual(running.Hunt(tests, recording, build, most=2).run(one, False, 24), ("survived", "", 2))
+        self.assertEqual(running.Hunt(tests, recording, build, most=2, found={}).run(one, False, 24), ("survived", "", 2))
         self.assertEqual(ran, ["a", "b"])
 
     def test_one_test_with_many_parameters_is_not_many_tests(self):
@@ -223,9 +229,20 @@ class HuntTest(unittest.TestCase):
         subjects = {"a": {"toolbar", "page"}, "b": {"toolbar", "page"}, "c": {"toolbar", "dock"}}
         tests = SimpleNamespace(subjects=lambda: subjects)
         recording = SimpleNamespace(by_number={}, tests={"a": (1, 1), "b": (1, 1), "c": (9, 9)})
-        hunt = running.Hunt(tests, recording, SimpleNamespace(changes=[], numbers={}), most=2)
+        hunt = running.Hunt(tests, recording, SimpleNamespace(changes=[], numbers={}), most=2, found={})
         order = hunt.order(change(file="toolbar/dock_page.cpp"), {"a", "b", "c"})
         self.assertEqual(order, ["c", "a", "b"])
+
+    # The first caught another change of the function, the second two of the file; the third was never heard of.
+    def test_what_caught_others_is_tried_first_in_a_later_run_too(self):
+        others = [change(before="3"), *(change(function="g", before=before) for before in "45")]
+        for other in others:
+            other.atLoad = True
+        found = {other.key: {"outcome": "caught", "by": f"{by}: failed"} for other, by in zip(others, ("c", "b", "b"))}
+        recording = SimpleNamespace(by_number={}, tests={name: (1, 1) for name in "abc"})
+        build = SimpleNamespace(changes=others, numbers={})
+        hunt = running.Hunt(SimpleNamespace(subjects=dict), recording, build, most=2, found=found)
+        self.assertEqual(hunt.order(change(), {"a", "b", "c"}), ["c", "b", "a"])
 
 
 class ScoreTest(unittest.TestCase):

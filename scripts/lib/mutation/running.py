@@ -206,12 +206,12 @@ def record(tests, jobs, stamp, kept, tell):
 class Hunt:
     """Which tests to run for a change: those that see it, the most telling first."""
 
-    def __init__(self, tests, recording, build, most):
+    def __init__(self, tests, recording, build, most, found):
         self.most = most  # of the tests that see a change: the others are not run
         self.tests = tests
         self.recording = recording
         self.build = build
-        self.killers = collections.defaultdict(collections.Counter)  # of each file
+        self.killers = collections.defaultdict(collections.Counter)  # of each file, and of each function
         self.tried = collections.defaultdict(set)
         self.subjects = tests.subjects()
         # A word that few tests have in common says more of what they are about.
@@ -223,6 +223,15 @@ class Hunt:
             if not change.atLoad:
                 by_file[change.file] |= recording.by_number[build.numbers[id(change)]]
         self.by_file = by_file
+        for change in build.changes:
+            result = found.get(change.key)
+            if result and result["outcome"] == "caught":
+                self.note_killer(change, result["by"].partition(": ")[0])
+
+    def note_killer(self, change, test):
+        if test in self.recording.tests:
+            self.killers[change.file][test] += 1
+            self.killers[change.file, change.function][test] += 1
 
     def seeing(self, change):
         asked = self.recording.by_number[self.build.numbers[id(change)]]
@@ -236,17 +245,19 @@ class Hunt:
         return self.by_file[change.file] & asked if change.file.endswith(".cpp") else asked
 
     def order(self, change, seeing):
-        """Those that caught others in the file, then by the words that they share with the change, then the cheap."""
+        """Those that caught others in the function or the file, then by the words that they share with the change, then the cheap."""
         with self.lock:
             best = {test: -count for test, count in self.killers[change.file].most_common(6)}
+            near = self.killers[change.file, change.function].most_common(8)
+            best |= {test: -count - 1000 for test, count in near}
         cost = self.recording.tests
         about = words(change.file)
         closer = words(f"{change.function} {change.before}")
 
         def rank(test):
             subject = self.subjects.get(test, set())
-            near = sum(self.weight[word] * (2 * (word in about) + (word in closer)) for word in subject & (about | closer))
-            return best.get(test, 0), -near, cost[test][1], cost[test][0], test
+            shared = sum(self.weight[word] * (2 * (word in about) + (word in closer)) for word in subject & (about | closer))
+            return best.get(test, 0), -shared, cost[test][1], cost[test][0], test
 
         return dealt(sorted(seeing, key=rank))
 
@@ -265,6 +276,5 @@ class Hunt:
         if failed is None:
             return "open" if len(part) < len(order) else "survived", "", len(self.tried[change.key])
         with self.lock:
-            if failed[0] in self.recording.tests:
-                self.killers[change.file][failed[0]] += 1
+            self.note_killer(change, failed[0])
         return "caught", f"{failed[0]}: {failed[1]}", len(self.tried[change.key])
