@@ -13,9 +13,6 @@ struct VNTCCToggleRoundButton : UIView {
     using UIView::UIView;
     // Takes the view in and remembers where it was.
     void addToggleView(UIView view) const { send<"addToggleView:">(view); }
-    // Puts it back there.
-    void ccBack() const { send<"ccBack">(); }
-    void refreshToggle() const { send<"refreshToggle">(); }
     void enableToggle() const { send<"enableToggle">(); }
     void expandModule() const { send<"expandModule">(); }
 };

@@ -2,6 +2,7 @@
 
 #include <sys/utsname.h>
 #include <cstdlib>
+#include <string>
 
 #include "platform/springboard.hpp"
 #include "platform/uikit.hpp"
@@ -43,6 +44,12 @@ constexpr std::string_view roundedModels[] = {
     "iPhone 11", "iPhone 11 Pro", "iPhone 11 Pro Max",
 };
 
+std::string machine() {
+    utsname system{};
+    uname(&system);
+    return system.machine;
+}
+
 }  // namespace
 
 std::string_view modelName(std::string_view machine) {
@@ -52,15 +59,10 @@ std::string_view modelName(std::string_view machine) {
     return machine;
 }
 
-NSString getModelName() {
-    utsname system{};
-    uname(&system);
-    // The names in the table are literals and the field ends in zero, so data() is a C string.
-    return NSString::from(modelName(system.machine).data());
-}
+NSString getModelName() { return NSString::from(std::string(modelName(machine())).c_str()); }
 
 bool isKeyExisted(NSString key, Object object) {
-    if (!key || !object) return false;
+    if (!key) return false;
     unsigned int count = 0;
     Ivar* variables = class_copyIvarList(object_getClass(object.get()), &count);
     const std::string_view wanted = key.utf8();
@@ -71,8 +73,7 @@ bool isKeyExisted(NSString key, Object object) {
 }
 
 double modelCornerRadius() {
-    NSString name = getModelName();
-    const std::string_view model = name ? name.utf8() : "";
+    const std::string model(modelName(machine()));
     for (std::string_view rounded : roundedModels) {
         if (model == rounded) return 30;
     }

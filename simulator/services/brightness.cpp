@@ -56,8 +56,13 @@ struct TransactionState {
     }
 };
 
-// The display's own service, by C functions. The number beside the level is not looked at.
-void serviceSet(float level, long) { setBrightness(level); }
+long besideLevel = 0;
+
+// The display's own service, by C functions. The number beside the level is remembered, no more.
+void serviceSet(float level, long number) {
+    besideLevel = number;
+    setBrightness(level);
+}
 float serviceLevel() { return static_cast<float>(screen().brightness); }
 const void* serviceTransaction(const void*) {
     auto transaction = create<BKSDisplayBrightnessTransaction>();
@@ -109,6 +114,7 @@ void setBrightness(double level) {
 }
 
 int openBrightnessTransactions() { return transactions; }
+long numberBesideBrightness() { return besideLevel; }
 
 Object displayBrightnessController() {
     static id shared = create<SBDisplayBrightnessController>().leak();

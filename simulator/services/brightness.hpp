@@ -13,6 +13,9 @@ void setBrightness(double level);
 // Those of the display service that were not released yet.
 int openBrightnessTransactions();
 
+// What was passed on beside the latest level.
+long numberBesideBrightness();
+
 // The one that SpringBoard keeps; empty on systems without its class.
 platform::Object displayBrightnessController();
 

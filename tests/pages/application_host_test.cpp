@@ -1,7 +1,10 @@
 // The application host: its view, and starting an application until its process has a main scene.
 #include "pages/application_host.hpp"
 
+#include <algorithm>
+
 #include "platform/springboard_icons.hpp"
+#include "simulator/runtime/system_log.hpp"
 #include "simulator/springboard/applications/processes.hpp"
 #include "tests/library_phone.hpp"
 
@@ -83,6 +86,21 @@ TEST_P(LateScene, IsAskedForAgainEagerly) {
     phone_->wait(5);
     EXPECT_EQ(suspended(), 1 + 2 * failures);
     EXPECT_EQ(phone_->loggedCount(line), failures);
+}
+
+// Word for word; a second later it is started before its process is created.
+TEST_F(Host, TheAttemptOfALaterSecondGoesInOrder) {
+    phone_->sceneAfter(notes, 2);
+    bootHost();
+    host_.launchApplication(application());
+    EXPECT_EQ(std::ranges::count(simulator::SystemLog::shared().lines(), line), 1);
+    phone_->clear();
+    phone_->wait(1.1);
+    using Kind = simulator::Event::Kind;
+    const std::vector<simulator::Event> inOrder{
+        {Kind::called, "SpringBoard", "launchApplicationWithIdentifier:suspended:"},
+        {Kind::called, "FBProcessManager", "createApplicationProcessForBundleID:"}};
+    EXPECT_EQ(phone_->inOrder(inOrder).met, 2u);
 }
 
 INSTANTIATE_TEST_SUITE_P(Creations, LateScene,

@@ -6,6 +6,7 @@
 #include "platform/definition.hpp"
 #include "simulator/runtime/journal.hpp"
 #include "tests/library_phone.hpp"
+#include "tests/order.hpp"
 
 namespace vantori::tests {
 namespace {
@@ -214,6 +215,31 @@ TEST_F(ModulesPage, EnablingMakesScreenRecordingAvailable) {
     EXPECT_EQ(called("RPControlCenterModuleViewController", "setAvailable:"), 1);
 }
 
+TEST_F(ModulesPage, ItIsAvailableBeforeItsGlyphRests) {
+    bootWithTestClasses();
+    auto button = makeButton();
+    auto toggle = create<TestModuleView>();
+    button.addToggleView(toggle);
+    button.send<"setViewControllerForContext:">(UIViewController(recorder()));
+    phone_->clear();
+    long before = 0;
+    Spy<"setGlyphState:", id>::on("TestModuleView", [&](Object, id) {
+        before = called("RPControlCenterModuleViewController", "setAvailable:");
+    });
+    button.enableToggle();
+    EXPECT_EQ(before, 1);
+}
+
+TEST_F(ModulesPage, TheViewsOwnPartIsDoneToo) {
+    boot();
+    auto button = makeButton();
+    phone_->clear();
+    button.send<"didMoveToWindow">();
+    button.send<"layoutSubviews">();
+    EXPECT_EQ(called("UIView", "didMoveToWindow"), 1);
+    EXPECT_EQ(called("UIView", "layoutSubviews"), 1);
+}
+
 TEST_F(ModulesPage, EnablingLeavesOtherModulesAlone) {
     bootWithTestClasses();
     auto button = makeButton();
@@ -258,10 +284,10 @@ TEST_F(ModulesPage, TheToggleViewMovesInAndOut) {
     EXPECT_TRUE((button.send<"previousSuper", UIView>() == home));
     EXPECT_TRUE((button.send<"toggleView", UIView>() == toggle));
     EXPECT_EQ(toggle.frame(), (rect(1, 2, 3, 4)));
-    button.ccBack();
+    button.send<"ccBack">();
     EXPECT_EQ(toggle.superview(), home);
     EXPECT_TRUE((button.send<"toggleView", UIView>() == toggle));
-    button.refreshToggle();
+    button.send<"refreshToggle">();
     EXPECT_EQ(toggle.superview(), button);
     EXPECT_EQ(toggle.frame(), (rect(0, 0, 60, 60)));
 }
@@ -272,7 +298,7 @@ TEST_F(ModulesPage, AToggleViewWithoutAPlaceGoesNowhere) {
     auto toggle = view();
     button.addToggleView(toggle);
     EXPECT_FALSE((button.send<"previousSuper", UIView>()));
-    button.ccBack();
+    button.send<"ccBack">();
     EXPECT_EQ(toggle.superview(), button);
 }
 

@@ -1,6 +1,10 @@
 // What the music page shows on real phones, and on 14, where MediaRemote is asked: answers that come
 // late, twice, out of order, on another thread, with nothing in them, or never.
 #include "pages/now_playing_forms.hpp"
+
+#include <algorithm>
+
+#include "simulator/runtime/system_log.hpp"
 #include "simulator/services/answers.hpp"
 #include "simulator/services/media_player.hpp"
 #include "simulator/services/media_remote.hpp"
@@ -99,6 +103,30 @@ TEST_F(MediaRemoteForm, TheSystemsPlayerIsKnown) {
     EXPECT_FALSE(source.isSystemMediaApplication());
 }
 
+// The flag decides, where there is one.
+TEST_F(MediaRemoteForm, TheSystemsPlayerIsKnownByTheFlagThenByName) {
+    bootOn14();
+    auto source = get<"mediaNowPlayingController", MPUNowPlayingController>();
+    const auto flag = [&](NSNumber value) {
+        auto info = source.send<"currentNowPlayingInfo", NSDictionary>();
+        constexpr auto key = "kMRMediaRemoteNowPlayingInfoIsMusicApp";
+        if (value) info.send<"setObject:forKey:">(value, NSString::from(key));
+        if (!value) info.send<"removeObjectForKey:">(NSString::from(key));
+    };
+    play("Title", "", "", "cover");
+    turn();
+    flag(NSNumber::fromInt(1));
+    EXPECT_TRUE(source.isSystemMediaApplication());
+    flag({});
+    EXPECT_FALSE(source.isSystemMediaApplication());
+    play("Title", "", "", "cover", musicApplication);
+    turn();
+    flag(NSNumber::fromInt(0));
+    EXPECT_FALSE(source.isSystemMediaApplication());
+    flag({});
+    EXPECT_TRUE(source.isSystemMediaApplication());
+}
+
 TEST_F(MediaRemoteForm, AnotherSongHasAnotherPicture) {
     bootOn14();
     play("First", "", "", "one");
@@ -182,9 +210,28 @@ TEST_F(MediaRemoteForm, WhoNeverAnswersIsNotAskedForEver) {
         turn();
     }
     EXPECT_EQ(questionsToMediaRemote() - before, 2 * 8);
-    EXPECT_EQ(phone_->loggedCount("[Vantori] now playing is off: MediaRemote does not answer"), 1);
+    constexpr auto line = "[Vantori] now playing is off: MediaRemote does not answer";
+    EXPECT_EQ(std::ranges::count(simulator::SystemLog::shared().lines(), line), 1);
     EXPECT_EQ(title(), "Music");
     EXPECT_FALSE(phone_->crashed());
+}
+
+// The answers come when it has been given up: they are shown, and it is not asked again.
+TEST_F(MediaRemoteForm, WhoWasGivenUpIsNotAskedAgain) {
+    bootOn14();
+    serviceManner().after = 30;
+    for (int i = 0; i < 9; ++i) {
+        play("Title", "", "", "");
+        turn();
+    }
+    phone_->wait(40);
+    EXPECT_EQ(title(), "Title     ");
+    serviceManner().after = 0;
+    const int before = questionsToMediaRemote();
+    play("Second", "", "", "");
+    turn();
+    EXPECT_EQ(questionsToMediaRemote(), before);
+    EXPECT_EQ(title(), "Title     ");
 }
 
 TEST_F(MediaRemoteForm, AnAnswerBringsBackThePatience) {

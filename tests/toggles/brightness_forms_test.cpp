@@ -73,6 +73,7 @@ TEST_F(BrightnessOnReal, OnThirteenSixTheServiceIsToldWhileTheFingerSlides) {
     EXPECT_EQ(openBrightnessTransactions(), 0);
     slide(23);
     EXPECT_EQ(openBrightnessTransactions(), 1);
+    EXPECT_EQ(simulator::numberBesideBrightness(), 1);
     phone_->touchMove(onBrightness().x + 40, onBrightness().y, 0);
     EXPECT_EQ(openBrightnessTransactions(), 1);
     phone_->touchUp();

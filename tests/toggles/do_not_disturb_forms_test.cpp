@@ -147,6 +147,17 @@ TEST_F(DoNotDisturbOnReal, ARefusedTapTurnsTheFeatureOff) {
     EXPECT_EQ(phone_->loggedCount("[Vantori] do not disturb is off: refused: "), 1);
 }
 
+TEST_F(DoNotDisturbOnReal, SoDoesARefusedTapThatEndsIt) {
+    bootReal("12.4");
+    Toggle toggle = makeToggle();
+    tapAndWait(toggle);
+    ASSERT_TRUE(isQuiet());
+    serviceManner().failing = true;
+    tapAndWait(toggle);
+    EXPECT_TRUE(isQuiet());
+    EXPECT_EQ(phone_->loggedCount("[Vantori] do not disturb is off: refused: "), 1);
+}
+
 class DoNotDisturbGateway : public DoNotDisturbOnReal {
   protected:
     Toggle makeToggleOn11() {

@@ -168,6 +168,17 @@ TEST_F(Levels, TheGlyphFollowsTheRoute) {
     EXPECT_EQ(packagesLoaded(), 2);
 }
 
+TEST_F(Levels, ADragShowsItsGlyphBeforeItAsksForTheRoute) {
+    boot();
+    auto slider = volume();
+    slider.adjustValue(1);
+    std::string shownThen;
+    Spy<"setCurrentName:", id>::on("VNTVolumeSlider",
+                                   [&](Object, id) { shownThen = text(glyphState(slider)); });
+    slider.adjustValue(0);
+    EXPECT_EQ(shownThen, "mute");
+}
+
 // A drag remembers the route and leaves the glyph, so that the next refresh finds nothing new.
 TEST_F(Levels, ADragTakesTheRouteWithoutItsGlyph) {
     boot();

@@ -377,6 +377,8 @@ class Finder:
             return
         context.source_negated().add((start, end))
         text = context.source.text[start:end].decode()
+        if text.startswith("!="):  # the compiler's, for an operator == turned round: half of a comparison
+            return
         place = Place(start, end, "not")
         place.changes.append(self.change(context, start, "condition", text, f"!({text})"))
         context.source.places.append(place)
