@@ -1,7 +1,10 @@
 #include "settings/device_profile.hpp"
 
 #include <sys/utsname.h>
+#include <algorithm>
 #include <cstdlib>
+#include <memory>
+#include <span>
 #include <string>
 
 #include "platform/springboard.hpp"
@@ -64,12 +67,12 @@ NSString getModelName() { return NSString::from(std::string(modelName(machine())
 bool isKeyExisted(NSString key, Object object) {
     if (!key) return false;
     unsigned int count = 0;
-    Ivar* variables = class_copyIvarList(object_getClass(object.get()), &count);
-    const std::string_view wanted = key.utf8();
-    bool found = false;
-    for (unsigned int i = 0; i < count && !found; ++i) found = wanted == ivar_getName(variables[i]);
-    std::free(variables);
-    return found;
+    const std::unique_ptr<Ivar[], decltype(&std::free)> variables(
+        class_copyIvarList(object_getClass(object.get()), &count), &std::free);
+    const auto isWanted = [wanted = std::string_view(key.utf8())](Ivar variable) {
+        return wanted == ivar_getName(variable);
+    };
+    return std::ranges::any_of(std::span(variables.get(), count), isWanted);
 }
 
 double modelCornerRadius() {

@@ -118,7 +118,10 @@ bool Soundness::isHeight(double length) const {
 
 void Soundness::reported(Reporter reporter, GestureStage stage) {
     noteHeights();
-    if (stage == UIGestureRecognizer::began) pulling_.insert(reporter);
+    if (stage == UIGestureRecognizer::began) {
+        pulling_.insert(reporter);
+        if (announcedAt_ == Clock::shared().now()) sceneLeft_ = true;
+    }
     if (stage == UIGestureRecognizer::cancelled && pulling_.contains(reporter)) takenBack();
     if (stage == UIGestureRecognizer::ended || stage == UIGestureRecognizer::cancelled)
         pulling_.erase(reporter);
@@ -158,9 +161,10 @@ void Soundness::posted(const std::string& notification) {
 }
 
 // Told in the middle of a pull that applications are no longer lifted, the release lifts nothing and
-// lowers nothing.
+// lowers nothing. It is told in a later turn: a pull may begin before.
 void Soundness::announced() {
     noteHeights();
+    announcedAt_ = Clock::shared().now();
     if (!pulling_.empty()) sceneLeft_ = true;
 }
 

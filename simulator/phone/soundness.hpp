@@ -61,7 +61,8 @@ class Soundness {
     bool leftInBetween_ = false;  // see takenBack()
     bool movedAway_ = false;      // see noteTurns()
     long turns_ = 0;
-    bool sceneLeft_ = false;  // see announced()
+    bool sceneLeft_ = false;             // see announced()
+    std::optional<double> announcedAt_;  // seconds of the phone's time
     bool launched_ = false;   // see noteLaunches()
     long launches_ = 0;
 

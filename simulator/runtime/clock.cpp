@@ -70,7 +70,7 @@ void Clock::runPosted() {
         ~Ending() { flag = false; }
     } ending{draining_};
     // What the work itself posts waits for the next turn.
-    std::deque<Work> batch = std::exchange(posted_, {});
+    std::vector<Work> batch = std::exchange(posted_, {});
     for (Work& work : batch) work();
 }
 

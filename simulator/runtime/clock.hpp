@@ -4,7 +4,6 @@
 #pragma once
 
 #include <cstdint>
-#include <deque>
 #include <functional>
 #include <map>
 #include <vector>
@@ -57,7 +56,7 @@ class Clock {
     Ticket nextTicket_ = 1;
     std::map<std::pair<double, Ticket>, Work> due_;
     std::map<Ticket, double> times_;
-    std::deque<Work> posted_;
+    std::vector<Work> posted_;
     std::vector<Work> frames_;
     bool draining_ = false;
 };

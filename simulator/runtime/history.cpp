@@ -1,8 +1,8 @@
 #include "simulator/runtime/history.hpp"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
-#include <deque>
 #include <map>
 #include <utility>
 
@@ -66,7 +66,8 @@ struct History::Events {
     struct Latest {
         Number event = 0;
         double time = 0;
-        std::vector<BriefArgument> arguments;
+        std::array<BriefArgument, mostArguments> arguments;
+        std::size_t argumentCount = 0;
     };
 
     std::map<std::pair<Happening, std::string>, Number> numbers;
@@ -75,7 +76,9 @@ struct History::Events {
     // memory than it has from the start, and pages that are never reached cost nothing.
     std::unique_ptr<Number[]> order = std::make_unique_for_overwrite<Number[]>(mostEvents);
     std::size_t added = 0;
-    std::deque<Latest> latest;
+    // The latest of those ever added, in a ring of its own.
+    std::array<Latest, mostLatest> latest;
+    std::size_t everAdded = 0;
     struct Watching {
         std::set<Happening> kinds;
         Watcher tell;
@@ -90,7 +93,7 @@ struct History::Events {
     std::string line(const Latest& entry) const {
         const Kind& kind = kinds[entry.event];
         std::string text = decimal(entry.time, 3) + " " + wordOf(kind.happening) + " " + kind.name;
-        for (const BriefArgument& argument : entry.arguments)
+        for (const BriefArgument& argument : std::span(entry.arguments).first(entry.argumentCount))
             text += " " + std::visit(Writer{}, argument);
         return text;
     }
@@ -122,17 +125,18 @@ History::Number History::numberOf(Happening kind, const std::string& name) {
     return place->second;
 }
 
-void History::add(Number event) { add(event, {}); }
-
-void History::add(Number event, std::vector<BriefArgument> arguments) {
+void History::add(Number event, std::span<const BriefArgument> arguments) {
     Events& all = *events_;
     all.order[all.added++ % mostEvents] = event;
-    all.latest.push_back({event, Clock::shared().now(), std::move(arguments)});
-    if (all.latest.size() > mostLatest) all.latest.pop_front();
+    Events::Latest& entry = all.latest[all.everAdded++ % mostLatest];
+    entry.event = event;
+    entry.time = Clock::shared().now();
+    entry.argumentCount = std::min(arguments.size(), mostArguments);
+    std::ranges::copy(arguments.first(entry.argumentCount), entry.arguments.begin());
     const Events::Kind& kind = all.kinds[event];
     if (BlackBox* box = BlackBox::ofThisProcess())
-        box->note(all.latest.back().time, wordOf(kind.happening), kind.name);
-    if (!all.telling && !all.watching.empty()) all.tell(kind.happening, all.latest.back());
+        box->note(entry.time, wordOf(kind.happening), kind.name);
+    if (!all.telling && !all.watching.empty()) all.tell(kind.happening, entry);
 }
 
 History::Ticket History::watch(std::set<Happening> kinds, Watcher watcher) {
@@ -174,10 +178,11 @@ bool History::forgot() const { return events_->added > mostEvents; }
 void History::clear() { events_->added = 0; }
 
 std::vector<std::string> History::latest(std::size_t lines) const {
-    const auto& latest = events_->latest;
+    const Events& all = *events_;
     std::vector<std::string> result;
-    const std::size_t first = latest.size() > lines ? latest.size() - lines : 0;
-    for (std::size_t i = first; i < latest.size(); ++i) result.push_back(events_->line(latest[i]));
+    const std::size_t kept = std::min({all.everAdded, mostLatest, lines});
+    for (std::size_t i = all.everAdded - kept; i < all.everAdded; ++i)
+        result.push_back(all.line(all.latest[i % mostLatest]));
     return result;
 }
 

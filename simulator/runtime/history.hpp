@@ -7,6 +7,7 @@
 #include <functional>
 #include <memory>
 #include <set>
+#include <span>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -37,14 +38,15 @@ class History {
     using Watcher = std::function<void(Happening, const std::string& line)>;
     static constexpr std::size_t mostEvents = std::size_t{1} << 24;
     static constexpr std::size_t mostLatest = 256;
+    static constexpr std::size_t mostArguments = 4;
 
     static History& shared();
 
     // The number of such an event: the same for the same kind and name.
     Number numberOf(Happening kind, const std::string& name);
 
-    void add(Number event, std::vector<BriefArgument> arguments);
-    void add(Number event);
+    // Of the arguments the first few are kept.
+    void add(Number event, std::span<const BriefArgument> arguments = {});
     void happened(Happening kind, const std::string& name) { add(numberOf(kind, name)); }
 
     // The numbers of the events of that kind whose names the test accepts.

@@ -1,6 +1,7 @@
 #include "simulator/runtime/journal.hpp"
 
 #include <algorithm>
+#include <array>
 #include <unordered_map>
 
 #include "simulator/runtime/black_box.hpp"
@@ -57,13 +58,27 @@ struct Brief {
     }
 };
 
-std::vector<BriefArgument> brief(const std::vector<Argument>& arguments) {
-    constexpr std::size_t most = 4;
-    std::vector<BriefArgument> result;
-    for (std::size_t i = 0; i < std::min(arguments.size(), most); ++i)
-        result.push_back(std::visit(Brief{}, arguments[i]));
-    return result;
-}
+// Room for arguments that are forgotten is used again: nearly every message would ask the heap for some.
+// Several, as an object that goes with them is recorded in its turn.
+class SpareRoom {
+  public:
+    static std::vector<Argument> take() {
+        if (all().empty()) return {};
+        std::vector<Argument> room = std::move(all().back());
+        all().pop_back();
+        return room;
+    }
+    static void forget(std::vector<Argument> arguments) {
+        arguments.clear();
+        all().push_back(std::move(arguments));
+    }
+
+  private:
+    static std::vector<std::vector<Argument>>& all() {
+        static auto& spare = *new std::vector<std::vector<Argument>>;
+        return spare;
+    }
+};
 
 // How many steps up from cls the class of that name is; -1 when it is none of them.
 int distanceTo(Class cls, std::string_view name) {
@@ -132,7 +147,7 @@ Argument Passed::kept() const {
 std::size_t Journal::note(Class definer, id self, const char* selector,
                           std::initializer_list<Passed> passed) {
     std::vector<Argument> arguments;
-    arguments.reserve(passed.size());
+    if (passed.size() > 0) arguments = SpareRoom::take();
     for (const Passed& argument : passed) arguments.push_back(argument.kept());
     Class receiver = object_getClass(self);
     // The recorded self must not be kept: it may be on its way out. Its class is enough.
@@ -145,12 +160,15 @@ std::size_t Journal::note(Class definer, id self, const char* selector,
             Happening::called,
             owner == class_getName(receiver) ? entry.message : entry.message + " of " + owner);
     }
-    std::vector<BriefArgument> told = brief(arguments);
+    std::array<BriefArgument, History::mostArguments> told;
+    const std::size_t tellable = std::min(arguments.size(), told.size());
+    for (std::size_t i = 0; i < tellable; ++i) told[i] = std::visit(Brief{}, arguments[i]);
     ++entry.count;
     entry.latest = ++order;
-    entry.arguments = std::move(arguments);
+    std::swap(entry.arguments, arguments);
+    if (passed.size() > 0) SpareRoom::forget(std::move(arguments));
     // Who is told finds the run in the journal.
-    History::shared().add(entry.event, std::move(told));
+    History::shared().add(entry.event, std::span(told).first(tellable));
     if (BlackBox* box = BlackBox::ofThisProcess()) box->enter(inFlight, entry.message);
     return inFlight++;
 }

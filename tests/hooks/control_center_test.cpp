@@ -116,6 +116,23 @@ TEST_F(ControlCenter, NotReplacedTheSystemHandlesTheStatusBar) {
     EXPECT_FALSE(shouldHideCCScrollView);
 }
 
+TEST_F(ControlCenter, NotReplacedItMayBeSeenAgainBeforeTheSystemHears) {
+    bootReplacing(false, "iPhone10,1");
+    listenTo({"com.ferolin.vantori-ccback"});
+    Order::look() = [this] { Order::note(std::to_string(statusBarSystem())); };
+    phone_->statusBar(PullPhase::began, 300, 5, 0);
+    EXPECT_EQ(Order::events(), (std::vector<std::string>{"com.ferolin.vantori-ccback", "0"}));
+}
+
+TEST_F(ControlCenter, TheFirstGrabberPullOfAllIsSeen) {
+    set("replaceCC", true);
+    boot();
+    phone_->controlCenterGrabber(PullPhase::began, 300, 10, 0);
+    phone_->controlCenterGrabber(PullPhase::ended, 300, 100, 0);
+    EXPECT_TRUE((toolbar().send<"vantoriHostWindow", Object>()));
+    EXPECT_TRUE(toolbar().isEnabled());
+}
+
 // What an earlier pull left behind is forgotten, also where the report only closes what is open.
 TEST_F(ControlCenter, AReportThatBeginsForgetsThePullBefore) {
     bootReplacing(true);

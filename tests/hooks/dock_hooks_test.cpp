@@ -197,6 +197,24 @@ TEST_F(Dock, EditingBeginsBeforeThePagesAreFed) {
     EXPECT_GE(fed, 2);
 }
 
+TEST_F(Dock, TheFloatingDockIsEditedByTheSystemToo) {
+    bootWith("13.3");
+    auto list = listOf<Floating>(two);
+    list.send<"setEditing:">(true);
+    EXPECT_TRUE((list.send<"isEditing", bool>()));
+}
+
+TEST_F(Dock, ThePageAboveIsFedFirst) {
+    bootWith("13.3");
+    auto list = listOf<Root>(two);
+    springBoardPage().setIcons(NSMutableArray::empty());  // so that asking is not a hand-over
+    Spy<"setIcons:", id>::on("VNTIconsContainerViewController", [](Object page, id) {
+        Order::note(page == springBoardPage() ? "above" : "behind");
+    });
+    list.send<"layoutIconsNow">();
+    EXPECT_EQ(Order::events(), (std::vector<std::string>{"above", "behind"}));
+}
+
 TEST_F(Dock, AskingForVisibleIconsDoesNotWaitForTheSettings) {
     bootWith("13.3");
     auto list = listOf<Root>(two);
@@ -264,6 +282,18 @@ TEST_F(DockView, BeforeTheSettingsAreLoadedOnlyTheSpringBoardPageIsLaidOut) {
     dockView().send<"didMoveToWindow">();
     EXPECT_EQ(shown(springBoardPage()), 3u);
     expectUntouched(applicationPage());
+}
+
+TEST_F(DockView, ItsListIsLaidOutBeforeThePage) {
+    bootWith("13.3");
+    settingsLoaded = false;
+    phone_->clear();
+    std::vector<int> laidOut;
+    Spy<"layoutIconsWithSize:", double>::on("VNTIconsContainerViewController", [&](Object, double) {
+        laidOut.push_back(phone_->calledCount("SBRootFolderDockIconListView", "layoutIconsNow"));
+    });
+    dockView().send<"didMoveToWindow">();
+    EXPECT_EQ(laidOut, (std::vector<int>{1}));
 }
 
 class DockWithoutClass : public Applications, public testing::WithParamInterface<const char*> {};

@@ -1,5 +1,6 @@
 // SpringBoard's reports of the application that plays, and what becomes of them.
 #include "tests/library_phone.hpp"
+#include "tests/order.hpp"
 
 namespace vantori::tests {
 namespace {
@@ -43,6 +44,25 @@ TEST_F(NowPlayingHooks, AnotherPlayStateIsPassedOn) {
                                   "_mediaRemoteNowPlayingApplicationIsPlayingDidChange:"),
               1);
     EXPECT_EQ(posted("SBMediaNowPlayingChangedNotification"), 1);
+}
+
+TEST_F(NowPlayingHooks, TheSystemIsToldFirst) {
+    boot();
+    listenTo({"should-refresh-value", "com.ferolin.vantori-nowplayingchange"});
+    Order::look() = [this] {
+        const int told =
+            phone_->calledCount("SpringBoard", "_nowPlayingAppDidChangeNotification:") +
+            phone_->calledCount("SpringBoard", "setNowPlayingProcessPID:") +
+            phone_->calledCount("SBMediaController",
+                                "_mediaRemoteNowPlayingApplicationIsPlayingDidChange:");
+        Order::note(std::to_string(told));
+    };
+    springBoard().send<"_nowPlayingAppDidChangeNotification:">("a notification"_ns);
+    springBoard().send<"setNowPlayingProcessPID:">(4711);
+    mediaController().send<"_mediaRemoteNowPlayingApplicationIsPlayingDidChange:">(Object());
+    EXPECT_EQ(Order::events(),
+              (std::vector<std::string>{"should-refresh-value", "1", "should-refresh-value", "2",
+                                        "com.ferolin.vantori-nowplayingchange", "3"}));
 }
 
 TEST_F(NowPlayingHooks, ThePlayersOwnChangesArriveThroughThem) {

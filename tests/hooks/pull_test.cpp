@@ -148,6 +148,60 @@ TEST_F(Pull, OutsideEveryZoneTheSystemHandlesIt) {
     EXPECT_FALSE(toolbar().isEnabled());
 }
 
+// Control Center may be seen again before the system hears of the pull.
+TEST_F(Pull, OutsideEveryZoneControlCenterIsLetBackFirst) {
+    bootStrip();
+    began();
+    ended(-5.01);
+    ASSERT_TRUE(shouldHideCCScrollView);
+    phone_->clear();
+    listenTo({"com.ferolin.vantori-ccback"});
+    Order::look() = [this] { Order::note(systemCalls("Began") == 0 ? "first" : "late"); };
+    phone_->grabber(PullPhase::began, 300, 10, 0);
+    EXPECT_EQ(Order::events(), (std::vector<std::string>{"com.ferolin.vantori-ccback", "first"}));
+    EXPECT_FALSE(shouldHideCCScrollView);
+}
+
+TEST_F(Pull, TheToolbarMovesBeforeItCountsAsOpen) {
+    bootStrip();
+    began();
+    updated(100);
+    std::vector<bool> opens;
+    Spy<"updateYValueWithAnimation:", double>::on(
+        "VNTSBToolBarController", [&](Object, double) { opens.push_back(toolbar().isEnabled()); });
+    ended(0);
+    EXPECT_EQ(opens, (std::vector<bool>{false}));
+}
+
+TEST_F(Pull, TheOneBehindCountsAsOpenBeforeTheSceneMoves) {
+    bootInApplication(false);
+    began();
+    updated(100);
+    double top = 0;
+    Spy<"setIsEnabled:", bool>::on("VNTToolBarController",
+                                   [&](Object, bool) { top = sceneFrame().origin.y; });
+    ended(0);
+    EXPECT_EQ(top, -100);
+}
+
+// Its end is posted while it still is one.
+TEST_F(Pull, IsForgottenLast) {
+    bootStrip();
+    listenTo({"com.ferolin.vantori-finish-launching", "com.ferolin.vantori-stopmarquee"});
+    Order::look() = [] { Order::note(pullingSBToolbar ? "pulling" : "forgotten"); };
+    using Events = std::vector<std::string>;
+    began();
+    Order::forget();
+    ended(0);
+    EXPECT_EQ(Order::events(), (Events{"com.ferolin.vantori-finish-launching", "pulling"}));
+    toolbar().dismiss();
+    began();
+    Order::forget();
+    cancelled();
+    EXPECT_EQ(Order::events(), (Events{"com.ferolin.vantori-stopmarquee", "pulling"}));
+    EXPECT_FALSE(pullingSBToolbar);
+}
+
 TEST_F(Pull, ASecondPullClosesTheOpenToolbar) {
     bootStrip();
     began();
@@ -372,6 +426,23 @@ TEST_F(Pull, TheLiftedSceneStaysAcrossLayoutPasses) {
     SBMainDisplaySceneLayoutViewController::main().send<"viewDidLayoutSubviews">();
     EXPECT_EQ(sceneFrame(), (rect(0, -115, 375, 812)));
     EXPECT_EQ(sceneRadius(), 30);
+}
+
+TEST_F(Pull, TheSceneIsLiftedAgainAfterTheSystemHasLaidOut) {
+    bootInApplication(false);
+    began();
+    ended(0);
+    phone_->wait(1);
+    phone_->clear();
+    std::vector<int> laidOut;
+    Spy<"setFrame:", CGRect>::on(
+        class_getName(object_getClass(sceneContainer().get())), [&](Object view, CGRect) {
+            if (view == sceneContainer())
+                laidOut.push_back(phone_->calledCount("SBMainDisplaySceneLayoutViewController",
+                                                      "viewDidLayoutSubviews"));
+        });
+    SBMainDisplaySceneLayoutViewController::main().send<"viewDidLayoutSubviews">();
+    EXPECT_EQ(laidOut, (std::vector<int>{1}));
 }
 
 TEST_F(Pull, AFlickDownLowersTheApplicationAgain) {

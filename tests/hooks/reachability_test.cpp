@@ -118,6 +118,25 @@ TEST_F(Reachability, EnabledIsTheSystemsAnswerWhileItMay) {
     EXPECT_FALSE((manager().send<"reachabilityEnabled", bool>()));
 }
 
+TEST_F(Reachability, TheSystemMayRefuseByItself) {
+    bootWith(true);
+    System<bool()> refusing(nullptr, nullptr, nullptr);
+    EXPECT_FALSE(reachabilityEnabled(refusing, Object()));
+}
+
+TEST_F(Reachability, OnTheToolbarMovesBeforeItCountsAsOpen) {
+    bootWith(true);
+    VNTSBToolBarController toolbar = VNTSBToolBarController::shared();
+    auto row = toolbar.page<VNTConnectivityBarViewController>();
+    EXPECT_FALSE((row.send<"hasBeenLayouted", bool>()));
+    std::vector<bool> opens;
+    Spy<"updateYValueWithAnimation:", double>::on(
+        "VNTSBToolBarController", [&](Object, double) { opens.push_back(toolbar.isEnabled()); });
+    manager().send<"toggleReachability">();
+    EXPECT_EQ(opens, (std::vector<bool>{false}));
+    EXPECT_TRUE((row.send<"hasBeenLayouted", bool>()));
+}
+
 // The swipe down beside the home bar, on phones as real ones are.
 class RealReachability : public Reachability {
   protected:

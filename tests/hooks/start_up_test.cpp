@@ -315,7 +315,12 @@ TEST_F(StartUp, TheTestAlertShows) {
     EXPECT_EQ(said("setMessage:"), "Test!");
     EXPECT_EQ(said("addButtonWithTitle:"), "Okay!");
     EXPECT_EQ(phone_->calledCount("UIAlertView", "addButtonWithTitle:"), 1);
-    EXPECT_EQ(phone_->calledCount("UIAlertView", "setCancelButtonIndex:"), 1);
+    using Kind = simulator::Event::Kind;
+    EXPECT_EQ(phone_
+                  ->inOrder({{Kind::called, "UIAlertView", "setCancelButtonIndex:"},
+                             {Kind::called, "UIAlertView", "show"}})
+                  .met,
+              2u);
     EXPECT_FALSE(phone_->crashed());
 }
 

@@ -4,6 +4,7 @@
 #include "pages/lifted_scene.hpp"
 #include "platform/definition.hpp"
 #include "tests/library_phone.hpp"
+#include "tests/order.hpp"
 
 namespace vantori::tests {
 namespace {
@@ -96,6 +97,22 @@ TEST_F(RealSwitcher, TheContainersComingPutsTheLiftedApplicationBack) {
     EXPECT_EQ(sceneRadius(), 0);
 }
 
+TEST_F(RealSwitcher, TheContainerMovesBeforeTheApplication) {
+    lift();
+    Object cls(classObject(objc_getClass("SBSwitcherContainerView")));
+    auto container = adopted(as<UIView>(cls.send<"new", Object>()));
+    phone_->clear();
+    std::vector<int> moved;
+    Spy<"setFrame:", CGRect>::on(class_getName(object_getClass(sceneContainer().get())),
+                                 [&](Object, CGRect) {
+                                     moved.push_back(phone_->calledCount("SBSwitcherContainerView",
+                                                                         "didMoveToWindow"));
+                                 });
+    container.send<"didMoveToWindow">();
+    EXPECT_EQ(moved, (std::vector<int>{1}));
+    EXPECT_EQ(sceneTop(), 0);
+}
+
 // A state of the phone's layout, and a transition from one to another, by the names of both systems.
 struct LayoutState : Object {
     static constexpr FixedString name{"VNTTestLayoutState"};
@@ -157,6 +174,21 @@ TEST_F(Transitions, OnlyThoseToTheSwitcherPutItBack) {
         EXPECT_EQ(begin(began, theSwitcher, anApplication), -115);
         EXPECT_EQ(begin(began, anApplication, homeScreen), -115);
     }
+}
+
+struct VisibleSwitcher : Object {
+    static constexpr FixedString name{"VNTTestSwitcher"};
+    using Object::Object;
+};
+bool isSeen(VisibleSwitcher) { return true; }
+
+// On 11 and 12 it is enough that the switcher says that it is seen.
+TEST_F(Transitions, ASwitcherThatIsSeenPutsItBack) {
+    lift("12.4");
+    define<VisibleSwitcher, Object>().method<"isVisible", &isSeen>();
+    System<void(Object, Object)> system(nullptr, nullptr, nullptr);
+    sceneTransitionBegan(system, create<VisibleSwitcher>(), Object(), "no context"_ns);
+    EXPECT_EQ(sceneTop(), 0);
 }
 
 // Contexts that do not say what comes, or say it to no purpose, move nothing.

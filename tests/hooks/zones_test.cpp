@@ -150,6 +150,18 @@ TEST_F(ZoneTest, TheSecondRuleComparesTheLeftZoneWithTheMiddleWidth) {
     EXPECT_FALSE(isPointInRange(75));
 }
 
+TEST_F(ZoneTest, TheSecondRuleRefusesTurnedOrWhileTheApplicationsToolbarIsOpen) {
+    boot();
+    phone_->open("com.example.notes");
+    EXPECT_TRUE(isPointInRange(10));
+    VNTToolBarController::shared().setIsEnabled(true);
+    EXPECT_FALSE(isPointInRange(10));
+    VNTToolBarController::shared().setIsEnabled(false);
+    phone_->rotate(simulator::Orientation::landscapeRight);
+    phone_->wait(1);
+    EXPECT_FALSE(isPointInRange(10));
+}
+
 // The middle is 75 wide on a screen of 375: it lies between 150 and 225, neither border in it.
 TEST_F(ZoneTest, TheSecondRuleLeavesTheBordersOfTheMiddleToTheRight) {
     boot();

@@ -74,6 +74,7 @@ TEST_P(LateScene, IsAskedForAgainEagerly) {
     const int failures = GetParam().failures;
     phone_->sceneAfter(notes, GetParam().sceneAfter);
     bootHost();
+    phone_->wait(2);  // so that a second from now is not the phone's first
     host_.launchApplication(application());
     EXPECT_EQ(phone_->loggedCount(line), failures);
     EXPECT_EQ(suspended(), 1 + failures);
@@ -88,15 +89,19 @@ TEST_P(LateScene, IsAskedForAgainEagerly) {
     EXPECT_EQ(phone_->loggedCount(line), failures);
 }
 
-// Word for word; a second later it is started before its process is created.
-TEST_F(Host, TheAttemptOfALaterSecondGoesInOrder) {
+// The line, word for word, then it is started; a second later, too, that comes before its process.
+TEST_F(Host, EachAttemptGoesInOrder) {
     phone_->sceneAfter(notes, 2);
     bootHost();
     host_.launchApplication(application());
     EXPECT_EQ(std::ranges::count(simulator::SystemLog::shared().lines(), line), 1);
+    using Kind = simulator::Event::Kind;
+    const std::vector<simulator::Event> lineFirst{
+        {Kind::logged, line, ""},
+        {Kind::called, "SpringBoard", "launchApplicationWithIdentifier:suspended:"}};
+    EXPECT_EQ(phone_->inOrder(lineFirst).met, 2u);
     phone_->clear();
     phone_->wait(1.1);
-    using Kind = simulator::Event::Kind;
     const std::vector<simulator::Event> inOrder{
         {Kind::called, "SpringBoard", "launchApplicationWithIdentifier:suspended:"},
         {Kind::called, "FBProcessManager", "createApplicationProcessForBundleID:"}};

@@ -2,9 +2,12 @@
 // live in the host's view.
 #include "pages/live_application.hpp"
 
+#include <algorithm>
+
 #include "hooks/hook_report.hpp"
 #include "pages/application_host.hpp"
 #include "platform/springboard_icons.hpp"
+#include "simulator/runtime/system_log.hpp"
 #include "tests/library_phone.hpp"
 #include "tests/order.hpp"
 
@@ -49,6 +52,11 @@ class RealHost : public LibraryPhone {
         return phone_->calledCount("SBDeviceApplicationSceneEntity",
                                    "initWithApplicationForMainDisplay:");
     }
+    // Told once, with that reason, word for word.
+    static void expectOff(const std::string& reason) {
+        const std::string line = "[Vantori] hosting an application is off: " + reason;
+        EXPECT_EQ(std::ranges::count(simulator::SystemLog::shared().lines(), line), 1);
+    }
     Strong<VNTApplicationHostViewController> host_;
 };
 
@@ -80,12 +88,18 @@ TEST_F(RealHost, TheViewIsLiveAndStretches) {
         Order::note("mode " + std::to_string(mode));
     });
     Spy<"didMoveToParentViewController:", id>::on("SBAppViewController", [&](Object, id parent) {
-        Order::note(Object(parent) == host_ ? "in its host" : "elsewhere");
+        const bool isIn = host_.view().subviews().count() == 1;
+        Order::note(Object(parent) == host_ && isIn ? "in its host" : "elsewhere");
     });
     host_.launchApplication(application(notes));
     EXPECT_EQ(Order::events(), (std::vector<std::string>{"heeds", "mode 2", "in its host"}));
     UIView view = host_.view().subviews().at<UIView>(0);
     EXPECT_EQ((view.send<"autoresizingMask", unsigned long>()), 2u | 16u);  // width and height
+    const auto made =
+        phone_->lastCall("SBAppViewController", "initWithIdentifier:andApplicationSceneEntity:");
+    ASSERT_TRUE(made);
+    const NSString identifier(*simulator::scenario::asObject(made->front()));
+    EXPECT_STREQ(identifier.utf8(), "com.ferolin.vantori.host");
 }
 
 // As a container lets a child go: told before, out of the tree, out of the list.
@@ -158,7 +172,7 @@ TEST_F(RealHost, ARefusedEntityTurnsItOff) {
     host_.launchApplication(application(maps));
     phone_->wait(0.5);
     EXPECT_EQ(host_.view().subviews().count(), 0u);
-    EXPECT_EQ(phone_->loggedCount("[Vantori] hosting an application is off"), 1);
+    expectOff("the system gives the application no scene entity");
     EXPECT_NE(std::string(hookReport().utf8())
                   .find("form hosting an application: a live view of its scene, switched off\n"),
               std::string::npos);
@@ -173,7 +187,7 @@ TEST_F(RealHost, ARefusedControllerTurnsItOff) {
     host_.launchApplication(application(notes));
     host_.launchApplication(application(notes));
     EXPECT_EQ(entities(), 1);  // not asked again
-    EXPECT_EQ(phone_->loggedCount("[Vantori] hosting an application is off"), 1);
+    expectOff("the system gives no controller for the application's scene");
     EXPECT_FALSE(phone_->crashed());
 }
 

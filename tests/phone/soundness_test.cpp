@@ -208,6 +208,42 @@ TEST_F(SoundPhone, TurnedTheToolbarIsLaidOutBelowTheEdgeAndCountsAsOpen) {
     EXPECT_EQ(wrong(), "the toolbar counts as open and is away");
 }
 
+// Told that applications are no longer lifted, in the middle of a pull or just before it.
+class StyleChanged : public SoundPhone, public testing::WithParamInterface<bool> {};
+
+TEST_P(StyleChanged, TheApplicationStaysWhereTheFingerHadIt) {
+    set("alwaysSpringBoardStyle", false);
+    boot();
+    phone_->open("com.example.notes");
+    const auto begin = [this] { phone_->grabber(PullPhase::began, 60, 100, 0); };
+    const auto change = [this] {
+        set("alwaysSpringBoardStyle", true);
+        phone_->postDarwin("VantoriPB/reloadSettings");
+    };
+    if (GetParam()) change();
+    begin();
+    if (!GetParam()) change();
+    phone_->wait(0.1);
+    phone_->grabber(PullPhase::ended, 60, 100, 0);
+    phone_->wait(1);
+    EXPECT_EQ(sceneContainer().frame().origin.y, -100);
+    EXPECT_EQ(wrong(), "nothing");
+}
+
+INSTANTIATE_TEST_SUITE_P(Times, StyleChanged, testing::Values(false, true));
+
+TEST_F(SoundPhone, ToldLongBeforeAPullTheStyleExcusesNothing) {
+    set("alwaysSpringBoardStyle", false);
+    boot();
+    phone_->open("com.example.notes");
+    announceSettings();
+    phone_->grabber(PullPhase::began, 60, 100, 0);
+    phone_->grabber(PullPhase::ended, 60, 100, 0);
+    phone_->wait(1);
+    sceneContainer().setFrame(rect(0, -50, 375, 812));
+    EXPECT_EQ(wrong(), "the application is neither lifted nor in its place: 50 points above it");
+}
+
 TEST(Observers, AreCountedUntilTheyAreRemoved) {
     const auto phone = simulator::makePhone({});
     AutoreleasePool pool;

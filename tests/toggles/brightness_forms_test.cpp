@@ -1,4 +1,5 @@
 // The brightness slider on real phones: the display gets brighter whoever has to be told.
+#include "hooks/hook_report.hpp"
 #include "simulator/services/brightness.hpp"
 #include "simulator/uikit/screen/screen.hpp"
 #include "tests/toggles/slider_phone.hpp"
@@ -94,6 +95,7 @@ TEST_F(BrightnessOnReal, WithoutAnyFormTheSliderStillFollows) {
     made.adjustValue(0.8f);
     EXPECT_EQ(display(), 0.5);
     EXPECT_EQ(phone_->loggedCount("is off"), 0);
+    EXPECT_NE(text(hookReport()).find("\nform brightness: none\n"), std::string::npos);
     expectUnhurt();
 }
 

@@ -1,6 +1,7 @@
 // Do not disturb on real phones: Control Center's module, the services behind it, or iOS 11's gateway.
 // The services may refuse; the gateway tells late, again, on another thread or not at all.
 #include "hooks/hook_report.hpp"
+#include "simulator/runtime/journal.hpp"
 #include "simulator/scenario/value.hpp"
 #include "simulator/services/answers.hpp"
 #include "simulator/services/system_settings.hpp"
@@ -176,6 +177,19 @@ TEST_F(DoNotDisturbGateway, MayTellTwiceAndOnAnotherThread) {
     refresh(toggle);
     expectShown(toggle, false);
     EXPECT_FALSE(phone_->crashed());
+}
+
+// 1 is on and 2 is off, both by hand, which is 1.
+TEST_F(DoNotDisturbGateway, IsToldThatItIsByHand) {
+    Toggle toggle = makeToggleOn11();
+    for (const long status : {1L, 2L}) {
+        tapAndWait(toggle);
+        const auto told =
+            simulator::Journal::last("BBSettingsGateway", "setBehaviorOverrideStatus:source:");
+        ASSERT_TRUE(told);
+        EXPECT_EQ(std::get<long>(told->at(0)), status);
+        EXPECT_EQ(std::get<long>(told->at(1)), 1);
+    }
 }
 
 TEST_F(DoNotDisturbGateway, MayTellLate) {

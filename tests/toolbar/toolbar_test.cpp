@@ -191,6 +191,43 @@ TEST_F(Toolbar, ScrollingEndsOnThePageThatIsWhole) {
     EXPECT_EQ((app().scrollViewPageController().send<"currentPage", long>()), 2);
 }
 
+// Without a width there is no telling where it ended; one of a point is one.
+TEST_F(Toolbar, ScrollingWithoutAWidthLeavesTheDots) {
+    boot();
+    auto dots = [] { return app().scrollViewPageController().send<"currentPage", long>(); };
+    auto scrolled = [](double width, double x) {
+        auto view = create<UIScrollView, "initWithFrame:">(rect(0, 0, width, 10));
+        view.setContentOffset({x, 0});
+        app().send<"scrollViewDidEndDecelerating:">(Object(view.get()));
+    };
+    scrolled(1, 2);
+    EXPECT_EQ(dots(), 2);
+    scrolled(0, 0);
+    EXPECT_EQ(dots(), 2);
+}
+
+TEST_F(Toolbar, APageCanBeExchanged) {
+    boot();
+    auto page = create<VNTMediaPlayerViewController>();
+    app().send<"setMediaPlayerViewController:">(Object(page.get()));
+    EXPECT_EQ(app().page<VNTMediaPlayerViewController>(), page);
+}
+
+// From back to front.
+TEST_F(Toolbar, ItsPartsLieInOrder) {
+    boot();
+    NSArray views = app().view().subviews();
+    const auto place = [views](UIView view) {
+        return views.send<"indexOfObject:", unsigned long>(view);
+    };
+    const unsigned long backdrop = place(app().backgroundWallpaperView());
+    const unsigned long pages = place(app().vantoriScrollView());
+    const unsigned long grabber = place(app().grabberView());
+    EXPECT_LT(backdrop, pages);
+    EXPECT_LT(pages, grabber);
+    EXPECT_LT(grabber, views.count());
+}
+
 TEST_F(Toolbar, TheScrollLockFollowsItsNotifications) {
     boot();
     auto scrolls = [](VNTToolBarController t) {
@@ -302,6 +339,22 @@ TEST_F(Toolbar, ADismissalStopsTheMarqueeBeforeControlCenterIsBack) {
     Order::look() = {};
 }
 
+// Posted while it is up, moved while it counts as open.
+TEST_F(Toolbar, ADismissalMovesItBeforeItCountsAsClosed) {
+    bootWithDirection(1);
+    openToolbar();
+    double top = -1;
+    bool isOpen = false;
+    listenTo({"com.ferolin.vantori-ccback"});
+    Order::look() = [&] { top = sb().view().frame().origin.y; };
+    Spy<"updateYValueWithAnimation:", double>::on("VNTSBToolBarController",
+                                                  [&](Object, double) { isOpen = sb().isEnabled(); });
+    sb().dismiss();
+    EXPECT_EQ(top, 812 - 115);
+    EXPECT_TRUE(isOpen);
+    Order::look() = {};
+}
+
 struct BlurOn {
     const char* system;
     bool dark;
@@ -379,6 +432,26 @@ TEST_F(Toolbar, TheSpringMovesViewAndShadow) {
                                   "animateWithDuration:delay:usingSpringWithDamping:"
                                   "initialSpringVelocity:options:animations:completion:"),
               4);
+}
+
+// With its shadow the second spring is the first once more.
+TEST_F(Toolbar, TheFlagDecidesAboutTheSecondSpring) {
+    boot();
+    sb().makeKeyWindow();
+    int springs = 0;
+    Spy<"updateYValueWithAnimation:", double>::on("VNTSBToolBarController",
+                                                  [&](Object, double) { ++springs; });
+    sb().send<"updateYValueWithAnimation:withShadow:">(297.0, false);
+    EXPECT_EQ(springs, 1);
+    sb().send<"updateYValueWithAnimation:withShadow:">(297.0, true);
+    EXPECT_EQ(springs, 3);
+}
+
+TEST_F(Toolbar, AStripHasNoModulesPage) {
+    bootWithDirection(1);
+    sb().ccTogglesViewController().view().setAlpha(1);
+    sb().layoutForOrientation(1);
+    EXPECT_EQ(alphaOf(sb().ccTogglesViewController()), 0);
 }
 
 TEST_F(Toolbar, TheContentIsTwoScreensWideOnlyAfterASettingsChange) {

@@ -102,6 +102,44 @@ TEST_F(WelcomePager, EveryPageHasAPictureATitleAndADescription) {
     }
 }
 
+TEST_F(WelcomePager, ItsPagesAreCalled) {
+    boot();
+    const char* titles[] = {"Welcome to Vantori", "The Full Edition", "All Your Toggles",
+                            "Made to Extend"};
+    for (unsigned long page = 0; page < 4; ++page)
+        EXPECT_EQ(text(scrollView().subviews().at<UILabel>(page * 3 + 1).text()), titles[page]);
+}
+
+TEST_F(WelcomePager, HowItsPartsLook) {
+    boot();
+    auto dots = part<UIPageControl>("pageControl");
+    EXPECT_TRUE((dots.send<"backgroundColor", UIColor>().send<"isEqual:", bool>(
+        UIColor::rgba(0, 0, 0, 0.2))));
+    EXPECT_EQ(dots.layer().cornerRadius(), 5);  // half of its height
+    EXPECT_FALSE((scrollView().send<"showsHorizontalScrollIndicator", bool>()));
+    EXPECT_FALSE((scrollView().send<"showsVerticalScrollIndicator", bool>()));
+    const auto alignment = [](UIView label) { return label.send<"textAlignment", long>(); };
+    EXPECT_EQ(alignment(part<UILabel>("pageLabel")), UILabel::right);
+    EXPECT_EQ(alignment(scrollView().subviews().at<UIView>(1)), UILabel::center);
+    EXPECT_EQ(alignment(scrollView().subviews().at<UIView>(2)), UILabel::center);
+    auto button = scrollView().subviews().last();
+    ASSERT_TRUE(button.isKindOfClass(objc_getClass("UIButton")));
+    Object title = button.send<"titleLabel", Object>();
+    EXPECT_EQ((title.send<"font", UIFont>().send<"pointSize", double>()), 17);
+    EXPECT_TRUE((title.send<"textColor", UIColor>().send<"isEqual:", bool>(UIColor::white())));
+}
+
+// From back to front: the dots lie on the pages.
+TEST_F(WelcomePager, ItsPartsLieInOrder) {
+    boot();
+    NSArray views = pager().view().subviews();
+    ASSERT_EQ(views.count(), 4u);
+    EXPECT_EQ(views.at<UIView>(0), part<UILabel>("header"));
+    EXPECT_EQ(views.at<UIView>(1), part<UILabel>("pageLabel"));
+    EXPECT_EQ(views.at<UIView>(2), scrollView());
+    EXPECT_EQ(views.at<UIView>(3), part<UIPageControl>("pageControl"));
+}
+
 struct Deceleration {
     double pages;
     const char* counter;
@@ -559,6 +597,18 @@ TEST_F(WelcomeTurns, APagerTakesThePlaceOfTheOneBefore) {
     pager().send<"backToHome">();
     phone_->wait(2);
     EXPECT_EQ(find(home, "UIScrollView"), UIView());
+}
+
+// Whoever keeps its pages scrolls them without telling one that is gone.
+TEST_F(WelcomeTurns, APagerThatGoesIsToldNothingMore) {
+    boot();
+    Strong<UIScrollView> pages = retained(scrollView());
+    {
+        AutoreleasePool pool;
+        homeScreen().send<"presentUpdateInfo">();
+    }
+    ASSERT_FALSE(scrollView() == pages);
+    EXPECT_EQ((pages.send<"delegate", id>()), nullptr);
 }
 
 }  // namespace
