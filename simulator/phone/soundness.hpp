@@ -63,7 +63,7 @@ class Soundness {
     long turns_ = 0;
     bool sceneLeft_ = false;             // see announced()
     std::optional<double> announcedAt_;  // seconds of the phone's time
-    bool launched_ = false;   // see noteLaunches()
+    bool launched_ = false;              // see noteLaunches()
     long launches_ = 0;
 
     // The least of each in the checks of one period, and in those of the first.

@@ -103,11 +103,10 @@ TEST_F(RealSwitcher, TheContainerMovesBeforeTheApplication) {
     auto container = adopted(as<UIView>(cls.send<"new", Object>()));
     phone_->clear();
     std::vector<int> moved;
-    Spy<"setFrame:", CGRect>::on(class_getName(object_getClass(sceneContainer().get())),
-                                 [&](Object, CGRect) {
-                                     moved.push_back(phone_->calledCount("SBSwitcherContainerView",
-                                                                         "didMoveToWindow"));
-                                 });
+    Spy<"setFrame:", CGRect>::on(
+        class_getName(object_getClass(sceneContainer().get())), [&](Object, CGRect) {
+            moved.push_back(phone_->calledCount("SBSwitcherContainerView", "didMoveToWindow"));
+        });
     container.send<"didMoveToWindow">();
     EXPECT_EQ(moved, (std::vector<int>{1}));
     EXPECT_EQ(sceneTop(), 0);

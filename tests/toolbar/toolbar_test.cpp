@@ -347,8 +347,8 @@ TEST_F(Toolbar, ADismissalMovesItBeforeItCountsAsClosed) {
     bool isOpen = false;
     listenTo({"com.ferolin.vantori-ccback"});
     Order::look() = [&] { top = sb().view().frame().origin.y; };
-    Spy<"updateYValueWithAnimation:", double>::on("VNTSBToolBarController",
-                                                  [&](Object, double) { isOpen = sb().isEnabled(); });
+    Spy<"updateYValueWithAnimation:", double>::on(
+        "VNTSBToolBarController", [&](Object, double) { isOpen = sb().isEnabled(); });
     sb().dismiss();
     EXPECT_EQ(top, 812 - 115);
     EXPECT_TRUE(isOpen);
