@@ -111,7 +111,9 @@ build bin/unit-tests: link tests.o CMakeFiles/library_settings.dir/settings/smal
 
 def change(file="a/b.cpp", function="f", kind="constant", before="1", after="2"):
     key = f"{file} | {function} | {kind} | {before} | {after}"
-    return SimpleNamespace(file=file, function=function, kind=kind, before=before, after=after, key=key, line=3, isBroken=False)
+    return SimpleNamespace(
+        file=file, function=function, kind=kind, before=before, after=after, key=key, line=3, isBroken=False, atLoad=False
+    )
 
 
 class PlantedLibraryTest(unittest.TestCase):
@@ -214,7 +216,6 @@ class HuntTest(unittest.TestCase):
         ran = []
         tests = SimpleNamespace(seconds=1, subjects=dict, run=lambda workplace, part, **_: ran.extend(part))
         recording = SimpleNamespace(by_number={0: {"a", "b", "c"}}, tests={name: (1, 1) for name in "abc"})
-        one.atLoad = False
         build = SimpleNamespace(changes=[one], numbers={id(one): 0})
         self.assertEqual(running.Hunt(tests, recording, build, most=2, found={}).run(one, False, 24), ("survived", "", 2))
         self.assertEqual(ran, ["a", "b"])
@@ -232,6 +233,17 @@ class HuntTest(unittest.TestCase):
         hunt = running.Hunt(tests, recording, SimpleNamespace(changes=[], numbers={}), most=2, found={})
         order = hunt.order(change(file="toolbar/dock_page.cpp"), {"a", "b", "c"})
         self.assertEqual(order, ["c", "a", "b"])
+
+    # The row of a table is looked for in all tests of the table; what boots a phone, in one of each.
+    def test_a_test_that_comes_by_little_else_is_tried_first(self):
+        names = ["Page.Fits/0", "Page.Fits/1", "Page.Fits/2", "Toolbar.Opens", "Width.IsHalf"]
+        tests = SimpleNamespace(subjects=lambda: {name: running.words(name) for name in names})
+        recording = SimpleNamespace(by_number={}, tests={name: (1, 10 if name == "Width.IsHalf" else 900) for name in names})
+        hunt = running.Hunt(tests, recording, SimpleNamespace(changes=[], numbers={}), most=9, found={})
+        one = change(file="pages/page.cpp", before="true")
+        self.assertEqual(hunt.order(one, set(names)), ["Width.IsHalf", "Page.Fits/0", "Page.Fits/1", "Toolbar.Opens", "Page.Fits/2"])
+        one.atLoad = True
+        self.assertEqual(hunt.order(one, set(names)), ["Width.IsHalf", "Page.Fits/0", "Page.Fits/1", "Page.Fits/2", "Toolbar.Opens"])
 
     # The first caught another change of the function, the second two of the file; the third was never heard of.
     def test_what_caught_others_is_tried_first_in_a_later_run_too(self):

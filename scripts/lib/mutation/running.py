@@ -18,6 +18,7 @@ from dataclasses import dataclass, field
 FAILED = re.compile(r"^\[  FAILED  \] (\S+): (.*)$", re.MULTILINE)
 MEMORY = 6 << 30
 PARAMETERS = re.compile(r"^[^/.]+/(?=[^/]+\.)|/[^/.]+$")  # of All/Suite.Test/3
+FEW = 150  # changes: a test that boots a phone comes by many more
 PATIENCE = 120  # seconds of waiting for tests that wait for each other
 
 
@@ -245,7 +246,8 @@ class Hunt:
         return self.by_file[change.file] & asked if change.file.endswith(".cpp") else asked
 
     def order(self, change, seeing):
-        """Those that caught others in the function or the file, then by the words that they share with the change, then the cheap."""
+        """Those that caught others in the function or the file, those that come by little else, then by the words that
+        they share with the change."""
         with self.lock:
             best = {test: -count for test, count in self.killers[change.file].most_common(6)}
             near = self.killers[change.file, change.function].most_common(8)
@@ -257,9 +259,11 @@ class Hunt:
         def rank(test):
             subject = self.subjects.get(test, set())
             shared = sum(self.weight[word] * (2 * (word in about) + (word in closer)) for word in subject & (about | closer))
-            return best.get(test, 0), -shared, cost[test][1], cost[test][0], test
+            few = cost[test][1] <= FEW
+            return best.get(test, 0), not few, -shared, cost[test][1], cost[test][0], test
 
-        return dealt(sorted(seeing, key=rank))
+        order = sorted(seeing, key=rank)
+        return order if change.atLoad else dealt(order)  # a row of a table may have the test of its own
 
     def run(self, change, first, count):
         """Runs so many of the tests that see it, from the first on: what came of it, by which, how many ran."""
