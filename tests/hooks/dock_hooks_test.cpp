@@ -294,6 +294,9 @@ TEST_F(DockView, ItsListIsLaidOutBeforeThePage) {
     });
     dockView().send<"didMoveToWindow">();
     EXPECT_EQ(laidOut, (std::vector<int>{1}));
+    EXPECT_EQ(phone_->calledCount("SBDockView", "didMoveToWindow"), 1);
+    dockIconListView.send<"didMoveToWindow">();
+    EXPECT_EQ(phone_->calledCount("SBRootFolderDockIconListView", "didMoveToWindow"), 1);
 }
 
 class DockWithoutClass : public Applications, public testing::WithParamInterface<const char*> {};

@@ -445,6 +445,59 @@ TEST_F(Pull, TheSceneIsLiftedAgainAfterTheSystemHasLaidOut) {
     EXPECT_EQ(laidOut, (std::vector<int>{1}));
 }
 
+TEST_F(Pull, TheSystemsLayoutRunsAndEitherPassLiftsTheSceneAgain) {
+    bootInApplication(false);
+    began();
+    ended(0);
+    phone_->wait(1);
+    auto layout = SBMainDisplaySceneLayoutViewController::main();
+    phone_->clear();
+    sceneContainer().setFrame(rect(0, 0, 375, 812));
+    layout.send<"viewWillLayoutSubviews">();
+    EXPECT_EQ(sceneFrame(), (rect(0, -115, 375, 812)));
+    sceneContainer().setFrame(rect(0, 0, 375, 812));
+    layout.send<"viewDidLayoutSubviews">();
+    EXPECT_EQ(sceneFrame(), (rect(0, -115, 375, 812)));
+    for (const char* pass : {"viewWillLayoutSubviews", "viewDidLayoutSubviews"})
+        EXPECT_EQ(phone_->calledCount("SBMainDisplaySceneLayoutViewController", pass), 1) << pass;
+}
+
+// When it begins, when it is a hit, when the style is chosen; then at each update.
+TEST_F(Pull, TheConnectivityRowIsLaidOutAtEachStep) {
+    bootStrip();
+    int above = 0, behind = 0;
+    Spy<"layoutConnectivityButton">::on("VNTToolBarController", [&](Object toolbar) {
+        ++(toolbar == VNTSBToolBarController::shared() ? above : behind);
+    });
+    began();
+    EXPECT_EQ(above, 3);
+    updated(50);
+    EXPECT_EQ(above, 4);
+    ended(-5.01);
+    EXPECT_EQ(behind, 0);
+    set("alwaysSpringBoardStyle", false);
+    announceSettings();
+    phone_->open("com.example.notes");
+    above = behind = 0;
+    began();
+    EXPECT_EQ(above, 3);
+    EXPECT_EQ(behind, 1);
+    updated(50);
+    EXPECT_EQ(above, 3);
+    EXPECT_EQ(behind, 1);
+}
+
+TEST_F(Pull, AReportThatBeginsForgetsThePullBefore) {
+    bootStrip();
+    toolbar().setIsEnabled(true);
+    liftingAppScene = true;
+    pullingSBToolbar = true;
+    began();
+    EXPECT_FALSE(toolbar().isEnabled());
+    EXPECT_FALSE(liftingAppScene);
+    EXPECT_FALSE(pullingSBToolbar);
+}
+
 TEST_F(Pull, AFlickDownLowersTheApplicationAgain) {
     bootInApplication(false);
     began();

@@ -117,6 +117,8 @@ TEST_F(ZoneTest, IsReadyBeforeAnythingIsRefreshed) {
 
 TEST_F(ZoneTest, RefusesWhileTheApplicationsToolbarIsOpen) {
     boot();
+    VNTToolBarController::shared().setIsEnabled(true);
+    EXPECT_TRUE(isPointInRangeX(10));  // there is no application to close it for
     phone_->open("com.example.notes");
     VNTToolBarController::shared().setIsEnabled(true);
     EXPECT_FALSE(isPointInRangeX(10));

@@ -126,12 +126,12 @@ TEST(ChainsTest, PagesWithoutFixupsArePassedOver) {
     EXPECT_EQ(sketch.refusal(), "");
 }
 
-struct Wrong {
+struct WrongChain {
     const char* name;
     void (*spoil)(Sketch&);
     const char* message;
 };
-class WrongChainsTest : public testing::TestWithParam<Wrong> {};
+class WrongChainsTest : public testing::TestWithParam<WrongChain> {};
 TEST_P(WrongChainsTest, AreRefusedByName) {
     Sketch sketch;
     GetParam().spoil(sketch);
@@ -140,42 +140,43 @@ TEST_P(WrongChainsTest, AreRefusedByName) {
 INSTANTIATE_TEST_SUITE_P(
     Kinds, WrongChainsTest,
     testing::Values(
-        Wrong{"version", [](Sketch& sketch) { sketch.chains.version = 1; },
-              "version 1 of chained fixups is unknown"},
-        Wrong{"compressed", [](Sketch& sketch) { sketch.chains.compression = 1; },
-              "the names in the chained fixups are compressed"},
-        Wrong{"importFormat", [](Sketch& sketch) { sketch.chains.importFormat = 4; },
-              "the imports of the chained fixups have unknown format 4"},
-        Wrong{"importCount", [](Sketch& sketch) { sketch.chains.importCount = 0xffffffff; },
-              "the file ends inside the chained fixups"},
-        Wrong{"signedPointers", [](Sketch& sketch) { sketch.chains.format = 12; },
-              "its pointers are signed: it is for arm64e"},
-        Wrong{"pointerFormat", [](Sketch& sketch) { sketch.chains.format = 3; },
-              "the chained fixups have unknown pointer format 3"},
-        Wrong{"page", [](Sketch& sketch) { sketch.chains.page = 0; },
-              "the pages of the chained fixups have no size"},
-        Wrong{"severalStarts", [](Sketch& sketch) { sketch.chains.pageStarts = u16(0x8001); },
-              "a page has several chains of fixups"},
-        Wrong{"startOutside", [](Sketch& sketch) { sketch.chains.pageStarts = u16(0x4000); },
-              "a chain of fixups starts outside its page"},
-        Wrong{"unknownImport", [](Sketch& sketch) { sketch.image.pointers[0] = bindTo(2, 0); },
-              "a chained pointer names import 2 of 2"},
-        Wrong{"unknownLibrary", [](Sketch& sketch) { sketch.chains.imports = u32(3) + u32(1); },
-              "a symbol is bound to library 3 of 2"},
+        WrongChain{"version", [](Sketch& sketch) { sketch.chains.version = 1; },
+                   "version 1 of chained fixups is unknown"},
+        WrongChain{"compressed", [](Sketch& sketch) { sketch.chains.compression = 1; },
+                   "the names in the chained fixups are compressed"},
+        WrongChain{"importFormat", [](Sketch& sketch) { sketch.chains.importFormat = 4; },
+                   "the imports of the chained fixups have unknown format 4"},
+        WrongChain{"importCount", [](Sketch& sketch) { sketch.chains.importCount = 0xffffffff; },
+                   "the file ends inside the chained fixups"},
+        WrongChain{"signedPointers", [](Sketch& sketch) { sketch.chains.format = 12; },
+                   "its pointers are signed: it is for arm64e"},
+        WrongChain{"pointerFormat", [](Sketch& sketch) { sketch.chains.format = 3; },
+                   "the chained fixups have unknown pointer format 3"},
+        WrongChain{"page", [](Sketch& sketch) { sketch.chains.page = 0; },
+                   "the pages of the chained fixups have no size"},
+        WrongChain{"severalStarts", [](Sketch& sketch) { sketch.chains.pageStarts = u16(0x8001); },
+                   "a page has several chains of fixups"},
+        WrongChain{"startOutside", [](Sketch& sketch) { sketch.chains.pageStarts = u16(0x4000); },
+                   "a chain of fixups starts outside its page"},
+        WrongChain{"unknownImport", [](Sketch& sketch) { sketch.image.pointers[0] = bindTo(2, 0); },
+                   "a chained pointer names import 2 of 2"},
+        WrongChain{"unknownLibrary",
+                   [](Sketch& sketch) { sketch.chains.imports = u32(3) + u32(1); },
+                   "a symbol is bound to library 3 of 2"},
         // From pointer 7 one step on: half of it would lie behind the file's data.
-        Wrong{"outOfTheSegment",
-              [](Sketch& sketch) {
-                  sketch.chains.pageStarts = u16(0x38);
-                  sketch.image.pointers[7] = rebaseTo(0, 1);
-              },
-              "a chained pointer at 0x403c lies outside what the file holds"},
-        Wrong{"code", [](Sketch& sketch) { sketch.chains.segmentOffset = 0; },
-              "a fixup lies in segment __TEXT, which is not written"},
-        Wrong{"both",
-              [](Sketch& sketch) {
-                  sketch.image.extraCommand = u32(0x80000022) + u32(48) + List(40, 0);
-              },
-              "it has both opcodes and chains of fixups"}),
+        WrongChain{"outOfTheSegment",
+                   [](Sketch& sketch) {
+                       sketch.chains.pageStarts = u16(0x38);
+                       sketch.image.pointers[7] = rebaseTo(0, 1);
+                   },
+                   "a chained pointer at 0x403c lies outside what the file holds"},
+        WrongChain{"code", [](Sketch& sketch) { sketch.chains.segmentOffset = 0; },
+                   "a fixup lies in segment __TEXT, which is not written"},
+        WrongChain{"both",
+                   [](Sketch& sketch) {
+                       sketch.image.extraCommand = u32(0x80000022) + u32(48) + List(40, 0);
+                   },
+                   "it has both opcodes and chains of fixups"}),
     [](const auto& test) { return std::string(test.param.name); });
 
 }  // namespace

@@ -105,7 +105,7 @@ TEST(FrameDescriptionTest, WhatIsNotKnownIsLeftOut) {
 // where it returns to, 16 bytes below its caller's stack.
 const List common = u32(16) + u32(0) + List{1, 'z', 'R', 0, 1, 0x78, 30, 1, 0x10, 0x0c, 31, 0};
 const List instructions = {0x0e, 16, 0x80 | 30, 2, 0, 0, 0};
-const List described = u32(28) + u32(24) + u64(0) + u64(0x40) + List{0} + instructions;
+const List frameDescription = u32(28) + u32(24) + u64(0) + u64(0x40) + List{0} + instructions;
 
 // One function, at 0x100, whose description is at that place.
 std::vector<UnwindEntry> entriesWith(const List& descriptions, std::uint32_t place) {
@@ -121,7 +121,7 @@ std::vector<UnwindEntry> entriesWith(const List& descriptions, std::uint32_t pla
 }
 
 TEST(FrameDescriptionTest, WhatTheImageDescribesItselfIsTakenOver) {
-    const auto bytes = frameDescriptions(entriesWith(common + described, 20), 0x10000);
+    const auto bytes = frameDescriptions(entriesWith(common + frameDescription, 20), 0x10000);
     // The common record takes 24 bytes; 4 + 4 + 8 + 8 + 1 + 7 = 32.
     const List expected =
         u32(28) + u32(28) + u64(0x10100) + u64(0x80) + List{0} + instructions + u32(0);
@@ -134,14 +134,14 @@ TEST(FrameDescriptionTest, WhatTheImageDescribesItselfIsTakenOver) {
 TEST(FrameDescriptionTest, DescriptionsOfAnotherFormAreRefused) {
     List other = common;
     other[15] = 0x1b;  // addresses of four bytes
-    EXPECT_NO_THROW(entriesWith(common + described, 20));
-    EXPECT_THROW(entriesWith(other + described, 20), BadImage);
+    EXPECT_NO_THROW(entriesWith(common + frameDescription, 20));
+    EXPECT_THROW(entriesWith(other + frameDescription, 20), BadImage);
 }
 
 TEST(FrameDescriptionTest, DescriptionsThatAreNotThereAreRefused) {
-    EXPECT_THROW(entriesWith(common + described, 400), BadImage);
+    EXPECT_THROW(entriesWith(common + frameDescription, 400), BadImage);
     EXPECT_THROW(entriesWith({}, 0), BadImage);
-    List before = common + described;
+    List before = common + frameDescription;
     before[24] = 0x7f;  // the link leads before the section
     EXPECT_THROW(entriesWith(before, 20), BadImage);
 }
