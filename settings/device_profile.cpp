@@ -5,7 +5,6 @@
 #include <cstdlib>
 #include <memory>
 #include <span>
-#include <string>
 
 #include "platform/springboard.hpp"
 #include "platform/uikit.hpp"
@@ -47,10 +46,10 @@ constexpr std::string_view roundedModels[] = {
     "iPhone 11", "iPhone 11 Pro", "iPhone 11 Pro Max",
 };
 
-std::string machine() {
+utsname systemNow() {
     utsname system{};
     uname(&system);
-    return system.machine;
+    return system;
 }
 
 }  // namespace
@@ -62,7 +61,11 @@ std::string_view modelName(std::string_view machine) {
     return machine;
 }
 
-NSString getModelName() { return NSString::from(std::string(modelName(machine())).c_str()); }
+NSString getModelName() {
+    const utsname system = systemNow();
+    // The names in the table are literals and the field ends in zero, so data() is a C string.
+    return NSString::from(modelName(system.machine).data());
+}
 
 bool isKeyExisted(NSString key, Object object) {
     if (!key) return false;
@@ -76,7 +79,8 @@ bool isKeyExisted(NSString key, Object object) {
 }
 
 double modelCornerRadius() {
-    const std::string model(modelName(machine()));
+    const utsname system = systemNow();
+    const std::string_view model = modelName(system.machine);
     for (std::string_view rounded : roundedModels) {
         if (model == rounded) return 30;
     }

@@ -207,6 +207,15 @@ TEST_P(SwipeOnSystem, OnTheActionOpensWhenTheGestureHasEnded) {
     EXPECT_FALSE(isLowered());
 }
 
+TEST_P(SwipeOnSystem, OffTheSystemFollowsTheGestureFromItsBeginning) {
+    bootReal(GetParam(), false);
+    Object asked = owner();
+    phone_->clear();
+    asked.send<"_activateReachability:">(gestureIn(UIGestureRecognizer::began));
+    EXPECT_EQ(systemCalls(class_getName(object_getClass(asked.get())), "_activateReachability:"),
+              1);
+}
+
 INSTANTIATE_TEST_SUITE_P(Systems, SwipeOnSystem,
                          testing::Values("11.0", "11.4", "12.4", "13.3", "13.5", "14.2", "14.8"));
 
