@@ -392,6 +392,11 @@ TEST_P(Expanding, PreparesAtOnceAndShowsAfterAWhile) {
     button.expandModule();
     EXPECT_EQ(called("SBControlCenterController", "preparedForExpanding"), 1);
     EXPECT_EQ(expansions(), 1);
+    using Kind = simulator::Event::Kind;
+    const std::vector<simulator::Event> inOrder{
+        {Kind::called, "SBControlCenterController", "preparedForExpanding"},
+        {Kind::called, "CCUIModuleCollectionViewController", "vntExpandModuleWithIdentifier:"}};
+    EXPECT_EQ(phone_->inOrder(inOrder).met, 2u);
     EXPECT_EQ(phone_->haptics(1), 0);
     phone_->wait(GetParam().delay - 0.02);
     EXPECT_EQ(phone_->haptics(1), 0);

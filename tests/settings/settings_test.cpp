@@ -146,6 +146,26 @@ TEST_F(Settings, GestureLocationChangesNothing) {
     EXPECT_EQ(leftZoneEnd, border);
 }
 
+TEST_F(Settings, OnceTheToolbarsAreThereTheyCountAsLoaded) {
+    boot();
+    settingsLoaded = false;
+    announceSettings();
+    EXPECT_TRUE(settingsLoaded);
+}
+
+// Only with another arrangement do the pages take another height.
+TEST_F(Settings, AReloadOfThePagesAloneLeavesTheHeightOfPulls) {
+    boot();
+    MAX_SIZE = 7;
+    phone_->postDarwin("com.ferolin.vantori.refresh-all-toggles");
+    phone_->wait(0.1);
+    EXPECT_EQ(MAX_SIZE, 7);
+    set("layoutDirection", 1);
+    phone_->postDarwin("com.ferolin.vantori.refresh-all-toggles");
+    phone_->wait(0.1);
+    EXPECT_EQ(MAX_SIZE, 115);
+}
+
 TEST_F(Settings, NoCornerRadiusAtRunTimeKeepsTheRadius) {
     boot();
     EXPECT_EQ(CORNER_RADIUS, 30);

@@ -168,6 +168,16 @@ TEST_F(Levels, TheGlyphFollowsTheRoute) {
     EXPECT_EQ(packagesLoaded(), 2);
 }
 
+TEST_F(Levels, WithoutARouteThereIsNoPackageToLoad) {
+    phone_->missingClass("AVSystemController");
+    boot();
+    auto slider = volume();
+    const int before = packagesLoaded();
+    slider.refreshValue();
+    slider.refreshValue();
+    EXPECT_EQ(packagesLoaded(), before);
+}
+
 TEST_F(Levels, ADragShowsItsGlyphBeforeItAsksForTheRoute) {
     boot();
     auto slider = volume();

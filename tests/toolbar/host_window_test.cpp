@@ -46,6 +46,11 @@ TEST_F(HostWindow, AnyShadowThatShowsTakesIt) {
     EXPECT_EQ(hit(100, 100), shadow_);
 }
 
+TEST_F(HostWindow, SoDoesOneThatIsQuiteBlack) {
+    addShadow(1);
+    EXPECT_EQ(hit(100, 100), shadow_);
+}
+
 TEST_F(HostWindow, AControlOfTheToolbarComesBeforeTheShadow) {
     addToolbar();
     addShadow(0.5);  // in front of the toolbar

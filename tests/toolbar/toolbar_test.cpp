@@ -5,6 +5,7 @@
 
 #include "pages/lifted_scene.hpp"
 #include "platform/definition.hpp"
+#include "simulator/runtime/journal.hpp"
 #include "tests/library_phone.hpp"
 #include "tests/order.hpp"
 #include "toolbar/arrangement.hpp"
@@ -136,6 +137,16 @@ TEST_P(TouchInSlider, IsLookedForThreeLevelsUp) {
     EXPECT_EQ((sb().send<"gestureRecognizer:shouldReceiveTouch:", bool>(Object(), Object(touch))),
               moves);
     EXPECT_EQ((sb().vantoriScrollView().send<"isScrollEnabled", bool>()), moves);
+}
+
+TEST_F(Toolbar, ATouchOnAViewThatIsInNothingMovesIt) {
+    boot();
+    define<Touch, Object, TouchState>().property<"view", &TouchState::view>();
+    auto alone = create<UIView>();
+    auto touch = create<Touch>();
+    touch.send<"setView:">(alone);
+    EXPECT_TRUE(
+        (sb().send<"gestureRecognizer:shouldReceiveTouch:", bool>(Object(), Object(touch))));
 }
 
 INSTANTIATE_TEST_SUITE_P(Levels, TouchInSlider, testing::Values(0, 1, 2, 3));
@@ -704,6 +715,9 @@ TEST_F(Toolbar, TurningAndBackRestoresTheStack) {
     EXPECT_EQ(sb().maxHeight(), 515);
     EXPECT_EQ(sb().suggestedY(), 515);
     expectPages(sb(), rect(0, 15, 375, 100), 0, 100);
+    UIWindow window = sb().vantoriHostWindow();
+    EXPECT_EQ((window.send<"transform", CGAffineTransform>()), identityTransform);
+    EXPECT_EQ(frameOf(sb().ccTogglesViewController()), (rect(375, 30, 375, 485)));
     EXPECT_EQ(sb().view().frame(), (rect(0, 812, 375, 812)));
     EXPECT_EQ(sb().grabberView().frame(), (rect(137.5, 10, 100, 5)));
 }
@@ -719,6 +733,10 @@ TEST_F(Toolbar, TheObserverOfTheInterfaceLaysItOut) {
         "fromOrientation:">(3L, 0.3, 1L);
     EXPECT_FALSE(allows());
     EXPECT_EQ(sb().suggestedY(), 215);
+    const auto turned = simulator::Journal::last("UIDevice", "setOrientation:animated:");
+    ASSERT_TRUE(turned);
+    EXPECT_EQ(std::get<long>(turned->at(0)), 3);
+    EXPECT_TRUE(std::get<bool>(turned->at(1)));
 }
 
 TEST_F(Toolbar, AnswersForRotation) {

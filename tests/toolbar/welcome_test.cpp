@@ -124,6 +124,8 @@ TEST_F(WelcomePager, HowItsPartsLook) {
     EXPECT_EQ(alignment(scrollView().subviews().at<UIView>(2)), UILabel::center);
     auto button = scrollView().subviews().last();
     ASSERT_TRUE(button.isKindOfClass(objc_getClass("UIButton")));
+    UIView picture = scrollView().subviews().at<UIView>(0);
+    EXPECT_EQ((picture.send<"contentMode", long>()), UIImageView::aspectFit);
     Object title = button.send<"titleLabel", Object>();
     EXPECT_EQ((title.send<"font", UIFont>().send<"pointSize", double>()), 17);
     EXPECT_TRUE((title.send<"textColor", UIColor>().send<"isEqual:", bool>(UIColor::white())));

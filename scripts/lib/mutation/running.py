@@ -18,7 +18,7 @@ from dataclasses import dataclass, field
 FAILED = re.compile(r"^\[  FAILED  \] (\S+): (.*)$", re.MULTILINE)
 MEMORY = 6 << 30
 PARAMETERS = re.compile(r"^[^/.]+/(?=[^/]+\.)|/[^/.]+$")  # of All/Suite.Test/3
-FEW = 150  # changes: a test that boots a phone comes by many more
+FEW = 150  # changes, beside those of the constants that every process asks: a test that boots a phone comes by many more
 PATIENCE = 120  # seconds of waiting for tests that wait for each other
 
 
@@ -224,6 +224,7 @@ class Hunt:
             if not change.atLoad:
                 by_file[change.file] |= recording.by_number[build.numbers[id(change)]]
         self.by_file = by_file
+        self.least = min((count for _, count in recording.tests.values()), default=0)
         for change in build.changes:
             result = found.get(change.key)
             if result and result["outcome"] == "caught":
@@ -259,7 +260,7 @@ class Hunt:
         def rank(test):
             subject = self.subjects.get(test, set())
             shared = sum(self.weight[word] * (2 * (word in about) + (word in closer)) for word in subject & (about | closer))
-            few = cost[test][1] <= FEW
+            few = cost[test][1] - self.least <= FEW
             return best.get(test, 0), not few, -shared, cost[test][1], cost[test][0], test
 
         order = sorted(seeing, key=rank)
