@@ -51,6 +51,15 @@ TEST_F(SpringBoardHooks, UnderAnOpenToolbarTheDeviceIsNotTurned) {
     EXPECT_EQ(posted(rotated), 0);
 }
 
+TEST_F(SpringBoardHooks, TheHomeScreenMovesBeforeAnythingIsShownOnIt) {
+    boot();
+    Object cls(classObject(objc_getClass("SBHomeScreenView")));
+    auto home = adopted(cls.send<"new", Object>());
+    phone_->clear();
+    home.send<"didMoveToWindow">();
+    EXPECT_EQ(phone_->calledCount("SBHomeScreenView", "didMoveToWindow"), 1);
+}
+
 bool madeByATurn = true;
 
 // Before SpringBoard has finished launching there is no toolbar, and none is made for a turn.

@@ -8,6 +8,7 @@
 #include "hooks/hook_table.hpp"
 #include "simulator/runtime/hooking.hpp"
 #include "simulator/runtime/journal.hpp"
+#include "simulator/runtime/system_log.hpp"
 #include "tests/library_phone.hpp"
 
 namespace vantori::tests {
@@ -358,6 +359,10 @@ class Connectivity : public StartUp {
   protected:
     long failures() { return phone_->loggedCount("[Vantori]: Could not init CCUIItem!!!"); }
     long successes() { return phone_->loggedCount("[Vantori]: Init CCUIItem successfully!!!"); }
+    // Of exactly that text.
+    static long lines(const char* text) {
+        return std::ranges::count(simulator::SystemLog::shared().lines(), text);
+    }
     // One layout pass of the controller that holds the scenes.
     void layOut() {
         SBMainDisplaySceneLayoutViewController::main().send<"viewWillLayoutSubviews">();
@@ -373,6 +378,9 @@ TEST_F(Connectivity, ThereFromTheStartIsLoggedAtEveryPass) {
     layOut();
     EXPECT_EQ(successes(), 2);
     EXPECT_EQ(failures(), 0);
+    EXPECT_EQ(lines("[Vantori]: Init CCUIItem successfully!!!"), 2);
+    // That they can be made was found out once.
+    EXPECT_EQ(phone_->calledCount("CCUIConnectivityAirplaneViewController", "init"), 0);
 }
 
 TEST_F(Connectivity, FailingAFewTimesIsTriedAgainAtEachPass) {
@@ -384,6 +392,7 @@ TEST_F(Connectivity, FailingAFewTimesIsTriedAgainAtEachPass) {
     layOut();
     EXPECT_EQ(failures(), 1);
     EXPECT_EQ(successes(), 0);
+    EXPECT_EQ(lines("[Vantori]: Could not init CCUIItem!!!"), 1);
 }
 
 TEST_F(Connectivity, MissingStaysQuietButForTheLog) {

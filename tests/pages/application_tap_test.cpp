@@ -140,6 +140,24 @@ TEST_F(Tap, SurvivesARowThatIsBuiltAnewMeanwhile) {
     EXPECT_EQ(launched("com.apple.Music"), 1);
 }
 
+// Kept for the spring, and no longer.
+TEST_F(Tap, AnIconOfAnOldRowGoesWithTheSpring) {
+    openInApplicationStyle();
+    int gone = 0;
+    Spy<"dealloc">::on("VNTAppButton", [&](Object) { ++gone; });
+    {
+        AutoreleasePool pool;
+        tapIcon(applicationPage(), 3);
+        applicationPage().setIcons(icons(1));
+        applicationPage().layoutIconsWithSize(60);
+    }
+    const int before = gone;
+    phone_->wait(1);
+    EXPECT_EQ(launched("com.apple.Music"), 1);
+    phone_->clear();  // the journal holds the latest arguments
+    EXPECT_EQ(gone, before + 1);
+}
+
 TEST_F(Tap, OnAnIconOfNothingLaunchesNothing) {
     openOnTheHomeScreen();
     at(springBoardPage(), 0).setApplicationIdentifier({});

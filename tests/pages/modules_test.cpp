@@ -404,6 +404,10 @@ TEST_P(Expanding, PreparesAtOnceAndShowsAfterAWhile) {
     phone_->wait(0.04);
     EXPECT_EQ(phone_->haptics(1), 1);
     EXPECT_EQ(called("SBControlCenterController", "showExpandedViewAnimated"), 1);
+    const std::vector<simulator::Event> thenShown{
+        {Kind::haptic, "1"},
+        {Kind::called, "SBControlCenterController", "showExpandedViewAnimated"}};
+    EXPECT_EQ(phone_->inOrder(thenShown).met, 2u);
     phone_->wait(1);
     EXPECT_EQ(phone_->haptics(1), 1);
     EXPECT_EQ(called("SBControlCenterController", "showExpandedViewAnimated"), 1);

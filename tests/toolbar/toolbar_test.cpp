@@ -445,6 +445,22 @@ TEST_F(Toolbar, TheSpringMovesViewAndShadow) {
               4);
 }
 
+// Half a second, at once, damped by 0.6, from 0.3, without options.
+TEST_F(Toolbar, TheSpringIsTheOneThatAllShare) {
+    boot();
+    sb().makeKeyWindow();
+    sb().updateYValueWithAnimation(297);
+    const auto spring = simulator::Journal::last(
+        "UIView",
+        "animateWithDuration:delay:usingSpringWithDamping:initialSpringVelocity:options:"
+        "animations:completion:");
+    ASSERT_TRUE(spring);
+    const double expected[] = {0.5, 0, 0.6, 0.3};
+    for (std::size_t i = 0; i < std::size(expected); ++i)
+        EXPECT_NEAR(std::get<double>(spring->at(i)), expected[i], 1e-6) << i;
+    EXPECT_EQ(std::get<long>(spring->at(4)), 0);
+}
+
 // With its shadow the second spring is the first once more.
 TEST_F(Toolbar, TheFlagDecidesAboutTheSecondSpring) {
     boot();

@@ -243,8 +243,16 @@ class Hunt:
             users = set()
             for probe in change.users:
                 users |= self.recording.by_number[self.build.numbers["probe", probe]]
-            return users & asked
+            return (users | self.reading(change)) & asked
         return self.by_file[change.file] & asked if change.file.endswith(".cpp") else asked
+
+    def reading(self, change):
+        """Tests that boot no phone and are about the file: they may look at a variable without any function of it."""
+        about = words(change.file)
+        return {test for test in self.recording.tests if self.is_small(test) and self.subjects.get(test, set()) & about}
+
+    def is_small(self, test):
+        return self.recording.tests[test][1] - self.least <= FEW
 
     def order(self, change, seeing):
         """Those that caught others in the function or the file, those that come by little else, then by the words that
@@ -260,8 +268,7 @@ class Hunt:
         def rank(test):
             subject = self.subjects.get(test, set())
             shared = sum(self.weight[word] * (2 * (word in about) + (word in closer)) for word in subject & (about | closer))
-            few = cost[test][1] - self.least <= FEW
-            return best.get(test, 0), not few, -shared, cost[test][1], cost[test][0], test
+            return best.get(test, 0), not self.is_small(test), -shared, cost[test][1], cost[test][0], test
 
         order = sorted(seeing, key=rank)
         return order if change.atLoad else dealt(order)  # a row of a table may have the test of its own
