@@ -142,6 +142,17 @@ TEST_F(MediaRemoteForm, AnotherSongHasAnotherPicture) {
     EXPECT_FALSE(artwork());
 }
 
+// Made of its bytes once.
+TEST_F(MediaRemoteForm, TheSameSongKeepsItsPicture) {
+    bootOn14();
+    play("First", "", "", "one");
+    turn();
+    auto source = get<"mediaNowPlayingController">();
+    const Object picture = source.send<"currentNowPlayingArtwork", Object>();
+    ASSERT_TRUE(picture);
+    EXPECT_EQ((source.send<"currentNowPlayingArtwork", Object>()), picture);
+}
+
 TEST_F(MediaRemoteForm, ALateAnswerIsShownWhenItComes) {
     bootOn14();
     serviceManner().after = 2;

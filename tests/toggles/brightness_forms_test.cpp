@@ -87,6 +87,33 @@ TEST_F(BrightnessOnReal, OnThirteenSixTheServiceIsToldWhileTheFingerSlides) {
     EXPECT_EQ(openBrightnessTransactions(), 0);
 }
 
+// Room for a controller is not one.
+TEST_F(BrightnessOnReal, OnFourteenWithoutAControllerTheServiceIsTold) {
+    phone_->missingClass("SBDisplayBrightnessController");
+    bootReal("14.2");
+    openToolbar();
+    const double before = display();
+    slide(23);
+    EXPECT_NEAR(display(), before + 20.0 / 120, 1e-6);
+    EXPECT_EQ(openBrightnessTransactions(), 1);
+    phone_->touchUp();
+}
+
+// Nothing tells the slider of a level then: what it shows is its own doing.
+TEST_F(BrightnessOnReal, WithoutAnyFormTheFingerMovesTheFillAndTheGlyph) {
+    phone_->missingClass("SBBrightnessController");
+    phone_->boot();
+    openToolbar();
+    const double before = fill(brightnessSlider());
+    slide(23);
+    EXPECT_NEAR(fill(brightnessSlider()), before + 20, 1e-5);
+    brightnessSlider().adjustValue(1);
+    EXPECT_STREQ(glyphState(brightnessSlider()).utf8(), "full");
+    brightnessSlider().adjustValue(0.5f);
+    EXPECT_STREQ(glyphState(brightnessSlider()).utf8(), "mid");
+    phone_->touchUp();
+}
+
 TEST_F(BrightnessOnReal, WithoutAnyFormTheSliderStillFollows) {
     phone_->missingClass("SBBrightnessController");
     phone_->boot();

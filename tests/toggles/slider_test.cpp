@@ -1,4 +1,5 @@
 // The fill slider by itself: its bar, its arithmetic, and a finger on it.
+#include "simulator/runtime/journal.hpp"
 #include "tests/toggles/slider_phone.hpp"
 
 namespace vantori::tests {
@@ -243,6 +244,18 @@ TEST_F(Dragged, GrowsUnderTheFingerAndTapsOnce) {
     phone_->wait(1);
     EXPECT_EQ(phone_->haptics(0), 1);
     EXPECT_EQ(phone_->haptics(1), 0);
+}
+
+TEST_F(Dragged, GrowsAtOnceAndWithoutOptions) {
+    open();
+    phone_->clear();
+    touch(onBrightness());
+    const auto grown = simulator::Journal::last(
+        "UIView", "animateWithDuration:delay:options:animations:completion:");
+    ASSERT_TRUE(grown);
+    EXPECT_NEAR(std::get<double>(grown->at(0)), 0.15, 1e-6);
+    EXPECT_EQ(std::get<double>(grown->at(1)), 0);
+    EXPECT_EQ(std::get<long>(grown->at(2)), 0);
 }
 
 TEST_F(Dragged, NoTapWhenTheGrowingIsInterrupted) {

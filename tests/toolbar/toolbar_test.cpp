@@ -474,11 +474,17 @@ TEST_F(Toolbar, TheFlagDecidesAboutTheSecondSpring) {
     EXPECT_EQ(springs, 3);
 }
 
-TEST_F(Toolbar, AStripHasNoModulesPage) {
-    bootWithDirection(1);
-    sb().ccTogglesViewController().view().setAlpha(1);
+TEST_F(Toolbar, OnlyAStackUprightShowsTheModulesPage) {
+    boot();
+    UIViewController modules = sb().ccTogglesViewController();
+    ASSERT_TRUE(modules);
+    sb().layoutForOrientation(3);
+    EXPECT_EQ(alphaOf(modules), 0);
     sb().layoutForOrientation(1);
-    EXPECT_EQ(alphaOf(sb().ccTogglesViewController()), 0);
+    EXPECT_EQ(alphaOf(modules), 1);
+    set("layoutDirection", 1);
+    sb().layoutForOrientation(1);
+    EXPECT_EQ(alphaOf(modules), 0);
 }
 
 TEST_F(Toolbar, TheContentIsTwoScreensWideOnlyAfterASettingsChange) {
@@ -733,6 +739,10 @@ TEST_F(Toolbar, TurningAndBackRestoresTheStack) {
     expectPages(sb(), rect(0, 15, 375, 100), 0, 100);
     UIWindow window = sb().vantoriHostWindow();
     EXPECT_EQ((window.send<"transform", CGAffineTransform>()), identityTransform);
+    EXPECT_EQ(window.frame(), (rect(0, 0, 375, 812)));
+    EXPECT_EQ((sb().send<"backgroundVisualEffectView", UIView>().frame()), (rect(0, 0, 375, 812)));
+    auto daily = sb().page<VNTDailyToolBarViewController>();
+    EXPECT_EQ(daily.toggleContainerView().frame(), daily.view().bounds());
     EXPECT_EQ(frameOf(sb().ccTogglesViewController()), (rect(375, 30, 375, 485)));
     EXPECT_EQ(sb().view().frame(), (rect(0, 812, 375, 812)));
     EXPECT_EQ(sb().grabberView().frame(), (rect(137.5, 10, 100, 5)));
@@ -753,6 +763,56 @@ TEST_F(Toolbar, TheObserverOfTheInterfaceLaysItOut) {
     ASSERT_TRUE(turned);
     EXPECT_EQ(std::get<long>(turned->at(0)), 3);
     EXPECT_TRUE(std::get<bool>(turned->at(1)));
+}
+
+// The device is turned, then the toolbar is told, then it is laid out; only then may it not turn by itself.
+TEST_F(Toolbar, AnObservedTurnGoesInOrder) {
+    boot();
+    sb().makeKeyWindow();
+    sb().send<"activeInterfaceOrientationWillChangeToOrientation:">(3L);
+    phone_->clear();
+    Spy<"didChangeOritation">::on("VNTSBToolBarController", [&](Object) {
+        const int turned = phone_->calledCount("UIDevice", "setOrientation:animated:");
+        Order::note(turned == 1 ? "told" : "told too early");
+    });
+    Spy<"setSuggestedY:", double>::on("VNTSBToolBarController", [&](Object, double) {
+        Order::note(sb().send<"shouldAllowAutoRotate", bool>() ? "laid out" : "too late");
+    });
+    sb().send<
+        "activeInterfaceOrientationDidChangeToOrientation:willAnimateWithDuration:"
+        "fromOrientation:">(3L, 0.3, 1L);
+    ASSERT_GE(Order::events().size(), 2u);
+    EXPECT_EQ(Order::events().front().substr(0, 4), "told");
+    EXPECT_EQ(Order::events().back(), "laid out");
+}
+
+// Turned by a quarter the window is 812 by 375 inside; the screen of the phone says the same.
+TEST_F(Toolbar, OnItsSideItFillsTheWindow) {
+    boot();
+    sb().makeKeyWindow();
+    sb().layoutForOrientation(3);
+    const CGRect inside = sb().vantoriHostWindow().bounds();
+    EXPECT_EQ(sb().view().bounds(), inside);
+    EXPECT_EQ((sb().send<"backgroundVisualEffectView", UIView>().frame()), inside);
+    EXPECT_EQ(shadow().frame(), inside);
+    const CGSize screen = UIScreen::mainScreen().bounds().size;
+    EXPECT_EQ((sb().send<"suggestedFrame", CGRect>()), (rect(0, screen.height, screen.width, 215)));
+    EXPECT_EQ(sb().vantoriScrollView().frame(), (rect(0, 0, inside.size.width, 215)));
+}
+
+TEST_F(Toolbar, BeforeThereIsAWindowItIsLaidOutForTheOneThatWillBe) {
+    boot();
+    ASSERT_FALSE(sb().vantoriHostWindow());
+    sb().layoutForOrientation(3);
+    const CGSize screen = UIScreen::mainScreen().bounds().size;
+    EXPECT_EQ(sb().view().bounds(), (rect(0, 0, screen.width, screen.height)));
+}
+
+TEST_F(Toolbar, TheSystemsPartOfAChangeOfTraitsIsDone) {
+    boot();
+    phone_->clear();
+    app().send<"traitCollectionDidChange:">(Object());
+    EXPECT_EQ(phone_->calledCount("UIViewController", "traitCollectionDidChange:"), 1);
 }
 
 TEST_F(Toolbar, AnswersForRotation) {
